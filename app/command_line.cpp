@@ -1,0 +1,79 @@
+#include "app/command_line.h"
+
+namespace lumaris {
+
+std::string usage_text() {
+  return "Usage: lumaris [options] [SHOW]\n"
+         "  SHOW                    a show file (.xml) to load at start\n"
+         "  --headless [SHOW]       run without a window: output cycle, adapters and Art-Net\n"
+         "  --screenshot DIR [SHOW] render every window to DIR/<window>.png and exit\n"
+         "  --check SHOW            load SHOW into a fresh desk and report what it holds\n"
+         "  --resave IN OUT         load IN into a fresh desk and save it whole as OUT\n"
+         "  --artnet-target ADDR    send Art-Net to ADDR instead of the broadcast address\n"
+         "  --verbose               print the Art-Net log to stderr\n"
+         "  --help                  show this text\n"
+         "  --version               show the version\n";
+}
+
+CommandLine parse_command_line(const std::vector<std::string>& args) {
+  CommandLine line;
+  auto fail = [&line](std::string error) {
+    line.mode = CommandLine::Mode::Error;
+    line.error = std::move(error);
+    return line;
+  };
+  std::vector<std::string> plain;
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    const std::string& arg = args[i];
+    auto next = [&]() -> std::optional<std::string> {
+      if (i + 1 >= args.size()) return std::nullopt;
+      return args[++i];
+    };
+    if (arg == "--help" || arg == "-h") {
+      line.mode = CommandLine::Mode::Help;
+      return line;
+    } else if (arg == "--version") {
+      line.mode = CommandLine::Mode::Version;
+      return line;
+    } else if (arg == "--headless") {
+      line.mode = CommandLine::Mode::Headless;
+    } else if (arg == "--verbose") {
+      line.verbose = true;
+    } else if (arg == "--screenshot") {
+      const auto dir = next();
+      if (!dir) return fail("--screenshot needs a folder");
+      line.mode = CommandLine::Mode::Screenshot;
+      line.screenshot_dir = *dir;
+    } else if (arg == "--check") {
+      const auto show = next();
+      if (!show) return fail("--check needs a show file");
+      line.mode = CommandLine::Mode::Check;
+      line.show = *show;
+    } else if (arg == "--resave") {
+      const auto in = next();
+      const auto out = next();
+      if (!in || !out) return fail("--resave needs an input and an output file");
+      line.mode = CommandLine::Mode::Resave;
+      line.show = *in;
+      line.resave_out = *out;
+    } else if (arg == "--artnet-target") {
+      const auto target = next();
+      if (!target) return fail("--artnet-target needs an IPv4 address");
+      line.artnet_target = *target;
+    } else if (arg.size() > 1 && arg[0] == '-') {
+      return fail("unknown option " + arg);
+    } else {
+      plain.push_back(arg);
+    }
+  }
+  if (plain.size() > 1) return fail("only one show file can be given");
+  if (!plain.empty()) {
+    if (line.mode == CommandLine::Mode::Check || line.mode == CommandLine::Mode::Resave) {
+      return fail("unexpected argument " + plain.front());
+    }
+    line.show = plain.front();
+  }
+  return line;
+}
+
+}  // namespace lumaris

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace lumaris {
+
+struct CommandLine {
+  enum class Mode { Desktop, Headless, Screenshot, Check, Resave, Help, Version, Error };
+  Mode mode = Mode::Desktop;
+  std::string show;             // the show file to load, if any
+  std::string screenshot_dir;   // --screenshot DIR
+  std::string resave_out;       // --resave IN OUT
+  std::optional<std::string> artnet_target;
+  bool verbose = false;
+  std::string error;
+};
+
+CommandLine parse_command_line(const std::vector<std::string>& args);
+std::string usage_text();
+
+}  // namespace lumaris

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+#include "core/window.h"
+
+namespace lumaris {
+
+// One Qt window of the console: it renders its engine model and forwards the
+// operator's events to it. sync() re-reads the model and writes only what changed.
+class DeskWindow {
+ public:
+  virtual ~DeskWindow() = default;
+  virtual QWidget* widget() = 0;
+  virtual Window& model() = 0;
+  // The file name of its screenshot, e.g. "Hoofdblad".
+  virtual std::string name() const = 0;
+  virtual void sync() = 0;
+  // Opens the window the way the operator would before its screenshot is taken.
+  virtual void prepare_screenshot() { model().Show(); }
+};
+
+}  // namespace lumaris

@@ -1,0 +1,174 @@
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDir>
+#include <QTimer>
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <iostream>
+
+#include "app/command_line.h"
+#include "app/desk_app.h"
+#include "app/palette.h"
+#include "app/real_platform.h"
+#include "core/main_desk.h"
+#include "core/project/project_file.h"
+#include "core/project/show_tools.h"
+#include "platform/headless_dialogs.h"
+#include "platform/qt/qt_scheduler.h"
+
+namespace {
+
+using lumaris::CommandLine;
+
+std::atomic<bool> stop_requested{false};
+
+void request_stop(int) { stop_requested = true; }
+
+bool display_available() {
+  auto set = [](const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+  };
+  return set("DISPLAY") || set("WAYLAND_DISPLAY") || set("QT_QPA_PLATFORM");
+}
+
+void load_show(lumaris::Console& console, const std::string& show) {
+  if (show.empty()) return;
+  if (!console.project_file().Load_File(show)) {
+    std::cerr << "lumaris: could not load " << show << "\n";
+  }
+}
+
+// The console with no window: store, output cycle, adapters and Art-Net. Ends
+// cleanly on SIGINT or SIGTERM, closing the devices on the way out.
+int run_headless(int argc, char** argv, const CommandLine& line) {
+  QCoreApplication app(argc, argv);
+  lumaris::QtScheduler scheduler;
+  lumaris::HeadlessDialogs dialogs(std::cout);
+  lumaris::SystemClock clock;
+  lumaris::RealPlatform platform(line);
+  lumaris::PlatformServices services;
+  platform.fill(services);
+  services.scheduler = &scheduler;
+  services.dialogs = &dialogs;
+  services.clock = &clock;
+  lumaris::Console console(services);
+
+  std::string last_status;
+  console.status().on_main_change([&last_status](const std::string& text) {
+    if (text == last_status) return;
+    last_status = text;
+    std::cout << text << std::endl;
+  });
+
+  std::signal(SIGINT, request_stop);
+  std::signal(SIGTERM, request_stop);
+  QTimer stop_watch;
+  QObject::connect(&stop_watch, &QTimer::timeout, [] {
+    if (stop_requested) QCoreApplication::exit(0);
+  });
+  stop_watch.start(50);
+
+  scheduler.run_event([&] {
+    console.start();
+    load_show(console, line.show);
+  });
+  app.exec();
+  console.shutdown();
+  return 0;
+}
+
+int run_desktop(int argc, char** argv, const CommandLine& line) {
+  QApplication app(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Lumaris"));
+  lumaris::apply_stage_palette(app);
+  lumaris::RealPlatform platform(line);
+  lumaris::PlatformServices services;
+  platform.fill(services);
+  lumaris::DeskApp desk(services);
+  desk.start();
+  desk.handle([&] { load_show(desk.console(), line.show); });
+  desk.show_main_window();
+  std::signal(SIGINT, request_stop);
+  std::signal(SIGTERM, request_stop);
+  QTimer stop_watch;
+  QObject::connect(&stop_watch, &QTimer::timeout, [] {
+    if (stop_requested) QCoreApplication::exit(0);
+  });
+  stop_watch.start(50);
+  const int code = app.exec();
+  desk.console().shutdown();
+  return code;
+}
+
+// Renders every window offscreen to DIR/<window name>.png.
+int run_screenshots(int argc, char** argv, const CommandLine& line) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  lumaris::apply_stage_palette(app);
+  if (!QDir().mkpath(QString::fromStdString(line.screenshot_dir))) {
+    std::cerr << "lumaris: cannot create " << line.screenshot_dir << "\n";
+    return 1;
+  }
+  lumaris::PlatformServices services;  // no hardware: screenshots never send anything
+  lumaris::DeskApp desk(services);
+  desk.start();
+  desk.handle([&] { load_show(desk.console(), line.show); });
+  desk.handle([&] {
+    for (const auto& window : desk.windows()) window->prepare_screenshot();
+  });
+  // Let the output cycle run a few ticks so the indicators and monitor show the frame.
+  QTimer::singleShot(300, &app, [] { QCoreApplication::exit(0); });
+  app.exec();
+  int failures = 0;
+  for (const auto& window : desk.windows()) {
+    window->sync();
+    QWidget* widget = window->widget();
+    widget->show();
+    QCoreApplication::processEvents();
+    const QString path = QDir(QString::fromStdString(line.screenshot_dir))
+                             .filePath(QString::fromStdString(window->name()) + ".png");
+    if (!widget->grab().save(path)) {
+      std::cerr << "lumaris: cannot write " << path.toStdString() << "\n";
+      ++failures;
+    } else {
+      std::cout << path.toStdString() << "\n";
+    }
+  }
+  desk.console().shutdown();
+  return failures == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::vector<std::string> args(argv + 1, argv + argc);
+  const CommandLine line = lumaris::parse_command_line(args);
+  switch (line.mode) {
+    case CommandLine::Mode::Help:
+      std::cout << lumaris::usage_text();
+      return 0;
+    case CommandLine::Mode::Version:
+      std::cout << "Lumaris " << LUMARIS_VERSION << "\n";
+      return 0;
+    case CommandLine::Mode::Error:
+      std::cerr << "lumaris: " << line.error << "\n" << lumaris::usage_text();
+      return 2;
+    case CommandLine::Mode::Check:
+      return lumaris::run_show_check(line.show, std::cout, std::cerr);
+    case CommandLine::Mode::Resave:
+      return lumaris::run_show_resave(line.show, line.resave_out, std::cout, std::cerr);
+    case CommandLine::Mode::Screenshot:
+      return run_screenshots(argc, argv, line);
+    case CommandLine::Mode::Headless:
+      return run_headless(argc, argv, line);
+    case CommandLine::Mode::Desktop:
+      if (!display_available()) {
+        std::cout << "lumaris: no display available, running headless\n";
+        return run_headless(argc, argv, line);
+      }
+      return run_desktop(argc, argv, line);
+  }
+  return 0;
+}

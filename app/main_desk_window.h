@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QMainWindow>
+#include <array>
+#include <map>
+
+#include "app/desk_window.h"
+#include "app/widgets/level_slider.h"
+#include "core/main_desk.h"
+
+class QLineEdit;
+class QPushButton;
+class QLabel;
+class QAction;
+
+namespace lumaris {
+
+class DeskApp;
+class ColourBox;
+
+// The main desk: 32 channel strips, masters, submix controls, indicators, status line, menus.
+class MainDeskWindow final : public QMainWindow, public DeskWindow {
+ public:
+  explicit MainDeskWindow(DeskApp& app);
+
+  QWidget* widget() override { return this; }
+  Window& model() override;
+  std::string name() const override { return "Hoofdblad"; }
+  void sync() override;
+
+  // Widgets by control name, for the wiring tests.
+  LevelSlider* Slider1(int i) const { return strips_[i].slider; }
+  QLineEdit* Text1(int i) const { return strips_[i].level; }
+  QLineEdit* Text3(int i) const { return strips_[i].name; }
+  QPushButton* Command1(int i) const { return strips_[i].max; }
+  QPushButton* Command2(int i) const { return strips_[i].min; }
+  QPushButton* Inc_Channel() const { return inc_channel_; }
+  QPushButton* Dec_Channels() const { return dec_channels_; }
+  QPushButton* Clearall() const { return clear_all_; }
+  LevelSlider* channels() const { return channels_; }
+  LevelSlider* Submix() const { return submix_master_; }
+  LevelSlider* Main() const { return main_; }
+  QLineEdit* Status() const { return status_; }
+  QLineEdit* Text9() const { return text9_; }
+  QAction* menu_action(const std::string& name) const;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  struct Strip {
+    QLineEdit* name = nullptr;
+    QLineEdit* level = nullptr;
+    QPushButton* max = nullptr;
+    LevelSlider* slider = nullptr;
+    QPushButton* min = nullptr;
+  };
+
+  Hoofdblad& desk();
+  QWidget* build_strips();
+  QWidget* build_masters();
+  QWidget* build_submix_row();
+  QWidget* build_bottom_row();
+  void build_menus();
+  void after_menu(const std::string& name);
+
+  DeskApp& app_;
+  std::array<Strip, Hoofdblad::kStrips> strips_{};
+  LevelSlider* channels_ = nullptr;
+  LevelSlider* submix_master_ = nullptr;
+  LevelSlider* main_ = nullptr;
+  QPushButton* inc_channel_ = nullptr;
+  QPushButton* dec_channels_ = nullptr;
+  QPushButton* clear_all_ = nullptr;
+  QPushButton* sequence_button_ = nullptr;
+  QPushButton* playback_button_ = nullptr;
+  QLineEdit* text9_ = nullptr;
+  QLineEdit* submix_text_ = nullptr;
+  ColourBox* sub_colour_ = nullptr;
+  ColourBox* picture2_ = nullptr;
+  ColourBox* picture1_ = nullptr;
+  QLabel* art_label_ = nullptr;
+  QLineEdit* status_ = nullptr;
+  std::map<std::string, QAction*> actions_;
+};
+
+}  // namespace lumaris

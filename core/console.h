@@ -1,0 +1,106 @@
+#pragma once
+
+#include <memory>
+#include <ostream>
+#include <string>
+
+#include "core/status_lines.h"
+#include "core/store.h"
+
+namespace lumaris {
+
+class Scheduler;
+class Dialogs;
+class Clock;
+class D2xx;
+class PortIo;
+class AdapterLibraries;
+class UdpSocket;
+class Settings;
+
+class Hoofdblad;
+class OutputCycle;
+class Realout;
+class EditPatchList;
+class ChannelNames;
+class ProjectText;
+class Playdesk;
+class Chases;
+class OutputDevices;
+class Portsetup;
+class D_ArtNet;
+class Art_Config;
+class ProjectFile;
+
+// The outside world as the console sees it. Scheduler, dialogs and clock are
+// required; a missing hardware seam behaves as hardware that does not answer.
+struct PlatformServices {
+  Scheduler* scheduler = nullptr;
+  Dialogs* dialogs = nullptr;
+  const Clock* clock = nullptr;
+  D2xx* d2xx = nullptr;
+  PortIo* port_io = nullptr;
+  AdapterLibraries* adapter_libraries = nullptr;
+  UdpSocket* art_socket = nullptr;
+  Settings* settings = nullptr;
+  std::ostream* diagnostics = nullptr;  // the Art-Net log and similar; null discards
+};
+
+// One console: the store, the platform seams and every window model, wired.
+// Everything runs on one thread.
+class Console {
+ public:
+  explicit Console(const PlatformServices& services);
+  ~Console();
+  Console(const Console&) = delete;
+  Console& operator=(const Console&) = delete;
+
+  // Runs the main desk's start-up and starts the output timer.
+  void start();
+  // The program's exit path: closes devices. Safe to call more than once.
+  void shutdown();
+
+  Store& store() { return *store_; }
+  const Store& store() const { return *store_; }
+  Scheduler& scheduler() { return *services_.scheduler; }
+  Dialogs& dialogs() { return *services_.dialogs; }
+  const Clock& clock() const { return *services_.clock; }
+  const PlatformServices& services() const { return services_; }
+  StatusLines& status() { return status_; }
+
+  Hoofdblad& main_desk() { return *main_desk_; }
+  OutputCycle& output_cycle() { return *output_cycle_; }
+  Realout& output_monitor() { return *output_monitor_; }
+  EditPatchList& patch_editor() { return *patch_editor_; }
+  ChannelNames& channel_properties() { return *channel_properties_; }
+  ProjectText& project_info() { return *project_info_; }
+  Playdesk& playback_desk() { return *playback_desk_; }
+  Chases& sequence_desk() { return *sequence_desk_; }
+  OutputDevices& output_devices() { return *output_devices_; }
+  Portsetup& port_setup() { return *port_setup_; }
+  D_ArtNet& art_net() { return *art_net_; }
+  Art_Config& art_config() { return *art_config_; }
+  ProjectFile& project_file() { return *project_file_; }
+
+ private:
+  PlatformServices services_;
+  std::unique_ptr<Store> store_;
+  StatusLines status_;
+  bool shut_down_ = false;
+
+  std::unique_ptr<Hoofdblad> main_desk_;
+  std::unique_ptr<OutputCycle> output_cycle_;
+  std::unique_ptr<Realout> output_monitor_;
+  std::unique_ptr<EditPatchList> patch_editor_;
+  std::unique_ptr<ChannelNames> channel_properties_;
+  std::unique_ptr<ProjectText> project_info_;
+  std::unique_ptr<Playdesk> playback_desk_;
+  std::unique_ptr<Chases> sequence_desk_;
+  std::unique_ptr<OutputDevices> output_devices_;
+  std::unique_ptr<Portsetup> port_setup_;
+  std::unique_ptr<D_ArtNet> art_net_;
+  std::unique_ptr<Art_Config> art_config_;
+  std::unique_ptr<ProjectFile> project_file_;
+};
+
+}  // namespace lumaris

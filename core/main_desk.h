@@ -1,0 +1,145 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/colour.h"
+#include "core/window.h"
+
+namespace lumaris {
+
+class Console;
+
+// One channel strip of the main desk panel: fader, level box, name box and the
+// Max/Min buttons. Strip i stands for desk channel index Fader_Page * 32 + i.
+struct ChannelStrip {
+  int Slider1 = 255;  // 0 at the top: level = 255 - value
+  std::string Text1 = "0";
+  Paint Text1_colour;  // nothing: the default box colour
+  std::string Text3;
+  Paint Text3_colour;
+  std::string Slider1_tooltip;
+  std::string Text1_tooltip;
+  std::string Text3_tooltip;
+  std::string Command1_tooltip;
+  std::string Command2_tooltip;
+};
+
+struct MenuEntry {
+  std::string menu;     // the menu it sits in, e.g. "&File"
+  std::string name;     // the entry's control name, e.g. "LoadXML"
+  std::string caption;  // e.g. "&Load"
+  bool enabled = true;
+};
+
+// The main desk window: 64 channel faders on two pages, the masters, the
+// submix controls, the status line and the menus that open every other window.
+class Hoofdblad : public Window {
+ public:
+  static constexpr int kStrips = 32;
+
+  explicit Hoofdblad(Console& console);
+
+  // Start-up of the desk (the window's load).
+  void Form_Load();
+
+  // Channel strips
+  void Slider1_Change(int i, int value);
+  void Command1_Click(int i);  // Max
+  void Command2_Click(int i);  // Min
+  void Open_Channel_Properties(int i);  // double click on a box, right button on fader or name
+  void Inc_Channel_Click();
+  void Dec_Channels_Click();
+  void Clearall_Click();
+
+  // Masters: slider values, 0 at the top = full.
+  void channels_Change(int value);
+  void Submix_Master_Change(int value);
+  void Main_Change(int value);
+
+  // Submixes
+  void Submix_Plus_Click();
+  void Submix_Minus_Click();
+  void Submix_Prog_Click();
+  void Submix_Recal_Click();
+  void Sub_colour_Click();
+  void Submix_Text_Change(const std::string& text);
+
+  // Every key-down on the window goes to the command line.
+  void Key_Down(int key_code);
+
+  // Buttons and menu entries by their control names.
+  void Command3_Click();   // "Sequence Desk"
+  void Command21_Click();  // "Playback Desk"
+  void Command22_Click();  // "Output Monitor"
+  void Menu_Click(const std::string& name);
+  void resetdesk_Click();
+  // Both return true when the program is to end; the exit path has then run.
+  bool eruit_Click();
+  bool Form_Unload();
+  bool exit_requested() const { return exit_requested_; }
+
+  void Refresh_Desk_Panel();
+
+  // State of the controls.
+  const std::array<ChannelStrip, kStrips>& strips() const { return strips_; }
+  int channels_value() const { return channels_; }
+  int submix_master_value() const { return submix_master_; }
+  int main_value() const { return main_; }
+  int current_submix() const { return current_submix_; }
+  const std::string& Text9() const { return text9_; }
+  const std::string& Submix_Text() const { return submix_text_; }
+  Paint Sub_colour() const { return sub_colour_; }
+  bool Inc_Channel_enabled() const { return inc_channel_enabled_; }
+  bool Dec_Channels_enabled() const { return dec_channels_enabled_; }
+  Rgb Picture2() const { return picture2_; }
+  Paint Picture1() const { return picture1_; }
+  bool Art_Label_enabled() const { return art_label_enabled_; }
+  const std::string& Status() const;
+  std::vector<MenuEntry> menu_entries() const;
+  bool button_enabled(const std::string& name) const;
+
+  // Set by the output cycle and the Art-Net node.
+  void set_Picture2(Rgb colour) { picture2_ = colour; }
+  void set_Picture1(Paint colour) { picture1_ = colour; }
+  void set_Art_Label_enabled(bool enabled) { art_label_enabled_ = enabled; }
+  void set_main_caption(std::string caption) { set_caption(std::move(caption)); }
+
+  // Hooks to desks that plug in later; they do nothing until set.
+  void set_cli_key_handler(std::function<void(int)> handler) { cli_key_ = std::move(handler); }
+  void set_surface_fader_handler(std::function<void(int, int)> handler) {
+    surface_fader_ = std::move(handler);
+  }
+  void set_about_handler(std::function<void()> handler) { about_ = std::move(handler); }
+
+ private:
+  int channel_of(int strip) const;
+  void set_level(int strip, int level);
+  void show_submix();
+  void reset_masters();
+  void draw_strip_names(int i);
+  bool confirm_exit();
+
+  Console& console_;
+  std::array<ChannelStrip, kStrips> strips_{};
+  int channels_ = 0;
+  int submix_master_ = 255;
+  int main_ = 0;
+  int current_submix_ = 0;
+  std::string text9_ = "1";
+  std::string submix_text_ = " ";
+  Paint sub_colour_;
+  bool inc_channel_enabled_ = true;
+  bool dec_channels_enabled_ = false;
+  Rgb picture2_ = kBlack;
+  Paint picture1_;
+  bool art_label_enabled_ = false;
+  bool exit_requested_ = false;
+  std::function<void(int)> cli_key_;
+  std::function<void(int, int)> surface_fader_;
+  std::function<void()> about_;
+};
+
+}  // namespace lumaris

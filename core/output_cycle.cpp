@@ -1,0 +1,147 @@
+#include "core/output_cycle.h"
+
+#include <stdexcept>
+
+#include "core/console.h"
+#include "core/main_desk.h"
+#include "core/output_monitor.h"
+#include "core/rounding.h"
+#include "net/art_net_node.h"
+#include "output/output_devices.h"
+#include "playback/playdesk.h"
+
+namespace lumaris {
+
+namespace {
+
+double master_factor(int slider_value) { return (255 - slider_value) / 255.0; }
+
+// Ends the tick when a source delivered a level the frame cannot hold.
+class TickFailure : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace
+
+OutputCycle::OutputCycle(Console& console)
+    : console_(console),
+      timer1_(console.scheduler().create_timer(true)),
+      art_time_(console.scheduler().create_timer(true)) {
+  timer1_->on_tick([this] { Timer1_Tick(); });
+  art_time_->on_tick([this] { Art_Time_Tick(); });
+}
+
+void OutputCycle::start() {
+  if (timer1_->interval() == 0) timer1_->set_interval(kDefaultInterval);
+  timer1_->set_enabled(true);
+}
+
+int OutputCycle::mix_normal(int i, double channels_main, double sub_main,
+                            int& submix_entry) const {
+  const Store& store = console_.store();
+  const SubmixRec& submix = store.Submix[console_.main_desk().current_submix()];
+  int m = round_half_even(store.Desk_Level[i] * channels_main);
+  if (store.Chase_Out[i] > m) m = store.Chase_Out[i];
+  if (submix_entry <= kDeskChannels && submix.Chan[submix_entry] - 1 == i) {
+    const double v = submix.Level[submix_entry] * sub_main;
+    if (m < v) m = round_half_even(v);
+    ++submix_entry;
+  }
+  if (store.Playback_Seq_Out[i] > m) m = store.Playback_Seq_Out[i];
+  if (store.Playback_Live_Out[i] > m) m = store.Playback_Live_Out[i];
+  return m;
+}
+
+int OutputCycle::mix_run_mode(int i) const {
+  const Store& store = console_.store();
+  if (store.Run_Screen < 0 || store.Run_Screen >= kScreens) throw TickFailure("run screen");
+  const Screen& screen = store.Screens[store.Run_Screen];
+  const int p = 255 - console_.playback_desk().preset_value();
+  const int x = store.Crossfade_Level;
+  int m = 0;
+  if (store.Autotake_Running || store.Take_Manual) {
+    if (!store.Fader_Names[i].Cross_F) {
+      m = Level_Scale(store.Desk_Level[i], 255 - x, p, 0, 3) +
+          Level_Scale(screen.Preset[i], x, screen.Preset_l, 0, 3);
+      const int f = Level_Scale(store.Playback_Live_Out[i], 255 - x, 0, 0, 2) +
+                    Level_Scale(store.Playback_Run_Out[i], x, 0, 0, 2);
+      if (f > m) m = f;
+    } else {
+      m = Level_Scale(screen.Preset[i], screen.Preset_l, 0, 0, 2);
+      if (store.Playback_Run_Out[i] > m) m = store.Playback_Run_Out[i];
+    }
+  } else {
+    m = round_half_even(p * store.Desk_Level[i] / 255.0);
+    if (store.Playback_Live_Out[i] > m) m = store.Playback_Live_Out[i];
+  }
+  if (store.Playback_Seq_Out[i] > m) m = store.Playback_Seq_Out[i];
+  return m;
+}
+
+void OutputCycle::mix_channels() {
+  const Store& store = console_.store();
+  const Hoofdblad& desk = console_.main_desk();
+  const double channels_main = master_factor(desk.channels_value());
+  const double sub_main = master_factor(desk.submix_master_value());
+  const double main_factor = master_factor(console_.playback_desk().main_value());
+  int submix_entry = 0;
+  for (int i = 0; i < kDeskChannels; ++i) {
+    int m = store.Run_Mode ? mix_run_mode(i) : mix_normal(i, channels_main, sub_main, submix_entry);
+    if (!store.Fader_Names[i].Main_F) m = round_half_even(m * main_factor);
+    if (m > 255) m = 255;
+    channel_mix_[i] = m;
+  }
+  channel_mix_[kDeskChannels] = 0;
+}
+
+void OutputCycle::build_frame() {
+  Store& store = console_.store();
+  Realout& monitor = console_.output_monitor();
+  const bool monitor_shown = monitor.visible();
+  for (int s = 0; s < kDmxSlots; ++s) {
+    const int channel = store.Patch[s];
+    int level = 0;
+    if (channel != 0) {
+      if (channel < 1 || channel > kDeskChannels + 1) throw TickFailure("patch out of range");
+      level = channel_mix_[channel - 1];
+      if (level < 0) throw TickFailure("negative level");
+    }
+    store.DMX_Out[s] = static_cast<std::uint8_t>(level);
+    if (monitor_shown && s >= store.Realout_First && s <= store.Realout_Last) {
+      monitor.set_bar(s - store.Realout_First, level);
+    }
+  }
+}
+
+void OutputCycle::Timer1_Tick() {
+  // A modal dialog opened inside a tick runs an event loop; the next tick must
+  // not start inside this one.
+  if (in_tick_) return;
+  in_tick_ = true;
+  Hoofdblad& desk = console_.main_desk();
+  desk.set_Picture2(Rgb{0, 255, 0});
+  try {
+    mix_channels();
+    build_frame();
+    console_.output_devices().Send_Frame();
+    last_tick_failed_ = false;
+  } catch (const std::exception&) {
+    desk.set_Picture2(kBlack);
+    last_tick_failed_ = true;
+  }
+  in_tick_ = false;
+}
+
+void OutputCycle::Art_Time_Tick() {
+  Store& store = console_.store();
+  for (int row = 0; row < 8; ++row) {
+    if (store.Art_Universes[row].Enable) {
+      console_.art_net().Art_Send_Dmx(store.Art_Universes[row].Universe, store.DMX_Out);
+    }
+  }
+  Hoofdblad& desk = console_.main_desk();
+  desk.set_Picture1(desk.Picture1() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
+}
+
+}  // namespace lumaris

@@ -1,0 +1,64 @@
+#include "core/output_monitor.h"
+
+#include <algorithm>
+
+#include "core/console.h"
+
+namespace lumaris {
+
+namespace {
+constexpr int kSlotsPerPage = 143;  // adjacent pages share one slot
+}
+
+Realout::Realout(Console& console) : Window("Output Monitor"), console_(console) {
+  for (ProgBar& bar : bars_) {
+    bar.set_Vertical(true);
+    bar.set_Max(255);
+    bar.set_Value(0);
+  }
+}
+
+void Realout::show_page(int page) {
+  page_ = std::clamp(page, 0, kLastPage);
+  Store& store = console_.store();
+  store.Realout_First = static_cast<std::int16_t>(page_ * kSlotsPerPage);
+  store.Realout_Last = static_cast<std::int16_t>(page_ * kSlotsPerPage + kSlotsPerPage);
+  for (int i = 0; i < kBars; ++i) {
+    const int slot = store.Realout_First + i;
+    bars_[i].set_Value(slot < kDmxSlots ? store.DMX_Out[slot] : 0);
+  }
+}
+
+void Realout::Show() {
+  show_page(0);
+  Window::Show();
+}
+
+void Realout::Pannel_Dec_Click() { show_page(page_ - 1); }
+void Realout::Pannel_Inc_Click() { show_page(page_ + 1); }
+
+void Realout::set_bar(int bar, int level) {
+  if (bar < 0 || bar >= kBars || bars_[bar].Value() == level) return;
+  bars_[bar].set_Value(level);
+}
+
+bool Realout::bar_visible(int i) const {
+  return console_.store().Realout_First + i < kDmxSlots;
+}
+
+std::string Realout::bar_tooltip(int i) const {
+  const Store& store = console_.store();
+  const int slot = store.Realout_First + i;
+  if (slot >= kDmxSlots) return {};
+  return " Output " + std::to_string(slot + 1) + " From Desk Channel " +
+         std::to_string(store.Patch[slot]);
+}
+
+std::string Realout::range_label() const {
+  const Store& store = console_.store();
+  const int last = std::min<int>(store.Realout_Last, kDmxSlots - 1);
+  return " Real DMX Output  Ch" + std::to_string(store.Realout_First + 1) + "   -  Ch" +
+         std::to_string(last + 1);
+}
+
+}  // namespace lumaris

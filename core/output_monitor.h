@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "controls/prog_bar.h"
+#include "core/window.h"
+
+namespace lumaris {
+
+class Console;
+
+// The output monitor: 144 bars of the frame being sent, four overlapping pages.
+class Realout : public Window {
+ public:
+  static constexpr int kBars = 144;
+  static constexpr int kLastPage = 3;
+
+  explicit Realout(Console& console);
+
+  void Show() override;  // opens on page 0
+  void Pannel_Dec_Click();
+  void Pannel_Inc_Click();
+
+  // Called by the output tick for every shown slot.
+  void set_bar(int bar, int level);
+
+  int page() const { return page_; }
+  const ProgBar& bar(int i) const { return bars_[i]; }
+  bool bar_visible(int i) const;
+  std::string bar_tooltip(int i) const;
+  std::string range_label() const;
+  bool Pannel_Dec_enabled() const { return page_ > 0; }
+  bool Pannel_Inc_enabled() const { return page_ < kLastPage; }
+
+ private:
+  void show_page(int page);
+
+  Console& console_;
+  std::array<ProgBar, kBars> bars_{};
+  int page_ = 0;
+};
+
+}  // namespace lumaris

@@ -1,0 +1,81 @@
+// The submix controls of the main desk.
+#include <algorithm>
+
+#include "core/console.h"
+#include "core/main_desk.h"
+#include "core/number_text.h"
+#include "platform/dialogs.h"
+#include "playback/playdesk.h"
+
+namespace lumaris {
+
+namespace {
+constexpr const char* kColourTitle = " Choose a Colour";
+}
+
+void Hoofdblad::show_submix() {
+  const SubmixRec& submix = console_.store().Submix[current_submix_];
+  text9_ = std::to_string(current_submix_ + 1);
+  submix_text_ = submix.Name;
+  sub_colour_ = submix.Colour.empty() ? Paint{} : colour_from_text(submix.Colour);
+}
+
+void Hoofdblad::Submix_Plus_Click() {
+  current_submix_ = current_submix_ == kSubmixes - 1 ? 0 : current_submix_ + 1;
+  show_submix();
+}
+
+void Hoofdblad::Submix_Minus_Click() {
+  current_submix_ = current_submix_ == 0 ? kSubmixes - 1 : current_submix_ - 1;
+  show_submix();
+}
+
+void Hoofdblad::Submix_Text_Change(const std::string& text) { submix_text_ = text; }
+
+void Hoofdblad::Submix_Prog_Click() {
+  Store& store = console_.store();
+  SubmixRec& submix = store.Submix[current_submix_];
+  int k = 0;
+  for (int i = 0; i < kDeskChannels; ++i) {
+    // k never passes i, so entry i is always cleared before it is reused.
+    submix.Chan[i] = 0;
+    submix.Level[i] = 0;
+    if (store.Desk_Level[i] > 0) {
+      submix.Level[k] = store.Desk_Level[i];
+      submix.Chan[k] = static_cast<std::int16_t>(i + 1);
+      ++k;
+    }
+  }
+  submix.Name = submix_text_;
+  submix.Colour = sub_colour_ ? colour_to_text(*sub_colour_) : std::string();
+  console_.playback_desk().Refresh_Playback_Panel();
+  console_.status().show_main(" Submix " + str_number(current_submix_) + " Programmed");
+  store.Project_Changed = true;
+}
+
+void Hoofdblad::Submix_Recal_Click() {
+  Store& store = console_.store();
+  const SubmixRec& submix = store.Submix[current_submix_];
+  std::fill(store.Desk_Level.begin(), store.Desk_Level.begin() + kDeskChannels, 0);
+  for (int k = 0; k < kDeskChannels && submix.Chan[k] > 0; ++k) {
+    const int channel = submix.Chan[k];
+    if (channel <= kDeskChannels) store.Desk_Level[channel - 1] = submix.Level[k];
+  }
+  for (int i = 0; i < kStrips; ++i) {
+    const int level = store.Desk_Level[channel_of(i)];
+    strips_[i].Slider1 = 255 - level;
+    strips_[i].Text1 = std::to_string(level);
+    if (store.BCF_Mode == 1 && surface_fader_) surface_fader_(i, level);
+  }
+  console_.status().show_main(" Submix" + str_number(current_submix_) + " Recalled");
+}
+
+void Hoofdblad::Sub_colour_Click() {
+  const std::optional<Rgb> chosen = console_.dialogs().choose_colour(kColourTitle, sub_colour_);
+  if (!chosen) return;
+  sub_colour_ = *chosen;
+  console_.store().Submix[current_submix_].Colour = colour_to_text(*chosen);
+  console_.playback_desk().Refresh_Playback_Panel();
+}
+
+}  // namespace lumaris

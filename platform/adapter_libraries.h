@@ -1,0 +1,10 @@
+#pragma once
+
+namespace lumaris {
+
+class AdapterLibraries {
+ public:
+  virtual ~AdapterLibraries() = default;
+};
+
+}  // namespace lumaris

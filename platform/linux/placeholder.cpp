@@ -1,0 +1,1 @@
+// Keeps the Linux platform library non-empty before its seams exist.

@@ -1,0 +1,10 @@
+#pragma once
+
+namespace lumaris {
+
+class PortIo {
+ public:
+  virtual ~PortIo() = default;
+};
+
+}  // namespace lumaris

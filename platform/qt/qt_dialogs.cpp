@@ -1,0 +1,70 @@
+#include "platform/qt/qt_dialogs.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace lumaris {
+
+namespace {
+
+// "XML|*.xml" becomes "XML (*.xml)".
+QString qt_filter(const std::string& filter) {
+  const QStringList parts = QString::fromStdString(filter).split('|');
+  QStringList filters;
+  for (int i = 0; i + 1 < parts.size(); i += 2) {
+    filters << QStringLiteral("%1 (%2)").arg(parts[i], QString(parts[i + 1]).replace(';', ' '));
+  }
+  return filters.join(QStringLiteral(";;"));
+}
+
+QMessageBox::Icon qt_icon(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::Exclamation: return QMessageBox::Warning;
+    case MessageIcon::Question: return QMessageBox::Question;
+    case MessageIcon::Information: return QMessageBox::Information;
+    case MessageIcon::Critical: return QMessageBox::Critical;
+    case MessageIcon::None: break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+// A wildcard-only initial name ("*.xml") is no name at all.
+QString initial_path(const std::string& name) {
+  return name.find('*') != std::string::npos ? QString() : QString::fromStdString(name);
+}
+
+}  // namespace
+
+MessageResult QtDialogs::message(const MessageBoxSpec& spec) {
+  QMessageBox box(qt_icon(spec.icon), QString::fromStdString(spec.title),
+                  QString::fromStdString(spec.text), QMessageBox::Ok, parent());
+  if (spec.buttons == MessageButtons::OkCancel) {
+    box.addButton(QMessageBox::Cancel);
+    box.setDefaultButton(spec.default_button == MessageResult::Cancel ? QMessageBox::Cancel
+                                                                      : QMessageBox::Ok);
+  }
+  return box.exec() == QMessageBox::Ok ? MessageResult::Ok : MessageResult::Cancel;
+}
+
+std::string QtDialogs::open_file(const FileDialogSpec& spec) {
+  return QFileDialog::getOpenFileName(parent(), QString::fromStdString(spec.title),
+                                      initial_path(spec.initial_name), qt_filter(spec.filter))
+      .toStdString();
+}
+
+std::string QtDialogs::save_file(const FileDialogSpec& spec) {
+  return QFileDialog::getSaveFileName(parent(), QString::fromStdString(spec.title),
+                                      initial_path(spec.initial_name), qt_filter(spec.filter))
+      .toStdString();
+}
+
+std::optional<Rgb> QtDialogs::choose_colour(const std::string& title, std::optional<Rgb> initial) {
+  const QColor start = initial ? QColor(initial->r, initial->g, initial->b) : QColor(Qt::white);
+  const QColor chosen = QColorDialog::getColor(start, parent(), QString::fromStdString(title));
+  if (!chosen.isValid()) return std::nullopt;
+  return Rgb{static_cast<std::uint8_t>(chosen.red()), static_cast<std::uint8_t>(chosen.green()),
+             static_cast<std::uint8_t>(chosen.blue())};
+}
+
+}  // namespace lumaris

@@ -1,0 +1,70 @@
+#include "platform/qt/qt_scheduler.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+namespace lumaris {
+
+namespace {
+
+class QtTimer final : public Timer {
+ public:
+  QtTimer(QtScheduler& scheduler, bool high_resolution) : scheduler_(scheduler) {
+    timer_.setTimerType(high_resolution ? Qt::PreciseTimer : Qt::CoarseTimer);
+    QObject::connect(&timer_, &QTimer::timeout, [this] {
+      if (tick_) scheduler_.run_event(tick_);
+    });
+  }
+
+  void set_interval(int ms) override {
+    interval_ = ms < 0 ? 0 : ms;
+    timer_.setInterval(interval_);
+    apply();
+  }
+  int interval() const override { return interval_; }
+  void set_enabled(bool enabled) override {
+    enabled_ = enabled;
+    apply();
+  }
+  bool enabled() const override { return enabled_; }
+  void on_tick(std::function<void()> tick) override { tick_ = std::move(tick); }
+
+ private:
+  // Setting the interval or enabling restarts the count; interval 0 never ticks.
+  void apply() {
+    if (enabled_ && interval_ > 0) {
+      timer_.start(interval_);
+    } else {
+      timer_.stop();
+    }
+  }
+
+  QtScheduler& scheduler_;
+  QTimer timer_;
+  int interval_ = 0;
+  bool enabled_ = false;
+  std::function<void()> tick_;
+};
+
+}  // namespace
+
+std::unique_ptr<Timer> QtScheduler::create_timer(bool high_resolution) {
+  return std::make_unique<QtTimer>(*this, high_resolution);
+}
+
+void QtScheduler::post(std::function<void()> work) {
+  QMetaObject::invokeMethod(
+      QCoreApplication::instance(), [this, work = std::move(work)] { run_event(work); },
+      Qt::QueuedConnection);
+}
+
+bool QtScheduler::run_event(const std::function<void()>& work) {
+  if (in_event_) return false;
+  in_event_ = true;
+  work();
+  in_event_ = false;
+  if (after_event_) after_event_();
+  return true;
+}
+
+}  // namespace lumaris

@@ -1,0 +1,10 @@
+#pragma once
+
+namespace lumaris {
+
+class Settings {
+ public:
+  virtual ~Settings() = default;
+};
+
+}  // namespace lumaris

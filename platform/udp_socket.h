@@ -1,0 +1,10 @@
+#pragma once
+
+namespace lumaris {
+
+class UdpSocket {
+ public:
+  virtual ~UdpSocket() = default;
+};
+
+}  // namespace lumaris

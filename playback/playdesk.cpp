@@ -1,0 +1,27 @@
+#include "playback/playdesk.h"
+
+#include <algorithm>
+
+#include "core/console.h"
+
+namespace lumaris {
+
+Playdesk::Playdesk(Console& console) : Window("Playback desk  "), console_(console) {}
+
+void Playdesk::Main_Change(int value) { main_ = std::clamp(value, 0, 255); }
+void Playdesk::Preset_Change(int value) { preset_ = std::clamp(value, 0, 255); }
+
+void Playdesk::set_reset_caption() { set_caption("Playback desk  "); }
+
+// Clear all buttons on the desk: faders down, buttons off, desk channels cleared.
+void Playdesk::Clear_All() {
+  Store& store = console_.store();
+  store.Playback_Fader_Level.fill(0);
+  store.Playback_Button_State.fill(false);
+  std::fill(store.Desk_Level.begin(), store.Desk_Level.begin() + kDeskChannels, 0);
+  store.Playback_Live_Out.fill(0);
+  store.Playback_Seq_Out.fill(0);
+  console_.status().show_playback(" Desk Cleared ");
+}
+
+}  // namespace lumaris

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "platform/scheduler.h"
+
+namespace lumaris {
+
+// Virtual time. advance(ms) fires every due tick in time order (timers due at the
+// same moment fire in the order they were created), so timed behaviour is tested
+// to the millisecond without waiting.
+class FakeScheduler final : public Scheduler {
+ public:
+  FakeScheduler();
+  ~FakeScheduler() override;
+
+  std::unique_ptr<Timer> create_timer(bool high_resolution = false) override;
+  void post(std::function<void()> work) override;
+
+  void advance(std::int64_t ms);
+  void run_posted();
+  std::int64_t now() const { return now_; }
+
+  struct TimerState;
+
+ private:
+  std::int64_t now_ = 0;
+  std::shared_ptr<std::vector<TimerState*>> timers_;
+  std::deque<std::function<void()>> posted_;
+};
+
+}  // namespace lumaris
