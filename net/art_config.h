@@ -12,6 +12,8 @@ class Art_Config : public Window {
   explicit Art_Config(Console& console);
   bool available() const { return false; }
   void Form_Load() {}
+  // A loaded show that enables rows starts the node the same way opening the window does.
+  void Start_From_Show() {}
 
  private:
   Console& console_;
