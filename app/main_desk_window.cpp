@@ -57,7 +57,6 @@ MainDeskWindow::MainDeskWindow(DeskApp& app) : app_(app) {
   layout->addWidget(build_bottom_row());
   setCentralWidget(central);
   build_menus();
-  qApp->installEventFilter(this);
   resize(1500, 560);
 }
 
@@ -242,15 +241,6 @@ void MainDeskWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool MainDeskWindow::eventFilter(QObject* watched, QEvent* event) {
-  // Every key-down anywhere on the main desk goes to the command line.
-  if (event->type() == QEvent::KeyPress) {
-    auto* widget = qobject_cast<QWidget*>(watched);
-    if (widget != nullptr && widget->window() == this && !submix_text_->hasFocus()) {
-      const int code = virtual_key_code(*static_cast<QKeyEvent*>(event));
-      if (code != 0) app_.handle([&] { desk().Key_Down(code); });
-    }
-    return false;
-  }
   const bool double_click = event->type() == QEvent::MouseButtonDblClick;
   const bool right_press = event->type() == QEvent::MouseButtonPress &&
                            static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
@@ -266,6 +256,17 @@ bool MainDeskWindow::eventFilter(QObject* watched, QEvent* event) {
     if (double_click && watched == strip.level) strip.level->selectAll();
   }
   return false;
+}
+
+// Keys that no control of the desk used itself (the faders keep their arrow
+// keys, the submix label its typing) go to the command line.
+void MainDeskWindow::keyPressEvent(QKeyEvent* event) {
+  const int code = virtual_key_code(*event);
+  if (code == 0) {
+    QMainWindow::keyPressEvent(event);
+    return;
+  }
+  app_.handle([&] { desk().Key_Down(code); });
 }
 
 void MainDeskWindow::sync() {

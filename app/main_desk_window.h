@@ -47,6 +47,7 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   struct Strip {

@@ -35,6 +35,8 @@ std::int16_t Level_Scale(int level, int f1, int f2, int f3, int mode) {
   return static_cast<std::int16_t>(round_half_even(scaled));
 }
 
-int percent_to_level(double percent) { return round_half_even(percent * 2.55); }
+// percent * 255 / 100 rather than percent * 2.55: 2.55 has no exact binary form
+// and 50 % would come out below 127.5.
+int percent_to_level(double percent) { return round_half_even(percent * 255.0 / 100.0); }
 
 }  // namespace lumaris

@@ -1,0 +1,64 @@
+#include <gtest/gtest.h>
+
+#include "core/colour.h"
+#include "core/number_text.h"
+#include "core/rounding.h"
+
+namespace lumaris {
+namespace {
+
+TEST(LevelScale, ModesScaleByFactorsOutOf255WithHalvesToEven) {
+  EXPECT_EQ(Level_Scale(200, 0, 0, 0, 1), 200);
+  EXPECT_EQ(Level_Scale(255, 127, 0, 0, 2), 127);
+  EXPECT_EQ(Level_Scale(1, 128, 0, 0, 2), 1);  // 0.50196 rounds up
+  EXPECT_EQ(Level_Scale(0, 255, 0, 0, 2), 0);
+  EXPECT_EQ(Level_Scale(200, 0, 0, 0, 2), 0);
+  EXPECT_EQ(Level_Scale(255, 255, 0, 0, 3), 0) << "mode 3 multiplies by f2 without testing it";
+  EXPECT_EQ(Level_Scale(255, 255, 255, 0, 4), 0) << "mode 4 needs every factor";
+  EXPECT_EQ(Level_Scale(255, 255, 255, 255, 4), 255);
+  EXPECT_EQ(Level_Scale(100, 255, 255, 255, 9), 0);
+}
+
+TEST(Rounding, HalvesGoToTheEvenNeighbour) {
+  EXPECT_EQ(round_half_even(0.5), 0);
+  EXPECT_EQ(round_half_even(1.5), 2);
+  EXPECT_EQ(round_half_even(2.5), 2);
+  EXPECT_EQ(round_half_even(-2.5), -2);
+  EXPECT_EQ(percent_to_level(50), 128);  // 127.5
+  EXPECT_EQ(percent_to_level(30), 76);   // 76.5
+}
+
+TEST(ColourSplit, ReadsBlueGreenRedFromTheDecimalText) {
+  int r = 0, g = 0, b = 0;
+  Colour_Split("16776960", r, g, b);  // 0xFFFF00 = cyan
+  EXPECT_EQ(r, 0);
+  EXPECT_EQ(g, 255);
+  EXPECT_EQ(b, 255);
+  Colour_Split("66", r, g, b);  // 0x000042
+  EXPECT_EQ(r, 0x42);
+  EXPECT_EQ(g, 0);
+  EXPECT_EQ(b, 0);
+  Colour_Split("blue", r, g, b);
+  EXPECT_EQ(r, -1);
+  EXPECT_EQ(g, -1);
+  EXPECT_EQ(b, -1);
+  EXPECT_EQ(colour_to_text(Rgb{0x12, 0x34, 0x56}), std::to_string(0x563412));
+}
+
+TEST(NumberText, AcceptsOnlyPlainDecimalNumbers) {
+  EXPECT_EQ(parse_number(" 64 "), 64.0);
+  EXPECT_EQ(parse_number("-3.5"), -3.5);
+  EXPECT_EQ(parse_number("1e2"), 100.0);
+  EXPECT_FALSE(parse_number(""));
+  EXPECT_FALSE(parse_number("12a"));
+  EXPECT_FALSE(parse_number("inf"));
+  EXPECT_FALSE(parse_number("0x10"));
+  EXPECT_FALSE(parse_number("."));
+  EXPECT_EQ(text_to_int("2.5"), 2);
+  EXPECT_EQ(text_to_int("x", -1), -1);
+  EXPECT_EQ(str_number(5), " 5");
+  EXPECT_EQ(str_number(-3), "-3");
+}
+
+}  // namespace
+}  // namespace lumaris

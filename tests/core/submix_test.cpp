@@ -1,0 +1,102 @@
+#include <gtest/gtest.h>
+
+#include "core/main_desk.h"
+#include "tests/support/test_console.h"
+
+namespace lumaris {
+namespace {
+
+class SubmixTest : public ::testing::Test {
+ protected:
+  SubmixTest() { t.build(); }
+  Hoofdblad& desk() { return t.console->main_desk(); }
+  Store& store() { return t.store(); }
+  TestConsole t;
+};
+
+TEST_F(SubmixTest, ProgramStoresCompactedEntriesNameAndColourAndMarksTheShowChanged) {
+  store().Desk_Level[2] = 40;
+  store().Desk_Level[9] = 255;
+  desk().Submix_Text_Change("Warm");
+  t.dialogs.answer_colour(Rgb{255, 0, 0});
+  desk().Sub_colour_Click();
+  desk().Submix_Prog_Click();
+
+  const SubmixRec& sub = store().Submix[0];
+  EXPECT_EQ(sub.Chan[0], 3);
+  EXPECT_EQ(sub.Level[0], 40);
+  EXPECT_EQ(sub.Chan[1], 10);
+  EXPECT_EQ(sub.Level[1], 255);
+  EXPECT_EQ(sub.Chan[2], 0);
+  EXPECT_EQ(sub.Name, "Warm");
+  EXPECT_EQ(sub.Colour, "255");
+  EXPECT_EQ(desk().Status(), " Submix  0 Programmed");
+  EXPECT_TRUE(store().Project_Changed);
+  EXPECT_EQ(t.dialogs.colour_titles().front(), " Choose a Colour");
+}
+
+TEST_F(SubmixTest, ReprogrammingClearsEntriesThatAreNoLongerUsed) {
+  for (int i = 0; i < 64; ++i) store().Desk_Level[i] = static_cast<std::int16_t>(i + 1);
+  desk().Submix_Prog_Click();
+  EXPECT_EQ(store().Submix[0].Chan[63], 64) << "all 64 channels are stored";
+  store().Desk_Level.fill(0);
+  store().Desk_Level[50] = 7;
+  desk().Submix_Prog_Click();
+  EXPECT_EQ(store().Submix[0].Chan[0], 51);
+  for (int k = 1; k < 65; ++k) EXPECT_EQ(store().Submix[0].Chan[k], 0) << k;
+}
+
+TEST_F(SubmixTest, ProgrammingWithAllFadersDownLeavesAnEmptyNamedSubmix) {
+  desk().Submix_Text_Change("Blackout");
+  desk().Submix_Prog_Click();
+  EXPECT_EQ(store().Submix[0].Chan[0], 0);
+  EXPECT_EQ(store().Submix[0].Name, "Blackout");
+}
+
+TEST_F(SubmixTest, RecallRestoresExactlyTheProgrammedLevels) {
+  for (int i = 0; i < 64; ++i) store().Desk_Level[i] = static_cast<std::int16_t>(255 - i);
+  desk().Submix_Prog_Click();
+  store().Desk_Level.fill(3);
+  desk().Submix_Recal_Click();
+  for (int i = 0; i < 64; ++i) EXPECT_EQ(store().Desk_Level[i], 255 - i) << i;
+  EXPECT_EQ(desk().strips()[5].Slider1, 5);
+  EXPECT_EQ(desk().strips()[5].Text1, "250");
+  EXPECT_EQ(desk().Status(), " Submix 0 Recalled");
+}
+
+TEST_F(SubmixTest, RecallZeroesChannelsOutsideTheSubmixAndMovesThePageShown) {
+  store().Desk_Level[40] = 128;
+  desk().Submix_Prog_Click();
+  desk().Slider1_Change(0, 0);
+  desk().Inc_Channel_Click();
+  desk().Submix_Recal_Click();
+  EXPECT_EQ(store().Desk_Level[0], 0);
+  EXPECT_EQ(desk().strips()[8].Slider1, 255 - 128) << "page 1 fader 8 is channel 41";
+}
+
+TEST_F(SubmixTest, SelectionWrapsAtBothEnds) {
+  desk().Submix_Minus_Click();
+  EXPECT_EQ(desk().Text9(), "32");
+  EXPECT_EQ(desk().current_submix(), 31);
+  desk().Submix_Plus_Click();
+  EXPECT_EQ(desk().Text9(), "1");
+}
+
+TEST_F(SubmixTest, SelectingShowsTheStoredNameAndColour) {
+  store().Submix[1].Name = "Blue wash";
+  store().Submix[1].Colour = "16711680";  // 0xFF0000 in BBGGRR: blue
+  desk().Submix_Plus_Click();
+  EXPECT_EQ(desk().Submix_Text(), "Blue wash");
+  EXPECT_EQ(desk().Sub_colour(), (Paint{Rgb{0, 0, 255}}));
+  desk().Submix_Plus_Click();
+  EXPECT_EQ(desk().Sub_colour(), Paint{}) << "no colour stored: button face";
+}
+
+TEST_F(SubmixTest, CancelledColourDialogChangesNothing) {
+  store().Submix[0].Colour = "255";
+  desk().Sub_colour_Click();
+  EXPECT_EQ(store().Submix[0].Colour, "255");
+}
+
+}  // namespace
+}  // namespace lumaris
