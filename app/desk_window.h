@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "core/window.h"
 
@@ -19,6 +22,10 @@ class DeskWindow {
   virtual void sync() = 0;
   // Opens the window the way the operator would before its screenshot is taken.
   virtual void prepare_screenshot() { model().Show(); }
+  // Further states worth a screenshot: a name suffix and the operator action that
+  // leads there, run in order after the first screenshot.
+  using ScreenshotVariant = std::pair<std::string, std::function<void()>>;
+  virtual std::vector<ScreenshotVariant> screenshot_variants() { return {}; }
 };
 
 }  // namespace lumaris

@@ -25,6 +25,17 @@ std::atomic<bool> stop_requested{false};
 
 void request_stop(int) { stop_requested = true; }
 
+// SIGINT and SIGTERM end the event loop; the caller then runs the exit path.
+// The handler only sets a flag: nothing else is safe inside a signal handler.
+void watch_for_stop_signals(QTimer& watch) {
+  std::signal(SIGINT, request_stop);
+  std::signal(SIGTERM, request_stop);
+  QObject::connect(&watch, &QTimer::timeout, [] {
+    if (stop_requested) QCoreApplication::exit(0);
+  });
+  watch.start(50);
+}
+
 bool display_available() {
   auto set = [](const char* name) {
     const char* value = std::getenv(name);
@@ -62,13 +73,8 @@ int run_headless(int argc, char** argv, const CommandLine& line) {
     std::cout << text << std::endl;
   });
 
-  std::signal(SIGINT, request_stop);
-  std::signal(SIGTERM, request_stop);
   QTimer stop_watch;
-  QObject::connect(&stop_watch, &QTimer::timeout, [] {
-    if (stop_requested) QCoreApplication::exit(0);
-  });
-  stop_watch.start(50);
+  watch_for_stop_signals(stop_watch);
 
   scheduler.run_event([&] {
     console.start();
@@ -90,13 +96,8 @@ int run_desktop(int argc, char** argv, const CommandLine& line) {
   desk.start();
   desk.handle([&] { load_show(desk.console(), line.show); });
   desk.show_main_window();
-  std::signal(SIGINT, request_stop);
-  std::signal(SIGTERM, request_stop);
   QTimer stop_watch;
-  QObject::connect(&stop_watch, &QTimer::timeout, [] {
-    if (stop_requested) QCoreApplication::exit(0);
-  });
-  stop_watch.start(50);
+  watch_for_stop_signals(stop_watch);
   const int code = app.exec();
   desk.console().shutdown();
   return code;
@@ -122,18 +123,25 @@ int run_screenshots(int argc, char** argv, const CommandLine& line) {
   QTimer::singleShot(300, &app, [] { QCoreApplication::exit(0); });
   app.exec();
   int failures = 0;
-  for (const auto& window : desk.windows()) {
-    window->sync();
-    QWidget* widget = window->widget();
+  const QDir dir(QString::fromStdString(line.screenshot_dir));
+  auto save = [&](lumaris::DeskWindow& window, const std::string& suffix) {
+    window.sync();
+    QWidget* widget = window.widget();
     widget->show();
     QCoreApplication::processEvents();
-    const QString path = QDir(QString::fromStdString(line.screenshot_dir))
-                             .filePath(QString::fromStdString(window->name()) + ".png");
-    if (!widget->grab().save(path)) {
+    const QString path = dir.filePath(QString::fromStdString(window.name() + suffix) + ".png");
+    if (widget->grab().save(path)) {
+      std::cout << path.toStdString() << "\n";
+    } else {
       std::cerr << "lumaris: cannot write " << path.toStdString() << "\n";
       ++failures;
-    } else {
-      std::cout << path.toStdString() << "\n";
+    }
+  };
+  for (const auto& window : desk.windows()) {
+    save(*window, "");
+    for (const auto& [suffix, action] : window->screenshot_variants()) {
+      desk.handle(action);
+      save(*window, suffix);
     }
   }
   desk.console().shutdown();

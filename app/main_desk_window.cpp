@@ -258,6 +258,10 @@ bool MainDeskWindow::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
+std::vector<DeskWindow::ScreenshotVariant> MainDeskWindow::screenshot_variants() {
+  return {{"_page1", [this] { desk().Inc_Channel_Click(); }}};
+}
+
 // Keys that no control of the desk used itself (the faders keep their arrow
 // keys, the submix label its typing) go to the command line.
 void MainDeskWindow::keyPressEvent(QKeyEvent* event) {

@@ -27,6 +27,7 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
   Window& model() override;
   std::string name() const override { return "Hoofdblad"; }
   void sync() override;
+  std::vector<ScreenshotVariant> screenshot_variants() override;
 
   // Widgets by control name, for the wiring tests.
   LevelSlider* Slider1(int i) const { return strips_[i].slider; }
