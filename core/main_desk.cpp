@@ -28,6 +28,9 @@ constexpr const char* kResetQuestion = "All Current Information will Be Lost Are
 constexpr const char* kUnsavedQuestion = "Current Project is not saved Are You Sure ";
 constexpr const char* kExitMenuStatus = " Exit Software";
 constexpr const char* kExitWindowStatus = " Exit";
+constexpr const char* kAboutTitle = " About Lumaris";
+constexpr const char* kAboutText =
+    "Lumaris " LUMARIS_VERSION "\nA lighting console for one DMX512 universe.";
 }  // namespace
 
 Hoofdblad::Hoofdblad(Console& console) : Window(kMainDeskCaption), console_(console) {}
@@ -254,7 +257,7 @@ void Hoofdblad::Menu_Click(const std::string& name) {
     c.art_config().Form_Load();
     c.art_config().Show();
   } else if (name == "Aboutmenu") {
-    if (about_) about_();
+    c.dialogs().message({kAboutTitle, kAboutText, MessageIcon::Information});
   }
 }
 

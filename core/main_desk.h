@@ -112,7 +112,6 @@ class Hoofdblad : public Window {
   void set_surface_fader_handler(std::function<void(int, int)> handler) {
     surface_fader_ = std::move(handler);
   }
-  void set_about_handler(std::function<void()> handler) { about_ = std::move(handler); }
 
  private:
   int channel_of(int strip) const;
@@ -139,7 +138,6 @@ class Hoofdblad : public Window {
   bool exit_requested_ = false;
   std::function<void(int)> cli_key_;
   std::function<void(int, int)> surface_fader_;
-  std::function<void()> about_;
 };
 
 }  // namespace lumaris
