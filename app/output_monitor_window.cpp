@@ -65,8 +65,9 @@ void OutputMonitorWindow::sync() {
   sync::enabled(pannel_dec_, m.Pannel_Dec_enabled());
   sync::enabled(pannel_inc_, m.Pannel_Inc_enabled());
   for (std::size_t row = 0; row < row_labels_.size(); ++row) {
-    const int first = m.bar_slot(static_cast<int>(row) * kBarsPerRow);
-    sync::text(row_labels_[row], std::to_string(first + 1));
+    const int first = static_cast<int>(row) * kBarsPerRow;
+    sync::text(row_labels_[row],
+               m.bar_visible(first) ? std::to_string(m.bar_slot(first) + 1) : std::string());
   }
   for (int i = 0; i < Realout::kBars; ++i) {
     sync::visible(bars_[i], m.bar_visible(i));

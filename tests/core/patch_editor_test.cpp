@@ -48,7 +48,7 @@ TEST_F(PatchEditorTest, PagesMoveByThirtyTwoSlotsUpToTheEndOfTheFrame) {
 TEST_F(PatchEditorTest, ChannelAboveSixtyFourIsRefusedAndTheBoxReset) {
   editor->Text1_Change(3, "65");
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
-  const MessageBoxSpec& box = t.dialogs.messages()[0];
+  const auto& box = t.dialogs.messages()[0];
   EXPECT_EQ(box.title, " Patch Error");
   EXPECT_EQ(box.text, " Not a valid Patch Number must be 1 - 64");
   EXPECT_EQ(box.icon, MessageIcon::Exclamation);
