@@ -1,11 +1,19 @@
+#include "app/channel_properties_window.h"
 #include "app/desk_app.h"
 #include "app/main_desk_window.h"
+#include "app/output_monitor_window.h"
+#include "app/patch_editor_window.h"
+#include "app/project_info_window.h"
 
 namespace lumaris {
 
 std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   std::vector<std::unique_ptr<DeskWindow>> windows;
   windows.push_back(std::make_unique<MainDeskWindow>(app));
+  windows.push_back(std::make_unique<PatchEditorWindow>(app));
+  windows.push_back(std::make_unique<ChannelPropertiesWindow>(app));
+  windows.push_back(std::make_unique<OutputMonitorWindow>(app));
+  windows.push_back(std::make_unique<ProjectInfoWindow>(app));
   return windows;
 }
 

@@ -4,40 +4,48 @@
 
 namespace lumaris {
 
+namespace {
+
+// Stores a property and reports whether it really changed, so that widgets
+// repaint only for real changes (the output tick sets bars on every frame).
+template <typename T>
+bool assign(T& field, T value) {
+  if (field == value) return false;
+  field = value;
+  return true;
+}
+
+}  // namespace
+
 void ProgBar::set_BackColor(std::uint32_t colour) {
-  back_colour_ = colour;
-  changed();
+  if (assign(back_colour_, colour)) changed();
 }
 
 void ProgBar::set_BarColor(std::uint32_t colour) {
-  bar_colour_ = colour;
-  changed();
+  if (assign(bar_colour_, colour)) changed();
 }
 
 void ProgBar::set_Vertical(bool vertical) {
-  vertical_ = vertical;
-  changed();
+  if (assign(vertical_, vertical)) changed();
 }
 
 void ProgBar::set_BorderStyle(int style) {
-  border_style_ = style;
-  changed();
+  if (assign(border_style_, style)) changed();
 }
 
 void ProgBar::set_Max(int max) {
-  max_ = max;
+  if (assign(max_, max)) changed();
   set_Value(value_);
 }
 
 void ProgBar::set_Min(int min) {
-  min_ = min;
+  if (assign(min_, min)) changed();
   set_Value(value_);
 }
 
 void ProgBar::set_Value(int value) {
   if (value > max_) value = max_;
-  value_ = std::max(value, min_);
-  changed();
+  if (assign(value_, std::max(value, min_))) changed();
 }
 
 double ProgBar::filled_fraction() const {

@@ -37,12 +37,12 @@ class ProgBar {
   // (Min >= Max) shows only the empty colour.
   double filled_fraction() const;
 
-  // Counts every property change, so a widget repaints only when needed.
+  // Counts the changes that alter what the bar shows; setting a property to the
+  // value it already has is not a change. A widget repaints when this moves.
   unsigned revision() const { return revision_; }
 
   void save(PropertyBag& bag) const;
   void load(const PropertyBag& bag);
-
 
  private:
   void changed() { ++revision_; }

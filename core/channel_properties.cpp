@@ -1,11 +1,134 @@
 #include "core/channel_properties.h"
 
+#include <algorithm>
+
 #include "core/console.h"
+#include "core/main_desk.h"
+#include "platform/dialogs.h"
 
 namespace lumaris {
 
-ChannelNames::ChannelNames(Console& console) : Window("Channel Properties"), console_(console) {}
+namespace {
+constexpr const char* kCaption = "Channel Properties";
+constexpr const char* kTooLongTitle = " Text too long";
+constexpr const char* kTooLongText = " Text must be 4 Chars max";
+constexpr const char* kColourTitle = " Choose a Colour";
 
-void ChannelNames::Refresh() {}
+bool continuation_byte(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+}  // namespace
+
+std::size_t char_count(const std::string& text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), [](char c) { return !continuation_byte(c); }));
+}
+
+std::string first_chars(const std::string& text, std::size_t count) {
+  std::size_t chars = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (continuation_byte(text[at])) continue;
+    if (chars == count) return text.substr(0, at);
+    ++chars;
+  }
+  return text;
+}
+
+ChannelNames::ChannelNames(Console& console) : Window(kCaption), console_(console) {}
+
+void ChannelNames::Refresh() {
+  const Store& store = console_.store();
+  const int channel = store.Edit_Channel;
+  const FaderName& fader = store.Fader_Names[channel];
+  show_channel_ = std::to_string(channel + 1);
+  show_name_ = fader.Name;
+  description_ = fader.Desc;
+  main_f_checked_ = !fader.Main_F;
+  cross_f_checked_ = !fader.Cross_F;
+  colour_bx_ = colour_from_text(fader.Colour);
+  pannel_dec_enabled_ = channel > 0;
+  pannel_inc_enabled_ = channel < kDeskChannels - 1;
+  show_dmx_.fill({});
+  int shown = 0;
+  for (int s = 0; s < kDmxSlots && shown < kShownSlots; ++s) {
+    if (store.Patch[s] == channel + 1) show_dmx_[shown++] = std::to_string(s + 1);
+  }
+}
+
+void ChannelNames::step_channel(int step) {
+  Store& store = console_.store();
+  const int channel = std::clamp(store.Edit_Channel + step, 0, kDeskChannels - 1);
+  store.Edit_Channel = static_cast<std::int16_t>(channel);
+  Refresh();
+  store.Project_Changed = true;
+}
+
+void ChannelNames::Pannel_Dec_Click() { step_channel(-1); }
+void ChannelNames::Pannel_Inc_Click() { step_channel(+1); }
+
+void ChannelNames::Show_Name_Change(const std::string& text) {
+  Store& store = console_.store();
+  show_name_ = text;
+  if (char_count(text) > kNameChars) {
+    console_.dialogs().message(
+        {kTooLongTitle, kTooLongText, MessageIcon::Exclamation, MessageButtons::Ok});
+    show_name_ = first_chars(text, kNameChars);
+  }
+  store.Fader_Names[store.Edit_Channel].Name = show_name_;
+  store.Project_Changed = true;
+  console_.main_desk().Refresh_Desk_Panel();
+}
+
+void ChannelNames::Channel_Description_Change(const std::string& text) {
+  Store& store = console_.store();
+  description_ = text;
+  store.Fader_Names[store.Edit_Channel].Desc = text;
+  store.Project_Changed = true;
+}
+
+void ChannelNames::Channel_Description_Validate() { console_.main_desk().Refresh_Desk_Panel(); }
+
+void ChannelNames::Colour_button_Click() {
+  const std::optional<Rgb> chosen = console_.dialogs().choose_colour(kColourTitle, colour_bx_);
+  if (!chosen) return;
+  Store& store = console_.store();
+  colour_bx_ = *chosen;
+  store.Fader_Names[store.Edit_Channel].Colour = colour_to_text(*chosen);
+  store.Project_Changed = true;
+  console_.main_desk().Refresh_Desk_Panel();
+}
+
+void ChannelNames::Main_F_Click(bool checked) {
+  Store& store = console_.store();
+  main_f_checked_ = checked;
+  store.Fader_Names[store.Edit_Channel].Main_F = !checked;
+  store.Project_Changed = true;
+}
+
+void ChannelNames::Cross_F_Click(bool checked) {
+  Store& store = console_.store();
+  cross_f_checked_ = checked;
+  store.Fader_Names[store.Edit_Channel].Cross_F = !checked;
+  store.Project_Changed = true;
+}
+
+void ChannelNames::OK_Click() { Hide(); }
+
+int ChannelNames::Slider1() const {
+  const Store& store = console_.store();
+  return 255 - store.Desk_Level[store.Edit_Channel];
+}
+
+// The fader sets the channel's level. The main desk's fader moves with it (and
+// with it the control surface) only when the channel is on the page the main desk
+// shows; otherwise only the level changes and the main desk shows it on paging.
+void ChannelNames::Slider1_Change(int value) {
+  Store& store = console_.store();
+  const int channel = store.Edit_Channel;
+  value = std::clamp(value, 0, 255);
+  if (channel / kFadersPerPage == store.Fader_Page) {
+    console_.main_desk().Slider1_Change(channel % kFadersPerPage, value);
+  } else {
+    store.Desk_Level[channel] = static_cast<std::int16_t>(255 - value);
+  }
+}
 
 }  // namespace lumaris

@@ -24,13 +24,14 @@ void Realout::show_page(int page) {
   store.Realout_First = static_cast<std::int16_t>(page_ * kSlotsPerPage);
   store.Realout_Last = static_cast<std::int16_t>(page_ * kSlotsPerPage + kSlotsPerPage);
   for (int i = 0; i < kBars; ++i) {
-    const int slot = store.Realout_First + i;
+    const int slot = bar_slot(i);
     bars_[i].set_Value(slot < kDmxSlots ? store.DMX_Out[slot] : 0);
   }
 }
 
 void Realout::Show() {
-  show_page(0);
+  // Opening starts on page 0; showing it again while open keeps the operator's page.
+  if (!visible()) show_page(0);
   Window::Show();
 }
 
@@ -42,22 +43,24 @@ void Realout::set_bar(int bar, int level) {
   bars_[bar].set_Value(level);
 }
 
-bool Realout::bar_visible(int i) const {
-  return console_.store().Realout_First + i < kDmxSlots;
-}
+int Realout::bar_slot(int i) const { return page_ * kSlotsPerPage + i; }
+
+bool Realout::bar_visible(int i) const { return bar_slot(i) < kDmxSlots; }
 
 std::string Realout::bar_tooltip(int i) const {
   const Store& store = console_.store();
-  const int slot = store.Realout_First + i;
+  const int slot = bar_slot(i);
   if (slot >= kDmxSlots) return {};
   return " Output " + std::to_string(slot + 1) + " From Desk Channel " +
          std::to_string(store.Patch[slot]);
 }
 
+// Names DMX channels (slot + 1) like the bars' tooltips, and stops at the end
+// of the frame on the last page, where the hidden bars stand for nothing.
 std::string Realout::range_label() const {
-  const Store& store = console_.store();
-  const int last = std::min<int>(store.Realout_Last, kDmxSlots - 1);
-  return " Real DMX Output  Ch" + std::to_string(store.Realout_First + 1) + "   -  Ch" +
+  const int first = bar_slot(0);
+  const int last = std::min(bar_slot(kBars - 1), kDmxSlots - 1);
+  return " Real DMX Output  Ch" + std::to_string(first + 1) + "   -  Ch" +
          std::to_string(last + 1);
 }
 

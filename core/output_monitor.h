@@ -18,7 +18,7 @@ class Realout : public Window {
 
   explicit Realout(Console& console);
 
-  void Show() override;  // opens on page 0
+  void Show() override;  // opening starts on page 0
   void Pannel_Dec_Click();
   void Pannel_Inc_Click();
 
@@ -32,6 +32,8 @@ class Realout : public Window {
   std::string range_label() const;
   bool Pannel_Dec_enabled() const { return page_ > 0; }
   bool Pannel_Inc_enabled() const { return page_ < kLastPage; }
+  // The slot a bar stands for on the current page (may lie beyond the frame).
+  int bar_slot(int i) const;
 
  private:
   void show_page(int page);

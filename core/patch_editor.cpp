@@ -1,11 +1,111 @@
 #include "core/patch_editor.h"
 
+#include <cmath>
+#include <optional>
+
+#include "core/channel_properties.h"
 #include "core/console.h"
+#include "core/number_text.h"
+#include "platform/dialogs.h"
 
 namespace lumaris {
 
-EditPatchList::EditPatchList(Console& console) : Window("Edit patchlist "), console_(console) {}
+namespace {
+constexpr const char* kCaption = "Edit patchlist ";
+constexpr const char* kPatchErrorTitle = " Patch Error";
+constexpr const char* kPatchErrorText = " Not a valid Patch Number must be 1 - 64";
+constexpr const char* kUpdatedStatus = " Patches Updated";
+constexpr const char* kClearedStatus = " Patches All Cleared";
 
-void EditPatchList::Form_Load() {}
+bool is_blank(const std::string& text) {
+  return text.find_first_not_of(" \t") == std::string::npos;
+}
+
+// The desk channel a box names: a whole number 0..64, nothing for anything else.
+// An empty box is unpatched.
+std::optional<int> channel_in(const std::string& text) {
+  if (is_blank(text)) return 0;
+  const std::optional<double> number = parse_number(text);
+  if (!number || *number != std::floor(*number) || *number < 0 || *number > kDeskChannels) {
+    return std::nullopt;
+  }
+  return static_cast<int>(*number);
+}
+
+}  // namespace
+
+EditPatchList::EditPatchList(Console& console) : Window(kCaption), console_(console) {
+  draw_entries();
+}
+
+void EditPatchList::draw_entries() {
+  const Store& store = console_.store();
+  for (int i = 0; i < kEntries; ++i) {
+    const int s = slot_of(i);
+    const std::string dmx = std::to_string(s + 1);
+    label1_[i] = "DMX ch " + dmx;
+    tooltips_[i] = " Select Desh Channel for DMX ch" + dmx;
+    text1_[i] = std::to_string(store.Patch[s]);
+  }
+  label4_ = "DMX Lights ( " + std::to_string(slot_of(0) + 1) + " - " +
+            std::to_string(slot_of(kEntries - 1) + 1) + " )";
+}
+
+void EditPatchList::Form_Load() {
+  set_caption(kCaption);
+  draw_entries();
+}
+
+void EditPatchList::Pannel_Dec_Click() {
+  if (page_ == 0) return;
+  --page_;
+  draw_entries();
+}
+
+void EditPatchList::Pannel_Inc_Click() {
+  if (page_ == kLastPage) return;
+  ++page_;
+  draw_entries();
+}
+
+void EditPatchList::Text1_Change(int i, const std::string& text) {
+  if (i < 0 || i >= kEntries) return;
+  text1_[i] = text;
+  if (channel_in(text)) return;
+  console_.dialogs().message(
+      {kPatchErrorTitle, kPatchErrorText, MessageIcon::Exclamation, MessageButtons::Ok});
+  text1_[i] = "0";
+}
+
+void EditPatchList::Update_Click() {
+  Store& store = console_.store();
+  for (int i = 0; i < kEntries; ++i) {
+    // Typing refuses anything else, so a box that is not a channel only stays
+    // unpatched rather than guessing.
+    store.Patch[slot_of(i)] = static_cast<std::int16_t>(channel_in(text1_[i]).value_or(0));
+  }
+  console_.status().show_both(kUpdatedStatus);
+  store.Project_Changed = true;
+}
+
+void EditPatchList::Clear_Click() {
+  Store& store = console_.store();
+  for (int i = 0; i < kEntries; ++i) store.Patch[slot_of(i)] = 0;
+  draw_entries();
+  console_.status().show_both(kClearedStatus);
+  store.Project_Changed = true;
+}
+
+void EditPatchList::Close_Click() { Hide(); }
+
+void EditPatchList::Text1_Open(int i) {
+  if (i < 0 || i >= kEntries) return;
+  const std::optional<int> channel = channel_in(text1_[i]);
+  if (!channel || *channel < 1) return;
+  console_.store().Edit_Channel = static_cast<std::int16_t>(*channel - 1);
+  ChannelNames& properties = console_.channel_properties();
+  properties.Refresh();
+  properties.Show();
+}
 
 }  // namespace lumaris

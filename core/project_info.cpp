@@ -1,11 +1,45 @@
 #include "core/project_info.h"
 
+#include <cstdio>
+
 #include "core/console.h"
+#include "platform/clock.h"
 
 namespace lumaris {
 
-ProjectText::ProjectText(Console& console) : Window("Project Information"), console_(console) {}
+namespace {
+constexpr const char* kCaption = "Project Information";
+}
 
-void ProjectText::Form_Load() {}
+std::string date_text(int year, int month, int day) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%02d/%02d/%04d", day, month, year);
+  return text;
+}
+
+ProjectText::ProjectText(Console& console) : Window(kCaption), console_(console) {}
+
+void ProjectText::Form_Load() {
+  const Store& store = console_.store();
+  text1_ = store.Project_Text;
+  prj_name_ = store.Project_Name;
+  if (store.Project_Date.empty()) {
+    const CalendarDate today = console_.clock().today();
+    prj_date_ = date_text(today.year, today.month, today.day);
+  } else {
+    prj_date_ = store.Project_Date;
+  }
+  prj_version_ = store.Project_Version == 0 ? "1" : std::to_string(store.Project_Version);
+}
+
+void ProjectText::OKButton_Click() {
+  Store& store = console_.store();
+  store.Project_Text = text1_;
+  store.Project_Name = prj_name_;
+  store.Project_Changed = true;
+  Hide();
+}
+
+void ProjectText::CancelButton_Click() { Hide(); }
 
 }  // namespace lumaris

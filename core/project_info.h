@@ -1,19 +1,42 @@
 #pragma once
 
+#include <string>
+
 #include "core/window.h"
 
 namespace lumaris {
 
 class Console;
 
-// Project information: name, text, date and version of the show.
+// Project information: name, text, date and version of the show. Only the name
+// and the text are edited here; the date and version boxes are for reading.
 class ProjectText : public Window {
  public:
   explicit ProjectText(Console& console);
+  bool available() const { return true; }
+
+  // Opening: fills the boxes from the project header.
   void Form_Load();
+
+  void Text1_Change(const std::string& text) { text1_ = text; }
+  void Prj_Name_Change(const std::string& text) { prj_name_ = text; }
+  void OKButton_Click();
+  void CancelButton_Click();
+
+  const std::string& Text1() const { return text1_; }
+  const std::string& Prj_Name() const { return prj_name_; }
+  const std::string& Prj_Date() const { return prj_date_; }
+  const std::string& Prj_Version() const { return prj_version_; }
 
  private:
   Console& console_;
+  std::string text1_;
+  std::string prj_name_;
+  std::string prj_date_;
+  std::string prj_version_;
 };
+
+// A date as the desk writes it: dd/mm/yyyy.
+std::string date_text(int year, int month, int day);
 
 }  // namespace lumaris

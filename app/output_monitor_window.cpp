@@ -1,0 +1,79 @@
+#include "app/output_monitor_window.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "app/desk_app.h"
+#include "app/widgets/prog_bar_widget.h"
+#include "app/widgets/sync.h"
+
+namespace lumaris {
+
+namespace {
+constexpr int kBarsPerRow = 48;  // three rows of 48
+static_assert(3 * kBarsPerRow == Realout::kBars);
+}
+
+OutputMonitorWindow::OutputMonitorWindow(DeskApp& app)
+    : ToolWindow([&app] { app.handle([&] { app.console().output_monitor().Hide(); }); }),
+      app_(app) {
+  auto* layout = new QVBoxLayout(this);
+  auto* top = new QHBoxLayout;
+  pannel_dec_ = new QPushButton(QStringLiteral("<<"), this);
+  pannel_inc_ = new QPushButton(QStringLiteral(">>"), this);
+  label_ = new QLabel(this);
+  label_->setAlignment(Qt::AlignCenter);
+  top->addWidget(pannel_dec_);
+  top->addWidget(label_, 1);
+  top->addWidget(pannel_inc_);
+  layout->addLayout(top);
+
+  auto* grid = new QGridLayout;
+  grid->setSpacing(2);
+  for (std::size_t row = 0; row < row_labels_.size(); ++row) {
+    row_labels_[row] = new QLabel(this);
+    row_labels_[row]->setFixedWidth(30);
+    row_labels_[row]->setAlignment(Qt::AlignRight | Qt::AlignBottom);
+    grid->addWidget(row_labels_[row], static_cast<int>(row), 0);
+  }
+  for (int i = 0; i < Realout::kBars; ++i) {
+    bars_[i] = new ProgBarWidget(monitor().bar(i), this);
+    bars_[i]->setFixedSize(14, 96);
+    // Hidden bars keep their place so the grid does not shift on the last page.
+    QSizePolicy policy = bars_[i]->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    bars_[i]->setSizePolicy(policy);
+    grid->addWidget(bars_[i], i / kBarsPerRow, i % kBarsPerRow + 1);
+  }
+  layout->addLayout(grid);
+  layout->addStretch(1);
+
+  connect(pannel_dec_, &QPushButton::clicked, [this] { app_.handle([&] { monitor().Pannel_Dec_Click(); }); });
+  connect(pannel_inc_, &QPushButton::clicked, [this] { app_.handle([&] { monitor().Pannel_Inc_Click(); }); });
+}
+
+Window& OutputMonitorWindow::model() { return monitor(); }
+Realout& OutputMonitorWindow::monitor() { return app_.console().output_monitor(); }
+
+void OutputMonitorWindow::sync() {
+  const Realout& m = monitor();
+  sync::title(this, m.caption());
+  sync::text(label_, m.range_label());
+  sync::enabled(pannel_dec_, m.Pannel_Dec_enabled());
+  sync::enabled(pannel_inc_, m.Pannel_Inc_enabled());
+  for (std::size_t row = 0; row < row_labels_.size(); ++row) {
+    const int first = static_cast<int>(row) * kBarsPerRow;
+    sync::text(row_labels_[row],
+               m.bar_visible(first) ? std::to_string(m.bar_slot(first) + 1) : std::string());
+  }
+  for (int i = 0; i < Realout::kBars; ++i) {
+    sync::visible(bars_[i], m.bar_visible(i));
+    sync::tooltip(bars_[i], m.bar_tooltip(i));
+    bars_[i]->sync();
+  }
+}
+
+}  // namespace lumaris

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <array>
+
+#include "app/desk_window.h"
+#include "app/widgets/tool_window.h"
+#include "core/output_monitor.h"
+
+class QLabel;
+class QPushButton;
+
+namespace lumaris {
+
+class DeskApp;
+class ProgBarWidget;
+
+// The output monitor: 144 bars of the frame being sent.
+class OutputMonitorWindow final : public ToolWindow, public DeskWindow {
+ public:
+  explicit OutputMonitorWindow(DeskApp& app);
+
+  QWidget* widget() override { return this; }
+  Window& model() override;
+  std::string name() const override { return "Realout"; }
+  void sync() override;
+
+  ProgBarWidget* ProgBar1(int i) const { return bars_[i]; }
+  QLabel* range_label() const { return label_; }
+  QPushButton* Pannel_Inc() const { return pannel_inc_; }
+
+ private:
+  Realout& monitor();
+
+  DeskApp& app_;
+  std::array<ProgBarWidget*, Realout::kBars> bars_{};
+  std::array<QLabel*, 3> row_labels_{};  // DMX channel of each row's first bar
+  QLabel* label_ = nullptr;
+  QPushButton* pannel_dec_ = nullptr;
+  QPushButton* pannel_inc_ = nullptr;
+};
+
+}  // namespace lumaris

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+
+#include "app/desk_window.h"
+#include "app/widgets/tool_window.h"
+#include "core/patch_editor.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace lumaris {
+
+class DeskApp;
+
+// The patch editor: 128 DMX slots with the desk channel feeding each.
+class PatchEditorWindow final : public ToolWindow, public DeskWindow {
+ public:
+  explicit PatchEditorWindow(DeskApp& app);
+
+  QWidget* widget() override { return this; }
+  Window& model() override;
+  std::string name() const override { return "editpatchlist"; }
+  void sync() override;
+  void prepare_screenshot() override;
+
+  QLineEdit* Text1(int i) const { return text1_[i]; }
+  QPushButton* Update() const { return update_; }
+  QPushButton* Clear() const { return clear_; }
+  QPushButton* Pannel_Inc() const { return pannel_inc_; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  EditPatchList& editor();
+
+  DeskApp& app_;
+  std::array<QLabel*, EditPatchList::kEntries> label1_{};
+  std::array<QLineEdit*, EditPatchList::kEntries> text1_{};
+  QLabel* label4_ = nullptr;
+  QPushButton* pannel_dec_ = nullptr;
+  QPushButton* pannel_inc_ = nullptr;
+  QPushButton* update_ = nullptr;
+  QPushButton* clear_ = nullptr;
+};
+
+}  // namespace lumaris

@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+
+#include "app/desk_app.h"
+#include "app/main_desk_window.h"
+#include "app/output_monitor_window.h"
+#include "app/patch_editor_window.h"
+#include "app/widgets/prog_bar_widget.h"
+#include "core/main_desk.h"
+#include "core/output_cycle.h"
+
+namespace lumaris {
+namespace {
+
+template <typename W>
+W& window_named(DeskApp& app, const std::string& name) {
+  for (const auto& window : app.windows()) {
+    if (window->name() == name) return dynamic_cast<W&>(*window);
+  }
+  throw std::runtime_error("no window " + name);
+}
+
+void type(QWidget* widget, const QString& text) {
+  widget->setFocus();
+  for (const QChar c : text) {
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+    QApplication::sendEvent(widget, &press);
+  }
+}
+
+TEST(PatchEditorWindow, TypedPatchIsStoredAndPagingRedrawsTheBoxes) {
+  DeskApp app;
+  app.start();
+  auto& window = window_named<PatchEditorWindow>(app, "editpatchlist");
+  app.handle([&] { app.console().main_desk().Menu_Click("editpatch"); });
+  ASSERT_TRUE(window.isVisible());
+  EXPECT_EQ(window.Text1(0)->text(), QStringLiteral("1"));
+
+  window.Text1(0)->selectAll();
+  type(window.Text1(0), QStringLiteral("12"));
+  window.Update()->click();
+  EXPECT_EQ(app.console().store().Patch[0], 12);
+  EXPECT_EQ(app.main_window().Status()->text(), QStringLiteral(" Patches Updated"));
+
+  app.console().store().Patch[32] = 40;
+  window.Pannel_Inc()->click();
+  EXPECT_EQ(window.Text1(0)->text(), QStringLiteral("40"));
+  EXPECT_EQ(window.Text1(0)->toolTip(), QStringLiteral(" Select Desh Channel for DMX ch33"));
+}
+
+TEST(OutputMonitorWindow, BarsRepaintOnlyWhenTheFrameChanges) {
+  DeskApp app;
+  app.start();
+  auto& window = window_named<OutputMonitorWindow>(app, "Realout");
+  app.handle([&] { app.console().main_desk().Command22_Click(); });
+  ASSERT_TRUE(window.isVisible());
+  ProgBarWidget* bar = window.ProgBar1(0);
+  QApplication::processEvents();
+  const int painted = bar->paint_count();
+
+  app.handle([&] { app.console().output_cycle().Timer1_Tick(); });  // frame unchanged
+  QApplication::processEvents();
+  EXPECT_EQ(bar->paint_count(), painted);
+
+  app.handle([&] {
+    app.console().main_desk().Command1_Click(0);
+    app.console().output_cycle().Timer1_Tick();
+  });
+  QApplication::processEvents();
+  EXPECT_EQ(bar->model().Value(), 255);
+  EXPECT_EQ(bar->paint_count(), painted + 1);
+  EXPECT_EQ(window.ProgBar1(1)->paint_count(), painted);
+  // The filled part is drawn in the highlight colour from the bottom up.
+  const QImage image = bar->grab().toImage();
+  EXPECT_EQ(image.pixelColor(image.width() / 2, image.height() / 2),
+            bar->palette().color(QPalette::Highlight));
+
+  window.Pannel_Inc()->click();
+  EXPECT_EQ(window.range_label()->text(), QStringLiteral(" Real DMX Output  Ch144   -  Ch287"));
+  EXPECT_EQ(window.ProgBar1(0)->toolTip(), QStringLiteral(" Output 144 From Desk Channel 0"));
+}
+
+TEST(ProgBarWidget, PaintsTheModelAndReportsClicks) {
+  ProgBar model;
+  model.set_BackColor(0x0000FF);  // red
+  model.set_BarColor(0xFF0000);   // blue
+  model.set_Value(25);
+  ProgBarWidget widget(model);
+  widget.resize(100, 20);
+  int clicks = 0;
+  widget.on_click([&] { ++clicks; });
+  const QImage image = widget.grab().toImage();
+  EXPECT_EQ(image.pixelColor(10, 10), QColor(0, 0, 255));  // first quarter: bar
+  EXPECT_EQ(image.pixelColor(60, 10), QColor(255, 0, 0));  // rest: empty colour
+  QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &press);
+  EXPECT_EQ(clicks, 1);
+}
+
+}  // namespace
+}  // namespace lumaris

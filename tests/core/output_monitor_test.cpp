@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+
+#include "core/main_desk.h"
+#include "core/output_monitor.h"
+#include "tests/support/test_console.h"
+
+namespace lumaris {
+namespace {
+
+struct OutputMonitorTest : ::testing::Test {
+  TestConsole t;
+  Realout* monitor = nullptr;
+
+  void SetUp() override {
+    t.build();
+    monitor = &t.console->output_monitor();
+  }
+  Store& store() { return t.store(); }
+  void tick() { t.scheduler.advance(70); }
+};
+
+TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShown) {
+  t.console->main_desk().Slider1_Change(0, 55);  // channel 1 at 200, on slot 1
+  tick();
+  EXPECT_EQ(store().DMX_Out[0], 200);
+  EXPECT_EQ(monitor->bar(0).Value(), 0);
+
+  monitor->Show();
+  EXPECT_EQ(monitor->bar(0).Value(), 200);  // opening shows the current frame
+  t.console->main_desk().Slider1_Change(1, 155);  // channel 2 at 100
+  tick();
+  EXPECT_EQ(monitor->bar(1).Value(), 100);
+
+  monitor->Hide();
+  t.console->main_desk().Slider1_Change(1, 255);
+  tick();
+  EXPECT_EQ(store().DMX_Out[1], 0);
+  EXPECT_EQ(monitor->bar(1).Value(), 100);
+}
+
+TEST_F(OutputMonitorTest, BarsRunFromZeroToFullLevel) {
+  monitor->Show();
+  EXPECT_EQ(monitor->bar(0).Min(), 0);
+  EXPECT_EQ(monitor->bar(0).Max(), 255);
+  EXPECT_TRUE(monitor->bar(0).Vertical());
+  t.console->main_desk().Command1_Click(0);
+  tick();
+  EXPECT_DOUBLE_EQ(monitor->bar(0).filled_fraction(), 1.0);
+}
+
+TEST_F(OutputMonitorTest, PagesOverlapByOneSlot) {
+  monitor->Show();
+  EXPECT_EQ(store().Realout_First, 0);
+  EXPECT_EQ(store().Realout_Last, 143);
+  EXPECT_EQ(monitor->range_label(), " Real DMX Output  Ch1   -  Ch144");
+  monitor->Pannel_Inc_Click();
+  EXPECT_EQ(store().Realout_First, 143);
+  EXPECT_EQ(store().Realout_Last, 286);
+  EXPECT_EQ(monitor->bar_tooltip(0), " Output 144 From Desk Channel 0");
+  store().Patch[143] = 9;
+  t.console->main_desk().Slider1_Change(8, 0);  // channel 9 full
+  tick();
+  EXPECT_EQ(monitor->bar(0).Value(), 255);
+  EXPECT_EQ(monitor->bar_tooltip(0), " Output 144 From Desk Channel 9");
+}
+
+TEST_F(OutputMonitorTest, LastPageHidesTheBarsBeyondTheFrame) {
+  monitor->Show();
+  for (int i = 0; i < 5; ++i) monitor->Pannel_Inc_Click();
+  EXPECT_EQ(monitor->page(), 3);
+  EXPECT_FALSE(monitor->Pannel_Inc_enabled());
+  EXPECT_EQ(store().Realout_First, 429);
+  EXPECT_EQ(store().Realout_Last, 572);
+  EXPECT_TRUE(monitor->bar_visible(82));   // slot 511, DMX channel 512
+  EXPECT_FALSE(monitor->bar_visible(83));  // slot 512
+  EXPECT_EQ(monitor->bar_tooltip(82), " Output 512 From Desk Channel 0");
+  EXPECT_EQ(monitor->range_label(), " Real DMX Output  Ch430   -  Ch512");
+  for (int i = 0; i < 5; ++i) monitor->Pannel_Dec_Click();
+  EXPECT_EQ(monitor->page(), 0);
+  EXPECT_FALSE(monitor->Pannel_Dec_enabled());
+}
+
+TEST_F(OutputMonitorTest, OpeningAgainStartsOnTheFirstPage) {
+  monitor->Show();
+  monitor->Pannel_Inc_Click();
+  monitor->Show();  // already open: stays
+  EXPECT_EQ(monitor->page(), 1);
+  monitor->Hide();
+  monitor->Show();
+  EXPECT_EQ(monitor->page(), 0);
+  EXPECT_EQ(store().Realout_First, 0);
+}
+
+}  // namespace
+}  // namespace lumaris
