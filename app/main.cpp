@@ -27,9 +27,13 @@ void request_stop(int) { stop_requested = true; }
 
 // SIGINT and SIGTERM end the event loop; the caller then runs the exit path.
 // The handler only sets a flag: nothing else is safe inside a signal handler.
-void watch_for_stop_signals(QTimer& watch) {
+// It is installed first thing, so that a signal during start-up is not lost.
+void catch_stop_signals() {
   std::signal(SIGINT, request_stop);
   std::signal(SIGTERM, request_stop);
+}
+
+void watch_for_stop_signals(QTimer& watch) {
   QObject::connect(&watch, &QTimer::timeout, [] {
     if (stop_requested) QCoreApplication::exit(0);
   });
@@ -170,8 +174,10 @@ int main(int argc, char** argv) {
     case CommandLine::Mode::Screenshot:
       return run_screenshots(argc, argv, line);
     case CommandLine::Mode::Headless:
+      catch_stop_signals();
       return run_headless(argc, argv, line);
     case CommandLine::Mode::Desktop:
+      catch_stop_signals();
       if (!display_available()) {
         std::cout << "lumaris: no display available, running headless\n";
         return run_headless(argc, argv, line);

@@ -14,12 +14,13 @@ fail() { echo "FAIL: $*"; exit 1; }
 
 # Waits until FILE holds TEXT (the program is starting up), at most 20 s.
 wait_for() {
-  for _ in $(seq 200); do grep -qF -- "$2" "$1" && return 0; sleep 0.1; done
+  for _ in $(seq 200); do grep -qsF -- "$2" "$1" && return 0; sleep 0.1; done
   return 1
 }
 
 run_and_stop() {  # signal, extra env/args...
   local signal=$1; shift
+  rm -f "$work/out" "$work/err"
   env "$@" >"$work/out" 2>"$work/err" &
   local pid=$!
   wait_for "$work/out" " Main Desk Running " || { kill -9 $pid; cat "$work/out" "$work/err"; fail "no status line"; }
