@@ -1,3 +1,4 @@
+#include "app/chases_window.h"
 #include "app/desk_app.h"
 #include "app/main_desk_window.h"
 
@@ -6,6 +7,7 @@ namespace lumaris {
 std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   std::vector<std::unique_ptr<DeskWindow>> windows;
   windows.push_back(std::make_unique<MainDeskWindow>(app));
+  windows.push_back(std::make_unique<ChasesWindow>(app));
   return windows;
 }
 
