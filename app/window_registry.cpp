@@ -1,4 +1,5 @@
 #include "app/channel_properties_window.h"
+#include "app/chases_window.h"
 #include "app/desk_app.h"
 #include "app/main_desk_window.h"
 #include "app/output_monitor_window.h"
@@ -14,6 +15,7 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<ChannelPropertiesWindow>(app));
   windows.push_back(std::make_unique<OutputMonitorWindow>(app));
   windows.push_back(std::make_unique<ProjectInfoWindow>(app));
+  windows.push_back(std::make_unique<ChasesWindow>(app));
   return windows;
 }
 

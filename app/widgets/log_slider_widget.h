@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "controls/log_slider.h"
+
+namespace lumaris {
+
+// Draws a VRLogSlider: maximum label on top, minimum label below, the tick scale
+// on the left and the thumb on the right. Presses and drags are handed to
+// `on_position` with the pointer's height, which the owner passes to the model's
+// Set_From_Position as an engine event.
+class LogSliderWidget : public QWidget {
+ public:
+  static constexpr int kLabelHeight = 16;
+  static constexpr int kThumbHeight = 10;
+
+  explicit LogSliderWidget(VRLogSlider& model, QWidget* parent = nullptr);
+  void on_position(std::function<void(double)> handler) { on_position_ = std::move(handler); }
+  QSize sizeHint() const override { return {64, 220}; }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  void place_axis();
+
+  VRLogSlider& model_;
+  std::function<void(double)> on_position_;
+};
+
+}  // namespace lumaris

@@ -1,0 +1,191 @@
+#include "sequence/chase_runtime.h"
+
+#include <algorithm>
+
+#include "core/console.h"
+#include "core/rounding.h"
+#include "sequence/chases.h"
+
+namespace lumaris {
+
+namespace {
+
+constexpr const char* kGoCaption = "Go";
+constexpr const char* kStopCaption = "Stop";
+
+Rgb level_colour(int level) {
+  const auto fade = static_cast<std::uint8_t>(255 - std::clamp(level, 0, 255));
+  return Rgb{255, fade, fade};
+}
+
+bool routed(int desk_channel) { return desk_channel >= 0 && desk_channel < kDeskChannels; }
+
+}  // namespace
+
+ChaseRuntime::ChaseRuntime(Console& console, Chases& desk)
+    : console_(console),
+      desk_(desk),
+      timer1_(console.scheduler().create_timer()),
+      timer2_(console.scheduler().create_timer()) {
+  timer1_->on_tick([this] { Advance_Step(); });
+  timer2_->set_interval(kLevelInterval);
+  timer2_->set_enabled(false);
+  timer2_->on_tick([this] { Fade_Tick(); });
+  fade_bar_.set_Value(0);
+  step_bar_.set_Value(0);
+}
+
+void ChaseRuntime::clear_output(int count) {
+  auto& out = console_.store().Chase_Out;
+  std::fill(out.begin(), out.begin() + count, 0);
+}
+
+void ChaseRuntime::set_step_interval() {
+  const double ms = desk_.chase().Speed[desk_.cur_step_] * 1000 + 1;
+  timer1_->set_interval(round_half_even(std::clamp(ms, 0.0, 2147483647.0)));
+}
+
+void ChaseRuntime::Go_Stop() {
+  if (running_) {
+    Stop_Chase(true);
+  } else {
+    Start_Chase();
+  }
+}
+
+void ChaseRuntime::Start_Chase() {
+  running_ = true;
+  go_caption_ = kStopCaption;
+  go_colour_ = kRed;
+  live_mode_enabled_ = false;
+  live_output_ = false;
+  loop_count_ = 0;
+  if (desk_.chase().Loop == 0) {
+    desk_.cur_step_ = 1;
+    desk_.prev_step_ = 1;
+  }
+  set_step_interval();
+  for (int i = 0; i < kLevelChannels; ++i) desk_.channels_[i].Slider1 = 255;
+  clear_output();
+  saved_global_speed_ = desk_.global_speed_;
+  saved_global_fade_ = desk_.global_fade_;
+  desk_.global_speed_ = desk_.global_fade_ = true;
+  desk_.global_speed_enabled_ = desk_.global_fade_enabled_ = false;
+  Enter_Step(true);
+  timer1_->set_enabled(true);
+  timer2_->set_enabled(true);
+}
+
+void ChaseRuntime::Enter_Step(bool starting) {
+  const ChaseRec& chase = desk_.chase();
+  const int step = desk_.cur_step_;
+  const int prev = desk_.prev_step_;
+  for (int k = 0; k < kChaseChannels; ++k) {
+    const int f = chase.Fade[step][k];
+    if (f == kChaseFade) {
+      const double time = chase.Time[step];
+      if (time > 0) {
+        fade_level_[k] = chase.Data[prev][k];
+        fade_inc_[k] = (chase.Data[step][k] - chase.Data[prev][k]) / (time * 10);
+      } else {
+        fade_level_[k] = chase.Data[step][k];
+        fade_inc_[k] = 0;
+      }
+    } else if (f == kChaseOff) {
+      fade_inc_[k] = 0;
+    } else {
+      fade_inc_[k] = 0;
+      fade_level_[k] = chase.Data[step][k];
+      if (starting) desk_.channels_[k].Picture1 = level_colour(chase.Data[step][k]);
+    }
+    desk_.show_function(k);
+  }
+}
+
+void ChaseRuntime::Advance_Step() {
+  const ChaseRec& chase = desk_.chase();
+  desk_.prev_step_ = desk_.cur_step_;
+  fade_ticks_ = 0;
+  step_ticks_ = 0;
+  if (desk_.cur_step_ < chase_steps(chase)) {
+    ++desk_.cur_step_;
+  } else {
+    if (chase.Loop != 0) {
+      ++loop_count_;
+      desk_.loop_times_txt_ = std::to_string(chase.Loop - loop_count_);
+      if (loop_count_ > chase.Loop) {
+        Stop_Chase(false);
+        return;
+      }
+    }
+    desk_.cur_step_ = 1;
+  }
+  Enter_Step();
+  step_bar_.set_Value(0);
+  fade_bar_.set_Value(0);
+  set_step_interval();
+}
+
+void ChaseRuntime::step_changed() {
+  fade_ticks_ = 0;
+  step_ticks_ = 0;
+  if (!running_) return;
+  Enter_Step();
+  step_bar_.set_Value(0);
+  fade_bar_.set_Value(0);
+  set_step_interval();
+}
+
+void ChaseRuntime::Fade_Tick() {
+  if (!running_) return;
+  const ChaseRec& chase = desk_.chase();
+  const int step = desk_.cur_step_;
+  auto& out = console_.store().Chase_Out;
+  clear_output();
+  // Ticks before the end of the window: fade_ticks_ x 0.1 < Time, free of the
+  // drift that adding 0.1 again and again would bring.
+  if (fade_ticks_ < chase.Time[step] * 10 - 1e-9) {
+    for (int k = 0; k < kChaseChannels; ++k) {
+      fade_level_[k] += fade_inc_[k];
+      const double level = scaled(fade_level_[k]);
+      const int d = chase.Channels[k];
+      if (!routed(d)) continue;
+      if (level > out[d]) out[d] = round_half_even(level);
+      if (out[d] > 255) out[d] = 255;
+      desk_.channels_[k].Picture1 = level_colour(out[d]);
+    }
+    ++fade_ticks_;
+  }
+  ++step_ticks_;
+  fade_bar_.set_Value(round_half_even(Fade_Elapsed() * 100 / (chase.Time[step] + 0.1) + 1));
+  step_bar_.set_Value(round_half_even(Step_Elapsed() * 100 / (chase.Speed[step] + 0.1) + 1));
+}
+
+void ChaseRuntime::Stop_Chase(bool from_button) {
+  running_ = false;
+  go_caption_ = kGoCaption;
+  go_colour_ = kGreen;
+  if (from_button) Advance_Step();
+  timer1_->set_enabled(false);
+  timer2_->set_enabled(false);
+  desk_.global_speed_enabled_ = desk_.global_fade_enabled_ = true;
+  desk_.global_speed_ = saved_global_speed_;
+  desk_.global_fade_ = saved_global_fade_;
+  if (desk_.speed_fade_lock_) desk_.global_fade_enabled_ = false;
+  live_mode_enabled_ = true;
+  desk_.loop_times_txt_ = std::to_string(desk_.loop_times_);
+  if (live_mode_sel_) live_output_ = true;
+  clear_output();
+  desk_.Show_Step();
+}
+
+void ChaseRuntime::Set_Live_Mode(bool checked) {
+  if (!live_mode_enabled_) return;
+  live_mode_sel_ = checked;
+  live_output_ = checked;
+  // Only the first 32 desk channels are cleared: chase channels routed above
+  // them keep their live level until the next edit or run.
+  if (!checked) clear_output(kDeskChannels / 2);
+}
+
+}  // namespace lumaris

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "controls/prog_bar.h"
+#include "core/colour.h"
+#include "core/store.h"
+#include "platform/scheduler.h"
+
+namespace lumaris {
+
+class Console;
+class Chases;
+
+// Runs the chase selected on the sequence desk. Timer1 moves to the next step
+// once per step duration; Timer2 rebuilds Chase_Out ten times a second, lighting
+// each step's levels for the first Time seconds of the step, fading where the
+// channel's function says so. The output cycle merges Chase_Out by highest level.
+//
+// A fade channel in a step with Time 0 jumps to the step's level (nothing to
+// divide by); such a step lights nothing anyway. A manual step while running
+// never stops the chase: only the step timer counts passes.
+class ChaseRuntime {
+ public:
+  static constexpr int kLevelInterval = 100;  // ms
+
+  ChaseRuntime(Console& console, Chases& desk);
+
+  void Go_Stop();
+  void Start_Chase();
+  // `from_button`: the operator stopped it, so the display moves on one step first.
+  void Stop_Chase(bool from_button);
+  void Enter_Step(bool starting = false);
+  void Advance_Step();  // Timer1 tick
+  void Fade_Tick();     // Timer2 tick
+  void Set_Live_Mode(bool checked);
+  // A step change by hand (Chase_Plus, Chase_Minus): restarts the step's timing.
+  void step_changed();
+
+  bool Chase_Running() const { return running_; }
+  bool Live_Output() const { return live_output_; }
+  int Loop_Count() const { return loop_count_; }
+  double Fade_Level(int k) const { return fade_level_[k]; }
+  double Fade_Elapsed() const { return fade_ticks_ / 10.0; }
+  double Step_Elapsed() const { return step_ticks_ / 10.0; }
+
+  Timer& Timer1() { return *timer1_; }
+  Timer& Timer2() { return *timer2_; }
+
+  // Controls of the running part of the desk.
+  const std::string& Chase_Go_Button() const { return go_caption_; }
+  Rgb Chase_Go_Button_colour() const { return go_colour_; }
+  int Slider2() const { return slider2_; }
+  void set_Slider2(int value) { slider2_ = value; }
+  bool Live_Mode_Sel() const { return live_mode_sel_; }
+  bool Live_Mode_Sel_enabled() const { return live_mode_enabled_; }
+  const ProgBar& Fade_Bar() const { return fade_bar_; }
+  const ProgBar& Step_Bar() const { return step_bar_; }
+
+  // The sequence desk's level of a chase channel's level L, as Chase_Out takes it.
+  double scaled(double level) const { return (255 - slider2_) * level / 255.0; }
+
+ private:
+  void set_step_interval();
+  void clear_output(int count = kDeskChannels);
+
+  Console& console_;
+  Chases& desk_;
+  std::unique_ptr<Timer> timer1_;
+  std::unique_ptr<Timer> timer2_;
+  bool running_ = false;
+  bool live_output_ = false;
+  int loop_count_ = 0;
+  std::array<double, kChaseChannels> fade_level_{};
+  std::array<double, kChaseChannels> fade_inc_{};
+  // Elapsed times are counted in level ticks, so that ten ticks are exactly one
+  // second and a fade window of a multiple of 0.1 s has exactly that many ticks.
+  int fade_ticks_ = 1;
+  int step_ticks_ = 0;
+  bool saved_global_speed_ = false;
+  bool saved_global_fade_ = false;
+
+  std::string go_caption_ = "Go";
+  Rgb go_colour_ = kGreen;
+  int slider2_ = 0;
+  bool live_mode_sel_ = false;
+  bool live_mode_enabled_ = true;
+  ProgBar fade_bar_;
+  ProgBar step_bar_;
+};
+
+}  // namespace lumaris

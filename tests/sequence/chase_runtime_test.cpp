@@ -1,0 +1,251 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "tests/sequence/sequence_desk.h"
+
+namespace lumaris {
+
+namespace {
+
+struct LitWindow {
+  int from;  // first ms at which the level shows
+  int to;    // first ms at which it is gone
+  int level;
+};
+
+int expected_at(const std::vector<LitWindow>& windows, int ms) {
+  for (const LitWindow& w : windows) {
+    if (ms >= w.from && ms < w.to) return w.level;
+  }
+  return 0;
+}
+
+}  // namespace
+
+// Step timer 1001 ms (Speed 1 s), level timer every 100 ms from Go at 0 ms. A fresh
+// desk has Fade_Elapsed 0.1, so the first step gets four level ticks; every later
+// step gets the five of its half second.
+TEST(ChaseRuntime, EachStepIsLitForTheFirstHalfOfItsSecondOnly) {
+  SequenceDesk s;
+  s.program(4, 1.0, 0.5);
+  for (int step = 1; step <= 4; ++step) s.chase().Data[step][0] = static_cast<std::int16_t>(50 * step);
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_EQ(s.runtime().Timer1().interval(), 1001);
+  const std::vector<LitWindow> lit = {
+      {100, 500, 50}, {1100, 1600, 100}, {2100, 2600, 150}, {3100, 3600, 200}, {4100, 4600, 50}};
+  for (int ms = 1; ms <= 5000; ++ms) {
+    s.t.scheduler.advance(1);
+    ASSERT_EQ(s.out(0), expected_at(lit, ms)) << "at " << ms << " ms";
+  }
+  EXPECT_TRUE(s.runtime().Chase_Running());
+}
+
+TEST(ChaseRuntime, RepeatCountTwoPlaysThreePassesThenStops) {
+  SequenceDesk s;
+  s.program(2, 1.0, 1.0);
+  s.chase().Data[2][0] = 77;
+  s.desk->Loop_Box_Click(false);
+  s.desk->Loop_Times_Change(2);
+  ASSERT_EQ(s.chase().Loop, 2);
+  s.desk->Chase_Go_Button_Click();
+
+  s.t.scheduler.advance(2002);  // end of pass 1
+  EXPECT_EQ(s.desk->Loop_Times_txt(), "1");
+  s.t.scheduler.advance(2002);  // end of pass 2
+  EXPECT_EQ(s.desk->Loop_Times_txt(), "0");
+  s.t.scheduler.advance(2001);  // 1 ms before the end of pass 3: step 2 still lit
+  EXPECT_TRUE(s.runtime().Chase_Running());
+  EXPECT_EQ(s.desk->Cur_Step(), 2);
+  EXPECT_EQ(s.out(0), 77);
+  s.t.scheduler.advance(1);  // the counter reaches -1 and the chase stops
+  EXPECT_FALSE(s.runtime().Chase_Running());
+  EXPECT_EQ(s.runtime().Loop_Count(), 3);
+  EXPECT_EQ(s.desk->Loop_Times_txt(), "2");
+  EXPECT_EQ(s.desk->runtime().Chase_Go_Button(), "Go");
+  EXPECT_EQ(s.out(0), 0);
+  EXPECT_FALSE(s.runtime().Timer1().enabled());
+  EXPECT_FALSE(s.runtime().Timer2().enabled());
+  // An exhausted count does not move the display on.
+  EXPECT_EQ(s.desk->Cur_Step(), 2);
+}
+
+TEST(ChaseRuntime, MixesChaseChannelsByHighestAndScalesByTheMainLevel) {
+  SequenceDesk s;
+  s.program(1, 1.0, 1.0);
+  s.chase().Channels[3] = 9;
+  s.chase().Channels[7] = 9;
+  s.chase().Data[1][3] = 100;
+  s.chase().Data[1][7] = 200;
+  s.chase().Data[1][0] = 255;
+  s.desk->Slider2_Change(128);  // (255 - 128) / 255 of each level
+  s.desk->Chase_Go_Button_Click();
+  s.t.scheduler.advance(100);
+  EXPECT_EQ(s.out(9), 100);  // round(127 x 200 / 255) = round(99.6)
+  EXPECT_EQ(s.out(0), 127);
+  s.desk->Slider2_Change(0);
+  s.t.scheduler.advance(100);
+  EXPECT_EQ(s.out(9), 200);
+  s.desk->Slider2_Change(255);
+  s.t.scheduler.advance(100);
+  EXPECT_EQ(s.out(9), 0);
+  EXPECT_EQ(s.out(0), 0);
+}
+
+TEST(ChaseRuntime, AChannelSwitchedOffHoldsTheLevelItHad) {
+  SequenceDesk s;
+  s.program(3, 1.0, 0.5);
+  s.chase().Data[1][0] = 120;
+  s.chase().Fade[2][0] = kChaseOff;
+  s.chase().Data[2][0] = 7;  // not shown: the channel is off
+  for (int step = 1; step <= 3; ++step) s.chase().Fade[step][1] = kChaseOff;
+  s.chase().Data[2][1] = 99;
+  s.desk->Chase_Go_Button_Click();
+  s.t.scheduler.advance(1100);  // first level tick of step 2
+  ASSERT_EQ(s.desk->Cur_Step(), 2);
+  EXPECT_EQ(s.out(0), 120);
+  EXPECT_EQ(s.out(1), 0);  // never had a level
+  EXPECT_EQ(s.desk->channels()[0].Ch_Function, "off");
+}
+
+TEST(ChaseRuntime, StopShowsTheStepAfterTheOneThatPlayed) {
+  SequenceDesk s;
+  s.program(3, 1.0, 1.0);
+  s.chase().Data[3][2] = 40;
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_EQ(s.desk->channels()[2].Slider1, 255);  // faders show zero while running
+  s.t.scheduler.advance(1500);
+  ASSERT_EQ(s.desk->Cur_Step(), 2);
+  EXPECT_GT(s.out(0), -1);
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_FALSE(s.runtime().Chase_Running());
+  EXPECT_EQ(s.desk->Step_Display(), "3");
+  EXPECT_EQ(s.desk->channels()[2].Slider1, 255 - 40);
+  EXPECT_EQ(s.runtime().Chase_Go_Button(), "Go");
+  EXPECT_EQ(s.runtime().Chase_Go_Button_colour(), kGreen);
+  s.t.scheduler.advance(5000);
+  EXPECT_EQ(s.desk->Cur_Step(), 3);
+}
+
+TEST(ChaseRuntime, AFadeReachesItsLevelAtTheEndOfItsWindow) {
+  SequenceDesk s;
+  s.program(2, 1.0, 0.5);
+  s.chase().Data[1][0] = 0;
+  s.chase().Data[2][0] = 200;
+  s.chase().Fade[2][0] = kChaseFade;
+  s.desk->Chase_Go_Button_Click();
+  s.t.scheduler.advance(1001);
+  ASSERT_EQ(s.desk->Cur_Step(), 2);
+  EXPECT_EQ(s.desk->channels()[0].Ch_Function, "F");
+  const int expected[] = {40, 80, 120, 160, 200, 0};
+  for (int tick = 0; tick < 6; ++tick) {
+    s.t.scheduler.advance(tick == 0 ? 99 : 100);
+    EXPECT_EQ(s.out(0), expected[tick]) << "tick " << tick;
+  }
+  // Bars after the fifth tick of the window: round(0.5 x 100 / 0.6 + 1), round(0.6 x 100 / 1.1 + 1).
+  EXPECT_EQ(s.runtime().Fade_Bar().Value(), 84);
+  EXPECT_EQ(s.runtime().Step_Bar().Value(), 56);
+}
+
+TEST(ChaseRuntime, AFadeWithNoTimeJumpsAndLightsNothing) {
+  SequenceDesk s;
+  s.program(3, 1.0, 0.5);
+  s.chase().Fade[2][0] = kChaseFade;
+  s.chase().Data[2][0] = 90;
+  s.chase().Time[2] = 0;
+  s.chase().Fade[3][0] = kChaseOff;
+  s.desk->Chase_Go_Button_Click();
+  s.t.scheduler.advance(1500);
+  ASSERT_EQ(s.desk->Cur_Step(), 2);
+  EXPECT_EQ(s.out(0), 0);
+  EXPECT_EQ(s.runtime().Fade_Level(0), 90.0);
+  s.t.scheduler.advance(600);  // step 3 from 2002 ms: the off channel holds 90
+  ASSERT_EQ(s.desk->Cur_Step(), 3);
+  EXPECT_EQ(s.out(0), 90);
+}
+
+TEST(ChaseRuntime, ManualStepsWhileRunningRestartTheStepAndNeverStop) {
+  SequenceDesk s;
+  s.program(3, 1.0, 1.0);
+  s.chase().Data[3][0] = 33;
+  s.desk->Loop_Box_Click(false);  // repeat count 1
+  s.desk->Chase_Go_Button_Click();
+  s.t.scheduler.advance(1500);
+  s.desk->Chase_Plus_Click();  // onto the last step
+  EXPECT_TRUE(s.runtime().Chase_Running());
+  EXPECT_EQ(s.desk->Cur_Step(), 3);
+  EXPECT_EQ(s.desk->Prev_Step(), 2);
+  EXPECT_EQ(s.runtime().Fade_Elapsed(), 0.0);
+  s.t.scheduler.advance(100);
+  EXPECT_EQ(s.out(0), 33);
+  s.t.scheduler.advance(900);  // 2500 ms: the new step has 1001 ms from the click
+  EXPECT_EQ(s.desk->Cur_Step(), 3);
+  s.t.scheduler.advance(1);
+  EXPECT_EQ(s.desk->Cur_Step(), 1);
+  EXPECT_EQ(s.runtime().Loop_Count(), 1);
+  s.desk->Chase_Minus_Click();
+  EXPECT_EQ(s.desk->Cur_Step(), 3);
+  EXPECT_TRUE(s.runtime().Chase_Running());
+}
+
+TEST(ChaseRuntime, EditsThatWouldFightTheRunningChaseAreIgnored) {
+  SequenceDesk s;
+  s.program(2, 1.0, 1.0);
+  s.chase().Data[1][4] = 10;
+  const ChaseRec before = s.chase();
+  s.desk->Chase_Go_Button_Click();
+  s.desk->Slider1_Change(4, 0);
+  s.desk->Shift_Pos_Click();
+  s.desk->Insert_Click();
+  s.desk->Remove_Step_Click();
+  s.desk->Command_Copy_Click();
+  s.desk->Command_Paste_Click();
+  EXPECT_EQ(s.chase().Data, before.Data);
+  EXPECT_EQ(s.chase().Fade, before.Fade);
+  EXPECT_EQ(s.chase().Steps, 2);
+  EXPECT_EQ(s.desk->clipboard().Copy_Data[4], 0);
+  EXPECT_FALSE(s.t.store().Project_Changed);
+  // The time sliders act on every step of a running chase.
+  EXPECT_TRUE(s.desk->Global_Speed());
+  EXPECT_FALSE(s.desk->Global_Speed_enabled());
+  s.desk->LogSlider3().Set_From_Position(s.desk->LogSlider3().axis_top());
+  EXPECT_EQ(s.chase().Speed[0], 240.0);
+  EXPECT_EQ(s.chase().Speed[2], 240.0);
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_FALSE(s.desk->Global_Speed());  // given back
+  EXPECT_TRUE(s.desk->Global_Speed_enabled());
+}
+
+TEST(ChaseRuntime, LiveModeShowsEditsWhileStopped) {
+  SequenceDesk s;
+  s.program(1, 1.0, 1.0);
+  s.chase().Channels[2] = 40;
+  s.desk->Refresh_Desk();
+  s.desk->Live_Mode_Sel_Click(true);
+  s.desk->Slider2_Change(51);  // factor 204 / 255
+  s.desk->Slider1_Change(2, 255 - 100);
+  EXPECT_EQ(s.out(40), 80);
+  s.desk->Slider1_Change(0, 0);
+  EXPECT_EQ(s.out(0), 204);
+  // A new routing clears the old desk channel first.
+  s.desk->Text1_Change(2, "12");
+  EXPECT_EQ(s.out(40), 0);
+  s.desk->Slider1_Change(2, 255 - 100);
+  EXPECT_EQ(s.out(11), 80);
+  s.chase().Channels[5] = 50;
+  s.desk->Slider1_Change(5, 0);
+  // Switching live mode off clears desk channels 1..32 only.
+  s.desk->Live_Mode_Sel_Click(false);
+  EXPECT_EQ(s.out(0), 0);
+  EXPECT_EQ(s.out(11), 0);
+  EXPECT_EQ(s.out(50), 204);
+  // Running takes live mode away and gives it back at the stop.
+  s.desk->Live_Mode_Sel_Click(true);
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_FALSE(s.runtime().Live_Output());
+  EXPECT_FALSE(s.runtime().Live_Mode_Sel_enabled());
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_TRUE(s.runtime().Live_Output());
+}
+
+}  // namespace lumaris
