@@ -35,6 +35,7 @@ ArtConfigWindow::ArtConfigWindow(DeskApp& app)
     text1_[i]->setReadOnly(true);
     text1_[i]->setAlignment(Qt::AlignCenter);
     text1_[i]->setMaximumWidth(48);
+    text1_[i]->setFocusPolicy(Qt::NoFocus);
     button1_[i] = new QPushButton(rows);
     button1_[i]->setMinimumWidth(96);
     grid->addWidget(text1_[i], i + 1, 0);
