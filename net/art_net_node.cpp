@@ -53,6 +53,11 @@ D_ArtNet::D_ArtNet(Console& console)
   }
 }
 
+// The platform's socket outlives the console; it must not call into a node that is gone.
+D_ArtNet::~D_ArtNet() {
+  if (socket_ != nullptr) socket_->on_datagram(nullptr);
+}
+
 void D_ArtNet::Art_Log(const std::string& text) {
   if (std::ostream* out = console_.services().diagnostics) *out << text << std::endl;
 }

@@ -25,6 +25,9 @@ class D_ArtNet {
   static constexpr const char* kDestinationSetting = "artnet/destination";
 
   explicit D_ArtNet(Console& console);
+  ~D_ArtNet();
+  D_ArtNet(const D_ArtNet&) = delete;
+  D_ArtNet& operator=(const D_ArtNet&) = delete;
 
   // Sets up the socket and the destination: 1 on success, 0 when an error occurred.
   int Art_Init();

@@ -181,8 +181,8 @@ TEST(ArtNetNode, UnknownOpcodesAreLoggedAndNotAnswered) {
 }
 
 TEST(ArtNetNode, LogIsSilentWithoutVerbose) {
+  FakeUdp udp;  // the platform's socket outlives the console
   TestConsole desk;
-  FakeUdp udp;
   desk.services.art_socket = &udp;
   desk.build();
   // Nothing to capture: the log has nowhere to go and the node works as ever.
