@@ -1,5 +1,7 @@
 #include "app/command_line.h"
 
+#include "net/ipv4_address.h"
+
 namespace lumaris {
 
 std::string usage_text() {
@@ -59,6 +61,10 @@ CommandLine parse_command_line(const std::vector<std::string>& args) {
     } else if (arg == "--artnet-target") {
       const auto target = next();
       if (!target) return fail("--artnet-target needs an IPv4 address");
+      if (!target->empty() && !is_unicast_target(*target)) {
+        return fail("--artnet-target needs an IPv4 address such as 127.0.0.1, not \"" + *target +
+                    "\"");
+      }
       line.artnet_target = *target;
     } else if (arg.size() > 1 && arg[0] == '-') {
       return fail("unknown option " + arg);

@@ -1,15 +1,37 @@
 #include "app/real_platform.h"
 
+#include <QSocketNotifier>
 #include <iostream>
+
+#include "net/art_net_node.h"
 
 namespace lumaris {
 
-RealPlatform::RealPlatform(const CommandLine& line) : verbose_(line.verbose) {}
+RealPlatform::RealPlatform(const CommandLine& line) : verbose_(line.verbose) {
+  // --artnet-target is the Destination field set from the command line: it is
+  // kept, like the field, with this computer's settings. The parser has checked it.
+  if (line.artnet_target) settings_.write(D_ArtNet::kDestinationSetting, *line.artnet_target);
+  art_socket_.on_descriptor_change([this](int descriptor) { watch_art_socket(descriptor); });
+}
 
-RealPlatform::~RealPlatform() = default;
+RealPlatform::~RealPlatform() {
+  art_socket_.on_descriptor_change(nullptr);
+  art_notifier_.reset();
+}
+
+void RealPlatform::watch_art_socket(int descriptor) {
+  art_notifier_.reset();
+  if (descriptor < 0) return;
+  art_notifier_ = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
+  // The node turns each datagram into a desk event of its own (Scheduler::post).
+  QObject::connect(art_notifier_.get(), &QSocketNotifier::activated,
+                   [this] { art_socket_.read_pending(); });
+}
 
 void RealPlatform::fill(PlatformServices& services) {
   services.diagnostics = verbose_ ? &std::cerr : nullptr;
+  services.art_socket = &art_socket_;
+  services.settings = &settings_;
 }
 
 }  // namespace lumaris

@@ -1,12 +1,19 @@
 #pragma once
 
+#include <memory>
+
 #include "app/command_line.h"
 #include "core/console.h"
+#include "platform/linux/posix_udp_socket.h"
+#include "platform/qt/qt_settings.h"
+
+class QSocketNotifier;
 
 namespace lumaris {
 
 // The product's own hardware and network seams (FTDI, parallel port, vendor
 // libraries, the Art-Net socket, settings), owned for the life of the program.
+// Needs the Qt application object to exist.
 class RealPlatform {
  public:
   explicit RealPlatform(const CommandLine& line);
@@ -18,7 +25,12 @@ class RealPlatform {
   void fill(PlatformServices& services);
 
  private:
+  void watch_art_socket(int descriptor);
+
   bool verbose_ = false;
+  QtSettings settings_;
+  PosixUdpSocket art_socket_;
+  std::unique_ptr<QSocketNotifier> art_notifier_;
 };
 
 }  // namespace lumaris

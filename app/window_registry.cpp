@@ -5,6 +5,7 @@
 #include "app/output_monitor_window.h"
 #include "app/patch_editor_window.h"
 #include "app/project_info_window.h"
+#include "app/art_config_window.h"
 
 namespace lumaris {
 
@@ -16,6 +17,7 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<OutputMonitorWindow>(app));
   windows.push_back(std::make_unique<ProjectInfoWindow>(app));
   windows.push_back(std::make_unique<ChasesWindow>(app));
+  windows.push_back(std::make_unique<ArtConfigWindow>(app));
   return windows;
 }
 

@@ -1,9 +1,144 @@
 #include "net/art_config.h"
 
 #include "core/console.h"
+#include "core/main_desk.h"
+#include "core/output_cycle.h"
+#include "net/art_net_node.h"
+#include "platform/dialogs.h"
+#include "platform/scheduler.h"
 
 namespace lumaris {
 
-Art_Config::Art_Config(Console& console) : Window("Art Net Setup"), console_(console) {}
+namespace {
+constexpr const char* kCaption = "Art Net Setup";
+constexpr const char* kEnable = "Enable";
+constexpr const char* kDisable = "Disable";
+constexpr const char* kText2Ok = " Art Net OK";
+constexpr const char* kStatusOk = " ART NET OK ";
+constexpr const char* kText2Loading = " Loading.......";
+constexpr const char* kStatusLoading = " ART NET Loading.......";
+constexpr const char* kText2Failed =
+    " ! Art-Net Failed, Maybe another Art-Net program has the open?";
+constexpr const char* kStatusFailed = " Art-Net Failed";
+constexpr const char* kInitialized = " Art-Net Initialized";
+constexpr const char* kNotSending = " Not sending";
+constexpr const char* kSendingTo = " Sending to ";
+constexpr const char* kOnPort = " port 6454";
+constexpr const char* kAutomatic = " (automatic)";
+constexpr const char* kBadDestination =
+    "Not an IPv4 address: \"%\".\nType four numbers 0-255 separated by dots, such as "
+    "127.0.0.1, or leave the field empty to send to the broadcast address automatically.";
+// Rows 0..8 count, as they always have; only 0..7 have buttons.
+constexpr int kRowsThatRun = 9;
+}  // namespace
+
+Art_Config::Art_Config(Console& console) : Window(kCaption), console_(console) {
+  destination_text_ = console_.art_net().destination();
+}
+
+void Art_Config::Form_Load() {
+  for (int i = 0; i < kRows; ++i) {
+    rows_[i].text1 = std::to_string(i);
+    rows_[i].caption = kEnable;
+  }
+  Refresh_Buttons();
+  destination_text_ = console_.art_net().destination();
+  start_node();
+}
+
+void Art_Config::start_node() {
+  D_ArtNet& node = console_.art_net();
+  StatusLines& status = console_.status();
+  if (node.Art_Net_OK()) {
+    text2_ = kText2Ok;
+    status.show_both(kStatusOk);
+    return;
+  }
+  text2_ = kText2Loading;
+  status.show_both(kStatusLoading);
+  if (node.Art_Init() == 0) {
+    text2_ = kText2Failed;
+    status.show_both(kStatusFailed);
+    node.set_Art_Net_OK(false);
+  } else {
+    text2_ = kInitialized;
+    status.show_both(kInitialized);
+    node.set_Art_Net_OK(true);
+  }
+}
+
+void Art_Config::Refresh_Buttons() {
+  const Store& store = console_.store();
+  for (int i = 0; i < kRows; ++i) {
+    const bool enabled = store.Art_Universes[i].Enable;
+    rows_[i].caption = enabled ? kDisable : kEnable;
+    rows_[i].colour = enabled ? kGreen : kRed;
+  }
+}
+
+void Art_Config::Update_Send_Timer() {
+  const Store& store = console_.store();
+  bool any = false;
+  for (int i = 0; i < kRowsThatRun; ++i) any = any || store.Art_Universes[i].Enable;
+  Timer& art_time = console_.output_cycle().Art_Time();
+  Hoofdblad& desk = console_.main_desk();
+  if (any) {
+    art_time.set_interval(OutputCycle::kArtInterval);
+    art_time.set_enabled(true);
+    desk.set_Picture1(kBlack);
+    desk.set_Art_Label_enabled(true);
+  } else {
+    art_time.set_enabled(false);
+    desk.set_Picture1(Paint{});
+    desk.set_Art_Label_enabled(false);
+    console_.art_net().set_Art_Net_OK(false);  // the next opening initialises again
+  }
+}
+
+void Art_Config::Button1_Click(int index) {
+  if (index < 0 || index >= kRows) return;
+  ArtUniverse& row = console_.store().Art_Universes[index];
+  if (row.Enable) {
+    row.Enable = false;
+  } else {
+    row.Enable = true;
+    row.Universe = static_cast<std::uint8_t>(index);
+  }
+  Refresh_Buttons();
+  Update_Send_Timer();
+}
+
+void Art_Config::Command1_Click() { Hide(); }
+
+void Art_Config::Start_From_Show() {
+  const Store& store = console_.store();
+  bool any = false;
+  for (int i = 0; i < kRowsThatRun; ++i) any = any || store.Art_Universes[i].Enable;
+  Refresh_Buttons();
+  if (any) start_node();
+  Update_Send_Timer();
+}
+
+void Art_Config::Destination_Set_Click() {
+  D_ArtNet& node = console_.art_net();
+  const auto first = destination_text_.find_first_not_of(" \t");
+  const auto last = destination_text_.find_last_not_of(" \t");
+  destination_text_ =
+      first == std::string::npos ? std::string() : destination_text_.substr(first, last - first + 1);
+  if (!node.set_destination(destination_text_)) {
+    std::string text = kBadDestination;
+    text.replace(text.find('%'), 1, destination_text_);
+    console_.dialogs().message(
+        {kDestinationTitle, text, MessageIcon::Exclamation, MessageButtons::Ok, MessageResult::Ok});
+  }
+  destination_text_ = node.destination();
+}
+
+std::string Art_Config::Destination_Status() const {
+  const D_ArtNet& node = console_.art_net();
+  if (node.Art_Broadcast().empty()) return kNotSending;
+  return kSendingTo + node.Art_Broadcast() + kOnPort +
+         (node.destination().empty() ? kAutomatic : "");
+}
 
 }  // namespace lumaris

@@ -1,22 +1,59 @@
 #pragma once
 
+#include <array>
+#include <string>
+
+#include "core/colour.h"
 #include "core/window.h"
 
 namespace lumaris {
 
 class Console;
 
-// The Art-Net set-up window.
+// The Art-Net set-up window: eight output rows, each sending the desk's frame on
+// its own universe, the node's state in Text2, and where the packets go.
 class Art_Config : public Window {
  public:
+  static constexpr int kRows = 8;
+  static constexpr const char* kDestinationTitle = " Art-Net Destination";
+
   explicit Art_Config(Console& console);
-  bool available() const { return false; }
-  void Form_Load() {}
+  bool available() const { return true; }
+
+  // Opening the window: starts the node unless it is running.
+  void Form_Load();
+  void Button1_Click(int index);
+  void Command1_Click();  // closes the window
   // A loaded show that enables rows starts the node the same way opening the window does.
-  void Start_From_Show() {}
+  void Start_From_Show();
+
+  // The Destination field: typed text, applied with the Set button (or Enter).
+  void Destination_Change(const std::string& text) { destination_text_ = text; }
+  void Destination_Set_Click();
+
+  const std::string& Text1(int i) const { return rows_[i].text1; }
+  const std::string& Button1(int i) const { return rows_[i].caption; }
+  Paint Button1_colour(int i) const { return rows_[i].colour; }
+  const std::string& Text2() const { return text2_; }
+  const std::string& Destination() const { return destination_text_; }
+  // Where the node sends now, for the operator.
+  std::string Destination_Status() const;
 
  private:
+  struct Row {
+    std::string text1;
+    std::string caption = "Enable";
+    Paint colour;
+  };
+
+  void start_node();
+  void Refresh_Buttons();
+  void Update_Send_Timer();
+
   Console& console_;
+  std::array<Row, kRows> rows_{};
+  std::string text2_;
+  std::string destination_text_;
 };
 
 }  // namespace lumaris

@@ -1,9 +1,164 @@
 #include "net/art_net_node.h"
 
+#include <algorithm>
+#include <ostream>
+#include <vector>
+
 #include "core/console.h"
+#include "core/main_desk.h"
+#include "net/art_net_packets.h"
+#include "net/ipv4_address.h"
+#include "platform/scheduler.h"
+#include "platform/settings.h"
+#include "platform/udp_socket.h"
 
 namespace lumaris {
 
-D_ArtNet::D_ArtNet(Console& console) : console_(console) {}
+namespace {
+constexpr const char* kLogNet10 = "Art-Net 10.x.x.x BCAST: ";
+constexpr const char* kLogNet2 = "Art-Net 2.x.x.x BCAST: ";
+constexpr const char* kLogNotConfigured = "Network not configured for Art-Net";
+constexpr const char* kLogSetAddress = "Please set IP address to 10.x.x.x or 2.x.x.x!!!!";
+constexpr const char* kLogStarted = "Art-Net Node Started...";
+constexpr const char* kLogInitError = "! Art-Net Init Error: ";
+constexpr const char* kLogPoll = "ArtPoll Recieved";
+constexpr const char* kLogUnknownOpCode = "Art-Net: NYI OpCode : 0x";
+constexpr const char* kLogDestination = "Art-Net destination set on this computer: ";
+constexpr const char* kLogBadSetting = "Art-Net destination setting ignored, not an address: ";
+constexpr const char* kNoSocket = "no network socket on this computer";
+
+constexpr const char* kBroadcast10 = "10.255.255.255";
+constexpr const char* kBroadcast2 = "2.255.255.255";
+constexpr const char* kLimitedBroadcast = "255.255.255.255";
+}  // namespace
+
+D_ArtNet::D_ArtNet(Console& console)
+    : console_(console), socket_(console.services().art_socket) {
+  if (socket_ != nullptr) {
+    // Datagrams become desk events of their own, whatever thread the socket uses.
+    socket_->on_datagram([this](std::span<const std::uint8_t> datagram) {
+      console_.scheduler().post(
+          [this, bytes = std::vector<std::uint8_t>(datagram.begin(), datagram.end())] {
+            Art_Receive(bytes);
+          });
+    });
+  }
+  if (Settings* settings = console.services().settings) {
+    const std::string stored = settings->read(kDestinationSetting).value_or("");
+    if (stored.empty() || is_unicast_target(stored)) {
+      destination_ = stored;
+    } else {
+      Art_Log(kLogBadSetting + stored);
+    }
+  }
+}
+
+// The platform's socket outlives the console; it must not call into a node that is gone.
+D_ArtNet::~D_ArtNet() {
+  if (socket_ != nullptr) socket_->on_datagram(nullptr);
+}
+
+void D_ArtNet::Art_Log(const std::string& text) {
+  if (std::ostream* out = console_.services().diagnostics) *out << text << std::endl;
+}
+
+int D_ArtNet::Art_Init() {
+  art_broadcast_.clear();
+  automatic_broadcast_.clear();
+  if (socket_ == nullptr) {
+    Art_Log(std::string(kLogInitError) + kNoSocket);
+    return 0;
+  }
+  // Broadcast stays off until a broadcast destination is chosen below.
+  socket_->set_broadcast(false);
+  if (const auto error = socket_->bind(artnet::kPort)) {
+    Art_Log(kLogInitError + *error);
+    return 0;
+  }
+  socket_->set_remote_port(artnet::kPort);
+  const std::string local = socket_->local_address();
+  const std::string first = local.substr(0, local.find('.'));
+  if (first == "10") {
+    automatic_broadcast_ = kBroadcast10;
+    Art_Log(kLogNet10 + automatic_broadcast_);
+  } else if (first == "2") {
+    automatic_broadcast_ = kBroadcast2;
+    Art_Log(kLogNet2 + automatic_broadcast_);
+  } else {
+    Art_Log(kLogNotConfigured);
+    Art_Log(kLogSetAddress);
+    automatic_broadcast_ = kLimitedBroadcast;
+  }
+  apply_destination();
+  Art_Log(kLogStarted);
+  return 1;
+}
+
+void D_ArtNet::apply_destination() {
+  if (automatic_broadcast_.empty()) return;  // not started: nothing is sent
+  if (destination_.empty()) {
+    art_broadcast_ = automatic_broadcast_;
+    socket_->set_broadcast(true);
+  } else {
+    art_broadcast_ = destination_;
+    socket_->set_broadcast(false);
+    Art_Log(kLogDestination + destination_);
+  }
+  socket_->set_remote_host(art_broadcast_);
+}
+
+bool D_ArtNet::set_destination(const std::string& text) {
+  if (!text.empty() && !is_unicast_target(text)) return false;
+  destination_ = text;
+  if (Settings* settings = console_.services().settings) {
+    if (text.empty()) {
+      settings->remove(kDestinationSetting);
+    } else {
+      settings->write(kDestinationSetting, text);
+    }
+  }
+  apply_destination();
+  return true;
+}
+
+void D_ArtNet::send(std::span<const std::uint8_t> packet) {
+  if (art_broadcast_.empty() || socket_ == nullptr) return;
+  socket_->set_remote_host(art_broadcast_);
+  socket_->send(packet);
+}
+
+void D_ArtNet::Art_Send_Dmx(int universe, const std::array<std::uint8_t, kDmxSlots + 1>& frame) {
+  const auto packet = artnet::build_dmx(static_cast<std::uint8_t>(universe),
+                                        std::span<const std::uint8_t, artnet::dmx::kSlots>(
+                                            frame.data(), artnet::dmx::kSlots));
+  send(packet);
+}
+
+void D_ArtNet::Art_Send_Poll_Reply() {
+  artnet::PollReplyFields fields;
+  fields.node_address = art_node_address_;
+  fields.short_name = kShortName;
+  fields.long_name = console_.main_desk().caption();
+  fields.node_report = kNodeReport;
+  fields.node_universe = art_node_universe_;
+  send(artnet::build_poll_reply(fields));
+}
+
+void D_ArtNet::Art_Receive(std::span<const std::uint8_t> packet) {
+  if (packet.size() < artnet::header::kSize || !artnet::has_id(packet)) return;
+  const std::uint16_t op = artnet::opcode(packet);
+  if (packet.size() < artnet::minimum_size(op)) return;
+  art_packet_seen_ = true;
+  if (op == artnet::kOpPoll) {
+    Art_Log(kLogPoll);
+    last_poll_.fill(0);
+    std::copy_n(packet.begin(), std::min(packet.size(), last_poll_.size()), last_poll_.begin());
+    Art_Send_Poll_Reply();
+  } else if (op == artnet::kOpDmx) {
+    if (artnet::dmx_universe(packet) == art_node_universe_) art_dmx_seen_ = true;
+  } else {
+    Art_Log(kLogUnknownOpCode + std::to_string(static_cast<std::int16_t>(op)));
+  }
+}
 
 }  // namespace lumaris

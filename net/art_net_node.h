@@ -2,21 +2,70 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
 
 #include "core/store.h"
 
 namespace lumaris {
 
 class Console;
+class UdpSocket;
 
-// The Art-Net node.
+// The Art-Net node: sends the desk's frame as ArtDmx, answers ArtPoll with an
+// ArtPollReply and notes what it hears. The socket comes from the platform; the
+// destination is the broadcast address chosen from the local address, unless the
+// operator set one in this computer's settings.
 class D_ArtNet {
  public:
+  static constexpr const char* kShortName = "Lumaris";
+  static constexpr const char* kNodeReport = "OK";
+  // The settings key of the operator's destination; absent or empty = automatic.
+  static constexpr const char* kDestinationSetting = "artnet/destination";
+
   explicit D_ArtNet(Console& console);
-  void Art_Send_Dmx(int /*universe*/, const std::array<std::uint8_t, kDmxSlots + 1>& /*frame*/) {}
+  ~D_ArtNet();
+  D_ArtNet(const D_ArtNet&) = delete;
+  D_ArtNet& operator=(const D_ArtNet&) = delete;
+
+  // Sets up the socket and the destination: 1 on success, 0 when an error occurred.
+  int Art_Init();
+  // One received datagram, any bytes at all.
+  void Art_Receive(std::span<const std::uint8_t> packet);
+  void Art_Send_Dmx(int universe, const std::array<std::uint8_t, kDmxSlots + 1>& frame);
+  void Art_Send_Poll_Reply();
+  // The node's diagnostic log: silent unless the program was asked to be verbose.
+  void Art_Log(const std::string& text);
+
+  bool Art_Net_OK() const { return art_net_ok_; }
+  void set_Art_Net_OK(bool ok) { art_net_ok_ = ok; }
+  // Where every packet goes; empty until Art_Init has succeeded (nothing is sent).
+  const std::string& Art_Broadcast() const { return art_broadcast_; }
+  std::uint32_t Art_Node_Universe() const { return art_node_universe_; }
+  bool Art_Packet_Seen() const { return art_packet_seen_; }
+  bool Art_Dmx_Seen() const { return art_dmx_seen_; }
+
+  // The operator's destination: empty = automatic. False (and nothing changes)
+  // when the text is not an IPv4 address a packet can be sent to.
+  bool set_destination(const std::string& text);
+  const std::string& destination() const { return destination_; }
 
  private:
+  void apply_destination();
+  void send(std::span<const std::uint8_t> packet);
+
   Console& console_;
+  UdpSocket* socket_ = nullptr;
+  bool art_net_ok_ = false;
+  std::string art_broadcast_;
+  std::string automatic_broadcast_;
+  std::string destination_;
+  std::uint32_t art_node_universe_ = 0;
+  std::array<std::uint8_t, 6> art_node_address_{};
+  bool art_packet_seen_ = false;
+  bool art_dmx_seen_ = false;
+  std::array<std::uint8_t, 14> last_poll_{};
 };
 
 }  // namespace lumaris

@@ -1,10 +1,40 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+
 namespace lumaris {
 
+// One IPv4 UDP socket, as the Art-Net node needs it.
 class UdpSocket {
  public:
+  using DatagramHandler = std::function<void(std::span<const std::uint8_t>)>;
+
   virtual ~UdpSocket() = default;
+
+  // Binds to `port` on every local address, or on `local_address` when one is
+  // given; a socket that is already bound is closed first. Returns the error's
+  // description, nothing on success.
+  virtual std::optional<std::string> bind(std::uint16_t port,
+                                          const std::string& local_address = {}) = 0;
+  virtual void close() = 0;
+
+  // The first non-loopback IPv4 address of an interface that is up; empty when
+  // there is none.
+  virtual std::string local_address() const = 0;
+
+  virtual void set_remote_host(const std::string& host) = 0;
+  virtual void set_remote_port(std::uint16_t port) = 0;
+  // Whether datagrams may go to broadcast addresses at all. Off until asked for.
+  virtual void set_broadcast(bool allowed) = 0;
+  // Sends one datagram to the remote host and port; errors are dropped.
+  virtual void send(std::span<const std::uint8_t> datagram) = 0;
+
+  // Called once per arrived datagram, on the thread that owns the socket.
+  virtual void on_datagram(DatagramHandler handler) = 0;
 };
 
 }  // namespace lumaris

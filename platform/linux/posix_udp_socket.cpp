@@ -1,0 +1,126 @@
+#include "platform/linux/posix_udp_socket.h"
+
+#include <arpa/inet.h>
+#include <ifaddrs.h>
+#include <net/if.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+namespace lumaris {
+
+namespace {
+constexpr std::size_t kReceiveBuffer = 2048;  // larger than any Art-Net packet
+}
+
+std::string choose_local_address(const std::vector<InterfaceAddress>& interfaces) {
+  for (const InterfaceAddress& entry : interfaces) {
+    if (entry.up && !entry.loopback && !entry.ipv4.empty()) return entry.ipv4;
+  }
+  return {};
+}
+
+PosixUdpSocket::~PosixUdpSocket() { close(); }
+
+std::optional<std::string> PosixUdpSocket::bind(std::uint16_t port,
+                                                const std::string& local_address) {
+  close();
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_port = htons(port);
+  address.sin_addr.s_addr = htonl(INADDR_ANY);
+  if (!local_address.empty() && inet_pton(AF_INET, local_address.c_str(), &address.sin_addr) != 1) {
+    return "not a local IPv4 address: " + local_address;
+  }
+  const int fd = ::socket(AF_INET, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+  if (fd < 0) return std::string(std::strerror(errno));
+  if (::bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+    const int error = errno;
+    ::close(fd);
+    return std::string(std::strerror(error));
+  }
+  fd_ = fd;
+  apply_broadcast();
+  if (listener_) listener_(fd_);
+  return std::nullopt;
+}
+
+void PosixUdpSocket::close() {
+  if (fd_ < 0) return;
+  ::close(fd_);
+  fd_ = -1;
+  if (listener_) listener_(-1);
+}
+
+std::string PosixUdpSocket::local_address() const {
+  ifaddrs* list = nullptr;
+  if (getifaddrs(&list) != 0) return {};
+  std::vector<InterfaceAddress> interfaces;
+  for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next) {
+    InterfaceAddress item;
+    item.up = (entry->ifa_flags & IFF_UP) != 0;
+    item.loopback = (entry->ifa_flags & IFF_LOOPBACK) != 0;
+    if (entry->ifa_addr != nullptr && entry->ifa_addr->sa_family == AF_INET) {
+      std::array<char, INET_ADDRSTRLEN> text{};
+      const auto* v4 = reinterpret_cast<const sockaddr_in*>(entry->ifa_addr);
+      if (inet_ntop(AF_INET, &v4->sin_addr, text.data(), text.size()) != nullptr) {
+        item.ipv4 = text.data();
+      }
+    }
+    interfaces.push_back(item);
+  }
+  freeifaddrs(list);
+  return choose_local_address(interfaces);
+}
+
+void PosixUdpSocket::set_remote_host(const std::string& host) {
+  in_addr address{};
+  if (inet_pton(AF_INET, host.c_str(), &address) == 1) {
+    remote_host_ = address;
+  } else {
+    remote_host_.reset();
+  }
+}
+
+void PosixUdpSocket::set_broadcast(bool allowed) {
+  broadcast_allowed_ = allowed;
+  apply_broadcast();
+}
+
+void PosixUdpSocket::apply_broadcast() {
+  if (fd_ < 0) return;
+  const int on = broadcast_allowed_ ? 1 : 0;
+  ::setsockopt(fd_, SOL_SOCKET, SO_BROADCAST, &on, sizeof on);
+}
+
+void PosixUdpSocket::send(std::span<const std::uint8_t> datagram) {
+  if (fd_ < 0 || !remote_host_) return;
+  if (!broadcast_allowed_ && remote_host_->s_addr == htonl(INADDR_BROADCAST)) {
+    last_send_error_ = EACCES;
+    return;
+  }
+  sockaddr_in to{};
+  to.sin_family = AF_INET;
+  to.sin_port = htons(remote_port_);
+  to.sin_addr = *remote_host_;
+  const ssize_t sent = ::sendto(fd_, datagram.data(), datagram.size(), MSG_NOSIGNAL,
+                                reinterpret_cast<const sockaddr*>(&to), sizeof to);
+  last_send_error_ = sent < 0 ? errno : 0;
+}
+
+void PosixUdpSocket::read_pending() {
+  std::array<std::uint8_t, kReceiveBuffer> buffer{};
+  while (fd_ >= 0) {
+    const ssize_t size = ::recv(fd_, buffer.data(), buffer.size(), 0);
+    if (size < 0) {
+      if (errno == EINTR) continue;
+      return;  // EAGAIN: all read; other errors are dropped like the datagram
+    }
+    if (handler_) handler_(std::span<const std::uint8_t>(buffer.data(), static_cast<std::size_t>(size)));
+  }
+}
+
+}  // namespace lumaris

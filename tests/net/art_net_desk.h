@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "core/main_desk.h"
+#include "core/output_cycle.h"
+#include "net/art_config.h"
+#include "net/art_net_node.h"
+#include "tests/support/fake_udp.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/test_console.h"
+
+namespace lumaris {
+
+// A desk with a fake Art-Net socket, settings in memory and the node's log captured.
+struct ArtNetDesk {
+  FakeUdp udp;
+  MemorySettings settings;
+  std::ostringstream log;
+  TestConsole desk;
+
+  ArtNetDesk() {
+    desk.services.art_socket = &udp;
+    desk.services.settings = &settings;
+    desk.services.diagnostics = &log;
+  }
+  Console& build() { return desk.build(); }
+  Console& console() { return *desk.console; }
+  Store& store() { return desk.store(); }
+  D_ArtNet& node() { return console().art_net(); }
+  Art_Config& config() { return console().art_config(); }
+  Hoofdblad& main_desk() { return console().main_desk(); }
+
+  // The operator opens "Art Net Setup" from the main desk's menu.
+  void open_setup() { main_desk().Menu_Click("Art_setup"); }
+  // A datagram arrives; it is handled as a desk event of its own.
+  void arrive(const std::vector<std::uint8_t>& datagram) {
+    udp.deliver(datagram);
+    desk.scheduler.run_posted();
+  }
+};
+
+// "Art-Net", its zero byte and an opcode (low byte first), then `rest`.
+inline std::vector<std::uint8_t> art_packet(std::uint16_t opcode, std::size_t size) {
+  std::vector<std::uint8_t> packet{'A', 'r', 't', '-', 'N', 'e', 't', 0x00,
+                                   static_cast<std::uint8_t>(opcode & 0xFF),
+                                   static_cast<std::uint8_t>(opcode >> 8)};
+  packet.resize(size, 0);
+  return packet;
+}
+
+}  // namespace lumaris

@@ -1,0 +1,231 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/net/art_net_desk.h"
+
+namespace lumaris {
+
+namespace {
+
+std::uint8_t universe_of(const FakeUdp::Sent& packet) { return packet.bytes[14]; }
+
+std::vector<std::uint8_t> data_of(const FakeUdp::Sent& packet) {
+  return {packet.bytes.begin() + 18, packet.bytes.end()};
+}
+
+bool logged(const ArtNetDesk& t, const std::string& line) {
+  return t.log.str().find(line + "\n") != std::string::npos;
+}
+
+}  // namespace
+
+TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMilliseconds) {
+  ArtNetDesk t;
+  t.build();
+  t.main_desk().Command1_Click(0);  // channel 1 full: DMX 1
+  t.main_desk().Slider1_Change(4, 255 - 77);  // channel 5 at 77: DMX 5
+  t.open_setup();
+  t.config().Button1_Click(0);
+  t.config().Button1_Click(3);
+
+  t.desk.scheduler.advance(100);
+  ASSERT_EQ(t.udp.sent().size(), 2u);
+  const auto& first = t.udp.sent()[0];
+  const auto& second = t.udp.sent()[1];
+  EXPECT_EQ(first.bytes.size(), 530u);
+  EXPECT_EQ(second.bytes.size(), 530u);
+  EXPECT_EQ(universe_of(first), 0);
+  EXPECT_EQ(universe_of(second), 3);
+  EXPECT_EQ(data_of(first), data_of(second));
+  EXPECT_EQ(data_of(first)[0], 255);
+  EXPECT_EQ(data_of(first)[4], 77);
+  EXPECT_EQ(first.host, "255.255.255.255");
+  EXPECT_EQ(first.port, 6454);
+
+  t.desk.scheduler.advance(99);
+  EXPECT_EQ(t.udp.sent().size(), 2u);
+  t.desk.scheduler.advance(1);
+  EXPECT_EQ(t.udp.sent().size(), 4u);
+}
+
+TEST(ArtNetNode, IndicatorBlinksWhileRowsRunAndStopsWithTheLastRow) {
+  ArtNetDesk t;
+  t.build();
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{});
+  EXPECT_FALSE(t.main_desk().Art_Label_enabled());
+  t.open_setup();
+  t.config().Button1_Click(2);
+  t.config().Button1_Click(5);
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{kBlack});
+  EXPECT_TRUE(t.main_desk().Art_Label_enabled());
+  t.desk.scheduler.advance(100);
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen});
+  t.desk.scheduler.advance(100);
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{kBlack});
+
+  t.config().Button1_Click(2);
+  EXPECT_TRUE(t.console().output_cycle().Art_Time().enabled());
+  t.config().Button1_Click(5);  // the last one
+  EXPECT_FALSE(t.console().output_cycle().Art_Time().enabled());
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{});
+  EXPECT_FALSE(t.main_desk().Art_Label_enabled());
+  EXPECT_FALSE(t.node().Art_Net_OK());
+  t.udp.clear_sent();
+  t.desk.scheduler.advance(1000);
+  EXPECT_TRUE(t.udp.sent().empty());
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{});
+}
+
+TEST(ArtNetNode, BroadcastAddressFollowsTheLocalAddress) {
+  struct Case {
+    const char* local;
+    const char* broadcast;
+    const char* log;
+  };
+  const Case cases[] = {
+      {"192.168.1.5", "255.255.255.255", "Please set IP address to 10.x.x.x or 2.x.x.x!!!!"},
+      {"10.0.4.17", "10.255.255.255", "Art-Net 10.x.x.x BCAST: 10.255.255.255"},
+      {"2.3.4.5", "2.255.255.255", "Art-Net 2.x.x.x BCAST: 2.255.255.255"},
+      {"100.1.1.1", "255.255.255.255", "Network not configured for Art-Net"},
+      {"", "255.255.255.255", "Network not configured for Art-Net"},  // no interface up
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.local);
+    ArtNetDesk t;
+    t.udp.set_local(c.local);
+    t.build();
+    EXPECT_EQ(t.node().Art_Broadcast(), "");  // nothing goes anywhere before the set-up
+    EXPECT_EQ(t.node().Art_Init(), 1);
+    EXPECT_EQ(t.node().Art_Broadcast(), c.broadcast);
+    EXPECT_EQ(t.udp.bound_port(), 6454);
+    EXPECT_TRUE(t.udp.broadcast_allowed());
+    EXPECT_TRUE(logged(t, c.log));
+    EXPECT_TRUE(logged(t, "Art-Net Node Started..."));
+  }
+}
+
+TEST(ArtNetNode, PortTakenFailsTheSetUpAndTheDeskKeepsRunning) {
+  ArtNetDesk t;
+  t.build();
+  t.udp.fail_next_bind("Address already in use");
+  t.open_setup();
+  EXPECT_EQ(t.config().Text2(), " ! Art-Net Failed, Maybe another Art-Net program has the open?");
+  EXPECT_EQ(t.console().status().main(), " Art-Net Failed");
+  EXPECT_EQ(t.console().status().playback(), " Art-Net Failed");
+  EXPECT_FALSE(t.node().Art_Net_OK());
+  EXPECT_TRUE(logged(t, "! Art-Net Init Error: Address already in use"));
+
+  t.config().Button1_Click(0);
+  t.main_desk().Command1_Click(0);
+  t.desk.scheduler.advance(500);
+  EXPECT_TRUE(t.udp.sent().empty());
+  EXPECT_EQ(t.store().DMX_Out[0], 255);  // the output cycle goes on
+  EXPECT_EQ(t.main_desk().Picture2(), kGreen);
+
+  t.open_setup();  // the operator retries once the other program is gone
+  EXPECT_EQ(t.config().Text2(), " Art-Net Initialized");
+  t.desk.scheduler.advance(100);
+  EXPECT_EQ(t.udp.sent().size(), 1u);
+}
+
+TEST(ArtNetNode, NodeWithoutASocketFailsLikeATakenPort) {
+  TestConsole desk;
+  desk.build();
+  EXPECT_EQ(desk.console->art_net().Art_Init(), 0);
+  desk.console->art_config().Form_Load();
+  EXPECT_EQ(desk.console->art_config().Text2(),
+            " ! Art-Net Failed, Maybe another Art-Net program has the open?");
+}
+
+TEST(ArtNetNode, ReceivingNotesArtNetPacketsAndIgnoresTheRest) {
+  ArtNetDesk t;
+  t.build();
+  t.open_setup();
+
+  auto no_zero = art_packet(0x2000, 14);
+  no_zero[7] = 'X';  // "Art-Net" followed by something other than its zero byte
+  t.arrive(no_zero);
+  t.arrive(std::vector<std::uint8_t>{'A', 'r', 't', '-', 'N', 'e', 't', 0x00, 0x00});  // 9 bytes
+  t.arrive(art_packet(0x5000, 529));  // one byte short of an ArtDmx
+  t.arrive({});
+  EXPECT_FALSE(t.node().Art_Packet_Seen());
+  EXPECT_FALSE(t.node().Art_Dmx_Seen());
+  EXPECT_TRUE(t.udp.sent().empty());
+
+  auto other_universe = art_packet(0x5000, 530);
+  other_universe[14] = 1;
+  t.arrive(other_universe);
+  EXPECT_TRUE(t.node().Art_Packet_Seen());
+  EXPECT_FALSE(t.node().Art_Dmx_Seen());
+  auto high_byte = art_packet(0x5000, 530);
+  high_byte[15] = 1;  // universe 256, not 0
+  t.arrive(high_byte);
+  EXPECT_FALSE(t.node().Art_Dmx_Seen());
+  t.arrive(art_packet(0x5000, 530));
+  EXPECT_TRUE(t.node().Art_Dmx_Seen());
+  EXPECT_TRUE(t.udp.sent().empty());  // levels received are not used, nothing answered
+}
+
+TEST(ArtNetNode, UnknownOpcodesAreLoggedAndNotAnswered) {
+  ArtNetDesk t;
+  t.build();
+  t.open_setup();
+  t.arrive(art_packet(0x2100, 239));  // another node's ArtPollReply
+  t.arrive(art_packet(0x8000, 10));
+  EXPECT_TRUE(t.udp.sent().empty());
+  EXPECT_TRUE(t.node().Art_Packet_Seen());
+  EXPECT_TRUE(logged(t, "Art-Net: NYI OpCode : 0x8448"));
+  EXPECT_TRUE(logged(t, "Art-Net: NYI OpCode : 0x-32768"));  // read as a signed 16-bit number
+}
+
+TEST(ArtNetNode, LogIsSilentWithoutVerbose) {
+  FakeUdp udp;  // the platform's socket outlives the console
+  TestConsole desk;
+  desk.services.art_socket = &udp;
+  desk.build();
+  // Nothing to capture: the log has nowhere to go and the node works as ever.
+  EXPECT_EQ(desk.console->art_net().Art_Init(), 1);
+  udp.deliver(art_packet(0x2000, 14));
+  desk.scheduler.run_posted();
+  EXPECT_EQ(udp.sent().size(), 1u);
+}
+
+TEST(ArtNetNode, ALoadedShowStartsTheNodeAsOpeningTheWindowWould) {
+  ArtNetDesk t;
+  t.build();
+  std::vector<std::string> statuses;
+  t.console().status().on_main_change([&](const std::string& s) { statuses.push_back(s); });
+  t.store().Art_Universes[1] = {true, 1};
+  t.store().Art_Universes[6] = {true, 6};
+  t.config().Start_From_Show();
+
+  EXPECT_EQ(statuses, (std::vector<std::string>{" ART NET Loading.......", " Art-Net Initialized"}));
+  EXPECT_TRUE(t.node().Art_Net_OK());
+  EXPECT_TRUE(t.console().output_cycle().Art_Time().enabled());
+  EXPECT_EQ(t.console().output_cycle().Art_Time().interval(), 100);
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{kBlack});
+  EXPECT_FALSE(t.config().visible());
+  t.desk.scheduler.advance(100);
+  ASSERT_EQ(t.udp.sent().size(), 2u);
+  EXPECT_EQ(universe_of(t.udp.sent()[0]), 1);
+  EXPECT_EQ(universe_of(t.udp.sent()[1]), 6);
+
+  t.open_setup();  // the window then shows the running node
+  EXPECT_EQ(t.config().Text2(), " Art Net OK");
+  EXPECT_EQ(t.console().status().main(), " ART NET OK ");
+  EXPECT_EQ(t.console().status().playback(), " ART NET OK ");
+  EXPECT_EQ(t.config().Button1(1), "Disable");
+}
+
+TEST(ArtNetNode, AShowWithoutRowsStartsNothing) {
+  ArtNetDesk t;
+  t.build();
+  t.config().Start_From_Show();
+  EXPECT_FALSE(t.udp.bound_port().has_value());
+  EXPECT_FALSE(t.console().output_cycle().Art_Time().enabled());
+  EXPECT_EQ(t.console().status().main(), " Main Desk Running ");
+}
+
+}  // namespace lumaris

@@ -1,0 +1,26 @@
+#include "tests/support/fake_udp.h"
+
+namespace lumaris {
+
+std::optional<std::string> FakeUdp::bind(std::uint16_t port, const std::string&) {
+  bound_port_.reset();
+  if (bind_error_) {
+    std::string error = std::move(*bind_error_);
+    bind_error_.reset();
+    return error;
+  }
+  bound_port_ = port;
+  return std::nullopt;
+}
+
+void FakeUdp::send(std::span<const std::uint8_t> datagram) {
+  if (!bound_port_) return;
+  sent_.push_back({remote_host_, remote_port_, broadcast_allowed_,
+                   std::vector<std::uint8_t>(datagram.begin(), datagram.end())});
+}
+
+void FakeUdp::deliver(const std::vector<std::uint8_t>& datagram) {
+  if (handler_) handler_(datagram);
+}
+
+}  // namespace lumaris

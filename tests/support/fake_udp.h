@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/udp_socket.h"
+
+namespace lumaris {
+
+// A UDP socket that records what would have left the computer and delivers
+// datagrams the test hands it. Nothing touches the network.
+class FakeUdp final : public UdpSocket {
+ public:
+  struct Sent {
+    std::string host;
+    std::uint16_t port = 0;
+    bool broadcast_allowed = false;
+    std::vector<std::uint8_t> bytes;
+  };
+
+  std::optional<std::string> bind(std::uint16_t port, const std::string& local_address) override;
+  void close() override { bound_port_.reset(); }
+  std::string local_address() const override { return local_address_; }
+  void set_remote_host(const std::string& host) override { remote_host_ = host; }
+  void set_remote_port(std::uint16_t port) override { remote_port_ = port; }
+  void set_broadcast(bool allowed) override { broadcast_allowed_ = allowed; }
+  void send(std::span<const std::uint8_t> datagram) override;
+  void on_datagram(DatagramHandler handler) override { handler_ = std::move(handler); }
+
+  // The test's side.
+  void set_local(std::string address) { local_address_ = std::move(address); }
+  // The next bind fails with this description, as when the port is taken.
+  void fail_next_bind(std::string description) { bind_error_ = std::move(description); }
+  void deliver(const std::vector<std::uint8_t>& datagram);
+  std::optional<std::uint16_t> bound_port() const { return bound_port_; }
+  bool broadcast_allowed() const { return broadcast_allowed_; }
+  const std::vector<Sent>& sent() const { return sent_; }
+  void clear_sent() { sent_.clear(); }
+
+ private:
+  std::string local_address_ = "192.168.1.5";
+  std::optional<std::string> bind_error_;
+  std::optional<std::uint16_t> bound_port_;
+  std::string remote_host_;
+  std::uint16_t remote_port_ = 0;
+  bool broadcast_allowed_ = false;
+  DatagramHandler handler_;
+  std::vector<Sent> sent_;
+};
+
+}  // namespace lumaris
