@@ -1,5 +1,7 @@
 #include "output/output_devices.h"
 
+#include <stdexcept>
+
 #include "core/console.h"
 #include "output/parallel_frames.h"
 #include "output/portsetup.h"
@@ -26,6 +28,7 @@ constexpr int kAdapterManolator = 4;
 constexpr int kAdapterOksidizer = 5;
 
 constexpr std::int32_t kOksidSendDmx = 4;
+constexpr const char* kNoDriver = "the FTDI driver is not installed";
 constexpr std::int16_t kLibraryMissing = -1;
 
 }  // namespace
@@ -80,6 +83,9 @@ void OutputDevices::send_oksidizer() {
 }
 
 void OutputDevices::send_open_dmx() {
+  // Without the driver library there is nothing to call: the tick ends as a call
+  // into a missing library does, and the output indicator goes dark.
+  if (!opendmx_.driver_present()) throw std::runtime_error(kNoDriver);
   Portsetup& setup = console_.port_setup();
   if (usb_searching_ == 1) {
     opendmx_.USB_Close_Device();

@@ -130,6 +130,22 @@ TEST(SendFrameWithoutLibraries, VendorAdaptersFailOnceAndStop) {
   EXPECT_EQ(test.dialogs.messages().size(), 3u);  // read and write of one tick
 }
 
+TEST_F(SendFrameTest, OpenDmxFromALoadedShowSpeaksOnlyBeforeItsFirstSearch) {
+  test.store().Adapter = 3;  // no search has run: the driver is not quiet yet
+  tick();
+  ASSERT_EQ(test.dialogs.messages().size(), 2u);  // nothing was open to close or reset
+  EXPECT_EQ(test.dialogs.messages()[0].text, "Close Failed");
+  EXPECT_EQ(test.dialogs.messages()[1].text, "Failed To Reset Device!");
+  EXPECT_EQ(count("FT_Write(512)"), 1);
+  EXPECT_EQ(test.console->status().main(), " Open USB Connected");
+  tick();
+  device.unplug();
+  tick();
+  tick();
+  EXPECT_EQ(test.dialogs.messages().size(), 2u);
+  EXPECT_EQ(test.console->status().main(), " Open USB Searching");
+}
+
 // The Open DMX USB adapter chosen in the set-up window and saved.
 struct OpenDmxLinkTest : SendFrameTest {
   void SetUp() override {
