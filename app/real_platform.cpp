@@ -4,10 +4,17 @@
 #include <iostream>
 
 #include "net/art_net_node.h"
+#include "platform/linux/libftdi_d2xx.h"
+#include "platform/linux/ppdev_port_io.h"
+#include "platform/linux/vendor_libraries.h"
 
 namespace lumaris {
 
-RealPlatform::RealPlatform(const CommandLine& line) : verbose_(line.verbose) {
+RealPlatform::RealPlatform(const CommandLine& line)
+    : verbose_(line.verbose),
+      d2xx_(std::make_unique<LibftdiD2xx>()),
+      port_io_(std::make_unique<PpdevPortIo>(&std::cerr)),
+      adapter_libraries_(std::make_unique<VendorLibraries>()) {
   // --artnet-target is the Destination field set from the command line: it is
   // kept, like the field, with this computer's settings. The parser has checked it.
   if (line.artnet_target) settings_.write(D_ArtNet::kDestinationSetting, *line.artnet_target);
@@ -32,6 +39,9 @@ void RealPlatform::fill(PlatformServices& services) {
   services.diagnostics = verbose_ ? &std::cerr : nullptr;
   services.art_socket = &art_socket_;
   services.settings = &settings_;
+  services.d2xx = d2xx_.get();
+  services.port_io = port_io_.get();
+  services.adapter_libraries = adapter_libraries_.get();
 }
 
 }  // namespace lumaris

@@ -11,6 +11,10 @@ class QSocketNotifier;
 
 namespace lumaris {
 
+class LibftdiD2xx;
+class PpdevPortIo;
+class VendorLibraries;
+
 // The product's own hardware and network seams (FTDI, parallel port, vendor
 // libraries, the Art-Net socket, settings), owned for the life of the program.
 // Needs the Qt application object to exist.
@@ -28,6 +32,9 @@ class RealPlatform {
   void watch_art_socket(int descriptor);
 
   bool verbose_ = false;
+  std::unique_ptr<LibftdiD2xx> d2xx_;
+  std::unique_ptr<PpdevPortIo> port_io_;
+  std::unique_ptr<VendorLibraries> adapter_libraries_;
   QtSettings settings_;
   PosixUdpSocket art_socket_;
   std::unique_ptr<QSocketNotifier> art_notifier_;

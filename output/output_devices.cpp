@@ -1,9 +1,124 @@
 #include "output/output_devices.h"
 
+#include <stdexcept>
+
 #include "core/console.h"
+#include "output/parallel_frames.h"
+#include "output/portsetup.h"
+#include "platform/adapter_libraries.h"
+#include "platform/dialogs.h"
 
 namespace lumaris {
 
-OutputDevices::OutputDevices(Console& console) : console_(console) {}
+namespace {
+
+constexpr const char* kDmxErrorTitle = " DMX ERROR";
+constexpr const char* kOkiNotRespondingMessage = " 3-1 DMX Adapter Not Connected or Not Responding";
+constexpr const char* kOkiNotRespondingStatus = " 3-1 Adapter Not connected ot not responding";
+constexpr const char* kOksidNotResponding = " USB DMX Adapter Not Connected or Not Responding";
+constexpr const char* kUsbConnectedStatus = " Open USB Connected";
+constexpr const char* kUsbSearchingStatus = " Open USB Searching";
+constexpr const char* kConnectedText2 = "Connected";
+constexpr const char* kSearchingText2 = "Searching...";
+
+constexpr int kAdapterParlex = 1;
+constexpr int kAdapterOki = 2;
+constexpr int kAdapterOpenDmx = 3;
+constexpr int kAdapterManolator = 4;
+constexpr int kAdapterOksidizer = 5;
+
+constexpr std::int32_t kOksidSendDmx = 4;
+constexpr const char* kNoDriver = "the FTDI driver is not installed";
+constexpr std::int16_t kLibraryMissing = -1;
+
+}  // namespace
+
+OutputDevices::OutputDevices(Console& console)
+    : console_(console), opendmx_(console, console.services().d2xx) {}
+
+void OutputDevices::Send_Frame() {
+  Store& store = console_.store();
+  PortIo* port = console_.services().port_io;
+  switch (store.Adapter) {
+    case kAdapterParlex:
+      Send_Parallel_Frame(port, store.Port_Address, store.DMX_Out, kParlexSlots);
+      break;
+    case kAdapterOki:
+      send_oki();
+      break;
+    case kAdapterOpenDmx:
+      send_open_dmx();
+      break;
+    case kAdapterManolator:
+      Send_Parallel_Frame(port, store.Port_Address, store.DMX_Out, kManolatorSlots);
+      break;
+    case kAdapterOksidizer:
+      send_oksidizer();
+      break;
+    default:
+      break;
+  }
+}
+
+void OutputDevices::send_oki() {
+  Store& store = console_.store();
+  AdapterLibraries* libraries = console_.services().adapter_libraries;
+  const std::int16_t read_status =
+      libraries ? libraries->Okdmx31Read(store.Port_Address, 0, oki_in_.data()) : kLibraryMissing;
+  if (read_status != 0) adapter_failed(kAdapterOki);
+  const std::int16_t write_status =
+      libraries ? libraries->Okdmx31Write(store.Port_Address, 0, store.DMX_Out.data())
+                : kLibraryMissing;
+  if (write_status != 0) adapter_failed(kAdapterOki);
+}
+
+void OutputDevices::send_oksidizer() {
+  Store& store = console_.store();
+  AdapterLibraries* libraries = console_.services().adapter_libraries;
+  // The library is handed the 512 bytes from element 1 on.
+  const std::int32_t status =
+      libraries ? libraries->OksidCommand(kOksidSendDmx, kDmxSlots, store.DMX_Out.data() + 1)
+                : kLibraryMissing;
+  if (status != 0) adapter_failed(kAdapterOksidizer);
+}
+
+void OutputDevices::send_open_dmx() {
+  // Without the driver library there is nothing to call: the tick ends as a call
+  // into a missing library does, and the output indicator goes dark.
+  if (!opendmx_.driver_present()) throw std::runtime_error(kNoDriver);
+  Portsetup& setup = console_.port_setup();
+  if (usb_searching_ == 1) {
+    opendmx_.USB_Close_Device();
+    opendmx_.USB_Reset_Device();
+    opendmx_.USB_Open_Device();
+    if (opendmx_.USB_Get_Error(1) == 0) {
+      if (setup.visible()) setup.set_Text2(kConnectedText2);
+      console_.status().show_both(kUsbConnectedStatus);
+      usb_connected_ = 1;
+      usb_searching_ = 0;
+    }
+  }
+  if (usb_connected_ == 1) {
+    opendmx_.USB_Set_Start_Code(0);
+    opendmx_.USB_Set_Data(console_.store().DMX_Out);
+    opendmx_.USB_Send_Frame();
+    if (opendmx_.USB_Get_Error(1) != 0) {
+      if (setup.visible()) setup.set_Text2(kSearchingText2);
+      console_.status().show_both(kUsbSearchingStatus);
+      usb_searching_ = 1;
+      usb_connected_ = 0;
+    }
+  }
+}
+
+void OutputDevices::adapter_failed(int adapter) {
+  console_.store().Adapter = 0;
+  const bool oki = adapter == kAdapterOki;
+  console_.dialogs().message({kDmxErrorTitle, oki ? kOkiNotRespondingMessage : kOksidNotResponding,
+                              MessageIcon::Exclamation, MessageButtons::Ok, MessageResult::Ok});
+  console_.status().show_both(oki ? kOkiNotRespondingStatus : kOksidNotResponding);
+  Portsetup& setup = console_.port_setup();
+  if (setup.visible()) setup.Combo1_Click(0);
+}
 
 }  // namespace lumaris

@@ -1,18 +1,46 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
+
+#include "core/store.h"
+#include "output/open_dmx.h"
+
 namespace lumaris {
 
 class Console;
 
-// Hands each finished frame to the selected adapter.
+// Hands each finished frame to the selected adapter: the parallel-port adapters,
+// the OKI DMX 3-1, the Open DMX USB with its search/connect cycle, and the
+// Oksidizer USB2DMX. Adapter failures never raise; they fall back to None.
 class OutputDevices {
  public:
   explicit OutputDevices(Console& console);
-  void Send_Frame() {}
-  void USB_Close_If_Open() {}
+
+  // Called by the output cycle once per tick, after DMX_Out is complete.
+  void Send_Frame();
+  // Called on every exit path of the program.
+  void USB_Close_If_Open() { opendmx_.USB_Close_If_Open(); }
+
+  OpenDmx& opendmx() { return opendmx_; }
+  const OpenDmx& opendmx() const { return opendmx_; }
+
+  // The Open DMX USB link state; both 1 at start, so the first tick opens and sends.
+  int USB_Connected() const { return usb_connected_; }
+  int USB_Searching() const { return usb_searching_; }
+  void set_USB_Connected(int value) { usb_connected_ = value; }
 
  private:
+  void send_oki();
+  void send_open_dmx();
+  void send_oksidizer();
+  void adapter_failed(int adapter);
+
   Console& console_;
+  OpenDmx opendmx_;
+  int usb_connected_ = 1;
+  int usb_searching_ = 1;
+  std::array<std::uint8_t, kDmxSlots + 1> oki_in_{};  // OKI_In: filled by the adapter, not read
 };
 
 }  // namespace lumaris

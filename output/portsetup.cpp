@@ -1,9 +1,194 @@
 #include "output/portsetup.h"
 
+#include <algorithm>
+
 #include "core/console.h"
+#include "core/number_text.h"
+#include "core/output_cycle.h"
+#include "output/output_devices.h"
+#include "output/parallel_frames.h"
 
 namespace lumaris {
 
+namespace {
+
+constexpr const char* kNoDmxOut = " NO DMX OUT";
+constexpr const char* kParlexRunning = " Parlex Adapter Running";
+constexpr const char* kOkiNoDmxOut = " OKI 3-1 Adapter - NO DMX OUT";
+constexpr const char* kManolatorConnected = " Manolator Connectd ";
+constexpr const char* kOksidizerConnecting = " Oksidizer USB2DMX Connecting.....";
+constexpr const char* kUsbConnected = " Open USB Connected";
+constexpr const char* kUsbSearching = " Open USB Searching.......";
+constexpr const char* kUsbNotFound = " Open USB Not Found !";
+constexpr const char* kDriverFound = "Driver Found";
+constexpr const char* kConnected = "Connected";
+constexpr const char* kSearching = "Searching...";
+constexpr const char* kDriverNotFound = "USB Driver not Found";
+
+constexpr int kOkiRate = 70;
+constexpr int kOpenDmxRate = 40;
+constexpr int kOpenDmxAdapter = 3;
+
+}  // namespace
+
+const std::array<const char*, Portsetup::kAdapterCount> Portsetup::kAdapterEntries = {
+    "None",
+    "Parlex's Adapter",
+    "DMX 3-1 Adapter",
+    "Open DMX USB Adapter",
+    "Manolator DMX Interface",
+    "Oksidizer USB2DMX",
+};
+
+const std::array<const char*, Portsetup::kAdapterCount> Portsetup::kAdapterNames = {
+    " None ",
+    " Parlex DMX Adapter ",
+    " OKI DMX 3-1 Adapter ",
+    " Open DMX USB Adapter ",
+    " Manolator DMX Interface ",
+    " Oksidizer USB2DMX ",
+};
+
 Portsetup::Portsetup(Console& console) : Window("Set DMX Output Device"), console_(console) {}
+
+void Portsetup::Form_Load() {
+  const int adapter = console_.store().Adapter;
+  chosen_ = adapter >= 0 && adapter < kAdapterCount ? adapter : 0;
+  rate_ = console_.output_cycle().Timer1().interval();
+  // Selecting the entry raises the list's own click, and loading runs the
+  // handling once more.
+  Combo1_Click(chosen_);
+  selection_changed();
+}
+
+void Portsetup::Combo1_Click(int index) {
+  list_index_ = std::clamp(index, 0, kAdapterCount - 1);
+  selection_changed();
+}
+
+void Portsetup::show(std::initializer_list<Control> which) {
+  for (const Control c : which) controls_[c] = {true, true};
+}
+
+void Portsetup::hide(std::initializer_list<Control> which) {
+  for (const Control c : which) controls_[c].visible = false;
+}
+
+void Portsetup::disable(std::initializer_list<Control> which) {
+  for (const Control c : which) controls_[c].enabled = false;
+}
+
+void Portsetup::show_rate() {
+  text1_ = str_number(rate_) + " mS";
+  hscroll1_ = std::clamp(rate_, kScrollMin, kScrollMax);
+}
+
+void Portsetup::port_option_from_address() {
+  const int address = console_.store().Port_Address;
+  if (address == kLpt1Address) {
+    option1_ = true;
+    option2_ = false;
+  } else if (address == kLpt2Address) {
+    option1_ = false;
+    option2_ = true;
+  }
+}
+
+void Portsetup::selection_changed() {
+  chosen_ = list_index_;
+  adapter_name_ = kAdapterNames[chosen_];
+  StatusLines& status = console_.status();
+  switch (chosen_) {
+    case 0:
+      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1, Text2});
+      disable({Text1, HScroll1});
+      status.show_both(kNoDmxOut);
+      break;
+    case 1:
+    case 4:
+      show({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      hide({Text2});
+      show_rate();
+      status.show_both(chosen_ == 1 ? kParlexRunning
+                                    : kManolatorConnected + str_number(rate_) + "ms");
+      port_option_from_address();
+      break;
+    case 2:
+      show({Label1_0, Label1_1, Label2, Option1, Option2});
+      hide({Label3, Text1, Text2, HScroll1});
+      disable({Text1, HScroll1});
+      status.show_both(kOkiNoDmxOut);
+      Oki_Wake_Up(console_.services().port_io, console_.store().Port_Address);
+      port_option_from_address();
+      rate_ = kOkiRate;
+      break;
+    case 3:
+      show({Text2});
+      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      disable({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      rate_ = kOpenDmxRate;
+      driver_search();
+      break;
+    case 5:
+      show({Text2});
+      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      disable({HScroll1});
+      status.show_both(kOksidizerConnecting);
+      break;
+    default:
+      break;
+  }
+}
+
+void Portsetup::driver_search() {
+  OutputDevices& devices = console_.output_devices();
+  OpenDmx& usb = devices.opendmx();
+  StatusLines& status = console_.status();
+  if (usb.driver_present()) {
+    devices.set_USB_Connected(1);
+    text2_ = kDriverFound;
+    usb.USB_Get_Error(1);
+    usb.USB_Open_Device();
+    if (usb.USB_Get_Error(1) == 0) {
+      text2_ = kConnected;
+      status.show_both(kUsbConnected);
+    } else {
+      text2_ = kSearching;
+      status.show_both(kUsbSearching);
+    }
+  } else {
+    text2_ = kDriverNotFound;
+    status.show_both(kUsbNotFound);
+    devices.set_USB_Connected(0);
+  }
+  console_.store().Adapter = kOpenDmxAdapter;
+}
+
+void Portsetup::Option1_Click() {
+  console_.store().Port_Address = kLpt1Address;
+  option1_ = true;
+  option2_ = false;
+}
+
+void Portsetup::Option2_Click() {
+  console_.store().Port_Address = kLpt2Address;
+  option2_ = true;
+  option1_ = false;
+}
+
+void Portsetup::HScroll1_Change(int value) {
+  hscroll1_ = std::clamp(value, kScrollMin, kScrollMax);
+  rate_ = hscroll1_;
+  text1_ = str_number(rate_) + " mS";
+}
+
+void Portsetup::Command1_Click() {
+  console_.store().Adapter = static_cast<std::int16_t>(chosen_);
+  console_.output_cycle().Timer1().set_interval(rate_);
+  console_.store().Project_Changed = true;
+  Hide();
+}
+
+void Portsetup::Command2_Click() { Hide(); }
 
 }  // namespace lumaris

@@ -1,0 +1,50 @@
+#include "output/parallel_frames.h"
+
+#include "platform/port_io.h"
+
+namespace lumaris {
+
+namespace {
+
+constexpr int kControlOffset = 2;
+constexpr int kStartWait = 50;
+constexpr int kStrobeWait = 20;
+
+// The adapters were timed against the processor, not the clock: an empty loop
+// the compiler must not remove.
+void count_loop(int rounds) {
+  volatile int n = 0;
+  while (n < rounds) n = n + 1;
+}
+
+void out(PortIo* port, int address, int value) {
+  if (port != nullptr) {
+    port->Out32(static_cast<std::uint16_t>(address), static_cast<std::uint8_t>(value));
+  }
+}
+
+}  // namespace
+
+void Send_Parallel_Frame(PortIo* port, int base, std::span<const std::uint8_t> frame, int slots) {
+  const int control = base + kControlOffset;
+  out(port, control, 3);
+  count_loop(kStartWait);
+  out(port, control, 1);
+  for (int i = 0; i < slots && i < static_cast<int>(frame.size()); ++i) {
+    out(port, base, frame[i]);
+    out(port, control, 0);
+    count_loop(kStrobeWait);
+    out(port, control, 1);
+    count_loop(kStrobeWait);
+  }
+  out(port, control, 1);
+}
+
+void Oki_Wake_Up(PortIo* port, int base) {
+  out(port, base + kControlOffset, 3);
+  count_loop(kStartWait);
+  out(port, base + kControlOffset, 1);
+  out(port, base, 255);
+}
+
+}  // namespace lumaris

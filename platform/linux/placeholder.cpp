@@ -1,1 +1,0 @@
-// Keeps the Linux platform library non-empty before its seams exist.

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/d2xx.h"
+
+namespace lumaris {
+
+// An FTDI device on a fake D2XX library. Records every call by name, keeps the
+// bytes each FT_Write was given, and fails the calls a test names. Unplugging
+// makes every call fail and invalidates the open handle, as a real device does.
+class FakeD2xx final : public D2xx {
+ public:
+  bool driver_present() override { return driver_present_; }
+  FT_STATUS FT_Open(int device, FT_HANDLE* handle) override;
+  FT_STATUS FT_Close(FT_HANDLE handle) override;
+  FT_STATUS FT_ResetDevice(FT_HANDLE handle) override;
+  FT_STATUS FT_SetDivisor(FT_HANDLE handle, std::uint16_t divisor) override;
+  FT_STATUS FT_SetDataCharacteristics(FT_HANDLE handle, std::uint8_t word_length,
+                                      std::uint8_t stop_bits, std::uint8_t parity) override;
+  FT_STATUS FT_SetFlowControl(FT_HANDLE handle, std::uint16_t flow, std::uint8_t xon,
+                              std::uint8_t xoff) override;
+  FT_STATUS FT_ClrRts(FT_HANDLE handle) override;
+  FT_STATUS FT_Purge(FT_HANDLE handle, std::uint32_t mask) override;
+  FT_STATUS FT_SetBreakOn(FT_HANDLE handle) override;
+  FT_STATUS FT_SetBreakOff(FT_HANDLE handle) override;
+  FT_STATUS FT_Write(FT_HANDLE handle, const std::uint8_t* data, std::uint32_t length,
+                     std::uint32_t* written) override;
+
+  // Makes the call (as recorded, e.g. "FT_Purge(1)" or "FT_Write(512)") fail from now on.
+  void fail(const std::string& call, FT_STATUS status = FT_IO_ERROR) { failures_[call] = status; }
+  void heal(const std::string& call) { failures_.erase(call); }
+  void unplug();
+  void plug() { plugged_ = true; }
+  void set_driver_present(bool present) { driver_present_ = present; }
+
+  const std::vector<std::string>& calls() const { return calls_; }
+  const std::vector<std::vector<std::uint8_t>>& writes() const { return writes_; }
+  bool device_open() const { return open_handle_ != 0; }
+  void clear() {
+    calls_.clear();
+    writes_.clear();
+  }
+
+ private:
+  FT_STATUS handle_call(const std::string& call, FT_HANDLE handle);
+
+  bool driver_present_ = true;
+  bool plugged_ = true;
+  FT_HANDLE open_handle_ = 0;
+  FT_HANDLE next_handle_ = 0x100;
+  std::map<std::string, FT_STATUS> failures_;
+  std::vector<std::string> calls_;
+  std::vector<std::vector<std::uint8_t>> writes_;
+};
+
+}  // namespace lumaris
