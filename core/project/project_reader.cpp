@@ -79,7 +79,8 @@ class Fields {
   // A ":"-separated list into `values`, which must hold every item.
   template <typename Array>
   void list(std::string_view tag, Array& values) {
-    const std::vector<std::string_view> items = split_items(text(tag), ':');
+    const std::string_view content = this->content(tag).value_or(std::string_view{});
+    const std::vector<std::string_view> items = split_items(content, ':');
     if (items.size() > values.size()) {
       fail(std::string(tag) + " has " + std::to_string(items.size()) + " items, more than " +
            std::to_string(values.size()));

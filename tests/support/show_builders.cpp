@@ -183,8 +183,11 @@ void build_random_show(Store& store, std::uint32_t seed) {
       ++k;
     }
   }
+  // A file only names patched slots and a load keeps the slots it does not name,
+  // so slots a fresh desk patches stay patched here.
   for (int s = 0; s <= kDmxSlots; ++s) {
-    store.Patch[s] = static_cast<std::int16_t>(dice.chance(50) ? dice.between(1, 64) : 0);
+    const bool patched = s < 63 || dice.chance(50);
+    store.Patch[s] = static_cast<std::int16_t>(patched ? dice.between(1, 64) : 0);
   }
   for (int i = 0; i < kDeskChannels; ++i) {
     if (!dice.chance(30)) continue;
