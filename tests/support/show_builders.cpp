@@ -27,7 +27,7 @@ void build_full_show(Store& store) {
   store.Submix[32].Colour = "65280";
   store.Submix[32].Chan[0] = 10, store.Submix[32].Level[0] = 1;
 
-  store.Patch[5] = 0;
+  store.Patch[5] = 9;
   store.Patch[63] = 64;
   store.Patch[511] = 1;
   store.Patch[512] = 2;
