@@ -126,11 +126,11 @@ void ProjectFile::report_skipped(const std::string& path) {
   std::string text = kSkippedIntro + path + kSkippedIntroEnd;
   const std::vector<SkippedBlock>& skipped = last_load_.skipped;
   for (std::size_t i = 0; i < skipped.size() && i < kSkippedListed; ++i) {
-    text += "\n" + skipped[i].block + ": " + skipped[i].reason;
+    text.append("\n").append(skipped[i].block).append(": ").append(skipped[i].reason);
   }
   if (skipped.size() > kSkippedListed) {
-    text += "\n" + std::string(kSkippedMore) + std::to_string(skipped.size() - kSkippedListed) +
-            kSkippedMoreEnd;
+    text.append("\n").append(kSkippedMore);
+    text.append(std::to_string(skipped.size() - kSkippedListed)).append(kSkippedMoreEnd);
   }
   console_.dialogs().message({kSkippedTitle, text, MessageIcon::Exclamation});
 }

@@ -62,6 +62,9 @@ std::string joined(const Container& values, std::size_t count) {
   return text;
 }
 
+// Step times carry a literal "0" in front, so that 0.5 (".5") reads "0.5".
+std::string step_seconds(double seconds);
+
 bool submix_has_content(const SubmixRec& submix) {
   if (!submix.Name.empty() || !submix.Colour.empty()) return true;
   for (int k = 0; k < kDeskChannels; ++k) {
@@ -89,6 +92,16 @@ std::string seconds_text(double seconds) {
   }
   return value;
 }
+
+namespace {
+
+std::string step_seconds(double seconds) {
+  std::string text(1, '0');
+  text.append(seconds_text(seconds));
+  return text;
+}
+
+}  // namespace
 
 std::string Project_Section(const Store& store, const CalendarDate& date) {
   Lines lines;
@@ -236,8 +249,8 @@ std::string Chase_Section(const Store& store) {
     for (int t = 0; t <= last_step; ++t) {
       lines.open(2, "Step");
       lines.field(3, "Num", t);
-      lines.field(3, "Speed", "0" + seconds_text(chase.Speed[t]));
-      lines.field(3, "Time", "0" + seconds_text(chase.Time[t]));
+      lines.field(3, "Speed", step_seconds(chase.Speed[t]));
+      lines.field(3, "Time", step_seconds(chase.Time[t]));
       lines.field(3, "Data", joined(chase.Data[t], kChaseChannels));
       lines.field(3, "Fade", joined(chase.Fade[t], kChaseChannels));
       lines.field(3, "Fix", joined(chase.Fix[t], chase.Fix[t].size()));
