@@ -11,6 +11,7 @@
 #include "net/art_net_node.h"
 #include "output/output_devices.h"
 #include "output/portsetup.h"
+#include "platform/posix_file_system.h"
 #include "playback/playdesk.h"
 #include "sequence/chases.h"
 
@@ -18,6 +19,10 @@ namespace lumaris {
 
 Console::Console(const PlatformServices& services)
     : services_(services), store_(std::make_unique<Store>()) {
+  if (services_.file_system == nullptr) {
+    own_file_system_ = std::make_unique<PosixFileSystem>();
+    services_.file_system = own_file_system_.get();
+  }
   reset_store(*store_);
   main_desk_ = std::make_unique<Hoofdblad>(*this);
   output_cycle_ = std::make_unique<OutputCycle>(*this);

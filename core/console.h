@@ -17,6 +17,7 @@ class PortIo;
 class AdapterLibraries;
 class UdpSocket;
 class Settings;
+class FileSystem;
 
 class Hoofdblad;
 class OutputCycle;
@@ -44,6 +45,7 @@ struct PlatformServices {
   UdpSocket* art_socket = nullptr;
   Settings* settings = nullptr;
   std::ostream* diagnostics = nullptr;  // the Art-Net log and similar; null discards
+  FileSystem* file_system = nullptr;    // null: the computer's own files
 };
 
 // One console: the store, the platform seams and every window model, wired.
@@ -66,6 +68,7 @@ class Console {
   Dialogs& dialogs() { return *services_.dialogs; }
   const Clock& clock() const { return *services_.clock; }
   const PlatformServices& services() const { return services_; }
+  FileSystem& file_system() { return *services_.file_system; }
   StatusLines& status() { return status_; }
 
   Hoofdblad& main_desk() { return *main_desk_; }
@@ -84,6 +87,7 @@ class Console {
 
  private:
   PlatformServices services_;
+  std::unique_ptr<FileSystem> own_file_system_;
   std::unique_ptr<Store> store_;
   StatusLines status_;
   bool shut_down_ = false;

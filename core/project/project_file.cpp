@@ -1,9 +1,197 @@
 #include "core/project/project_file.h"
 
+#include <cstdint>
+
 #include "core/console.h"
+#include "core/main_desk.h"
+#include "core/number_text.h"
+#include "core/project/atomic_save.h"
+#include "core/project/project_writer.h"
+#include "core/project/windows_1252.h"
+#include "net/art_config.h"
+#include "platform/dialogs.h"
+#include "platform/file_system.h"
+#include "playback/playdesk.h"
+#include "sequence/chases.h"
 
 namespace lumaris {
 
+namespace {
+
+constexpr const char* kFilter = "XML|*.xml";
+constexpr const char* kNothingChosen = "*.xml";
+
+constexpr const char* kLoadTitle = " Load Lumaris Project";
+constexpr const char* kLoadedMain = "Project Loaded ";
+constexpr const char* kLoadedPlayback = "Project Loaded";
+constexpr const char* kSkippedStatusMiddle = " Blocks Skipped";
+constexpr const char* kSkippedStatusMiddleOne = " Block Skipped";
+constexpr const char* kNotLoadedMain = " Project Not Loaded ";
+constexpr const char* kNotLoadedPlayback = " Project Not Loaded";
+constexpr const char* kLoadErrorTitle = " Load Error";
+constexpr const char* kCouldNotRead = "Could not read ";
+constexpr const char* kNotAShow = " is not a Lumaris project file.";
+constexpr const char* kNothingLoaded = "Nothing was loaded.";
+constexpr const char* kSkippedTitle = " Damaged Project";
+constexpr const char* kSkippedIntro = "Some blocks of ";
+constexpr const char* kSkippedIntroEnd = " could not be read and were skipped:";
+constexpr const char* kSkippedMore = "... and ";
+constexpr const char* kSkippedMoreEnd = " more";
+constexpr std::size_t kSkippedListed = 20;
+
+constexpr const char* kSaveProjectTitle = "Save DMX Project";
+constexpr const char* kSaveSubmixTitle = "Save DMX Submixes";
+constexpr const char* kSavePatchTitle = "Save DMX Patches";
+constexpr const char* kSaveSequenceTitle = "Save DMX Sequences";
+constexpr const char* kProjectSavedMain = " Project Saved ";
+constexpr const char* kProjectSavedPlayback = " Project Saved";
+constexpr const char* kSubmixSavedMain = " Submix Saved ";
+constexpr const char* kSubmixSavedPlayback = " Submix Saved";
+constexpr const char* kPatchesSavedMain = " Patches Saved ";
+constexpr const char* kPatchesSavedPlayback = " Patches Saved";
+constexpr const char* kSequencesSavedMain = " Sequences Saved ";
+constexpr const char* kSequencesSavedPlayback = " Sequences Saved";
+constexpr const char* kNotSavedMain = " Not Saved ";
+constexpr const char* kNotSavedPlayback = " Not Saved";
+constexpr const char* kSaveErrorTitle = " Save Error";
+constexpr const char* kCouldNotSave = "Could not save ";
+constexpr const char* kOldFileKept = "The file on disk is unchanged.";
+
+}  // namespace
+
 ProjectFile::ProjectFile(Console& console) : console_(console) {}
+
+void ProjectFile::Load() { load_from_dialog(); }
+
+void ProjectFile::Load_Patches() { load_from_dialog(); }
+
+bool ProjectFile::Load_File(const std::string& path) {
+  if (!load_path(path)) return false;
+  console_.main_desk().Refresh_Desk_Panel();
+  console_.playback_desk().Refresh_Playback_Panel();
+  return true;
+}
+
+void ProjectFile::load_from_dialog() {
+  const std::string& current = console_.store().Project_File;
+  const std::string name = console_.dialogs().open_file(
+      {kLoadTitle, kFilter, current.empty() ? kNothingChosen : current});
+  // Cancelling keeps the current file name; the dialog's untouched pattern
+  // means nothing was chosen either.
+  if (name.empty() || name == kNothingChosen) return;
+  load_path(name);
+}
+
+bool ProjectFile::load_path(const std::string& path) {
+  Console& c = console_;
+  std::string bytes;
+  const FileStatus read = c.file_system().read_file(path, kLargestShow, bytes);
+  std::string problem;
+  if (!read.ok) {
+    problem = kCouldNotRead + path + ":\n" + read.reason + "\n" + kNothingLoaded;
+  } else {
+    const std::string text = windows_1252_to_utf8(bytes);
+    if (is_show_text(text)) {
+      last_load_ = read_project(c.store(), text);
+    } else {
+      problem = path + kNotAShow + "\n" + kNothingLoaded;
+    }
+  }
+  if (!problem.empty()) {
+    c.dialogs().message({kLoadErrorTitle, problem, MessageIcon::Exclamation});
+    c.status().show(kNotLoadedMain, kNotLoadedPlayback);
+    return false;
+  }
+
+  Store& store = c.store();
+  store.Project_File = path;
+  store.Project_Title = path;
+  if (last_load_.art_rows > 0) c.art_config().Start_From_Show();
+  if (last_load_.has_project && store.BCF_Mode > 0) start_surface_from_show();
+  c.sequence_desk().Refresh_Desk();
+
+  const std::size_t skipped = last_load_.skipped.size();
+  if (skipped == 0) {
+    c.status().show(kLoadedMain, kLoadedPlayback);
+  } else {
+    const std::string status = std::string(kLoadedPlayback) + "," + str_number(static_cast<long>(skipped)) +
+                               (skipped == 1 ? kSkippedStatusMiddleOne : kSkippedStatusMiddle);
+    c.status().show(status + " ", status);
+    report_skipped(path);
+  }
+  return true;
+}
+
+void ProjectFile::report_skipped(const std::string& path) {
+  std::string text = kSkippedIntro + path + kSkippedIntroEnd;
+  const std::vector<SkippedBlock>& skipped = last_load_.skipped;
+  for (std::size_t i = 0; i < skipped.size() && i < kSkippedListed; ++i) {
+    text.append("\n").append(skipped[i].block).append(": ").append(skipped[i].reason);
+  }
+  if (skipped.size() > kSkippedListed) {
+    text.append("\n").append(kSkippedMore);
+    text.append(std::to_string(skipped.size() - kSkippedListed)).append(kSkippedMoreEnd);
+  }
+  console_.dialogs().message({kSkippedTitle, text, MessageIcon::Exclamation});
+}
+
+bool ProjectFile::ask_save_name(const char* title) {
+  std::string& file = console_.store().Project_File;
+  // The dialog's answer becomes the current file name, even an empty one.
+  file = console_.dialogs().save_file({title, kFilter, file.empty() ? kNothingChosen : file});
+  return !file.empty();
+}
+
+void ProjectFile::Save_Project() {
+  if (console_.store().Project_File.empty() && !ask_save_name(kSaveProjectTitle)) return;
+  save_whole_project();
+}
+
+void ProjectFile::Save_As_Project() {
+  if (!ask_save_name(kSaveProjectTitle)) return;
+  save_whole_project();
+}
+
+void ProjectFile::save_whole_project() {
+  Store& store = console_.store();
+  // The version advances before the file is touched, so a failed save still counts.
+  if (store.Project_Version < INT16_MAX) ++store.Project_Version;
+  const std::string document = whole_project_document(store, console_.clock().today());
+  if (write_document(document, kProjectSavedMain, kProjectSavedPlayback)) {
+    store.Project_Changed = false;
+  }
+}
+
+void ProjectFile::Save_Submix() {
+  if (!ask_save_name(kSaveSubmixTitle)) return;
+  write_document(submix_document(console_.store()), kSubmixSavedMain, kSubmixSavedPlayback);
+}
+
+void ProjectFile::Save_Patch() {
+  if (!ask_save_name(kSavePatchTitle)) return;
+  write_document(patch_document(console_.store()), kPatchesSavedMain, kPatchesSavedPlayback);
+}
+
+void ProjectFile::Save_Sequence() {
+  if (!ask_save_name(kSaveSequenceTitle)) return;
+  write_document(sequence_document(console_.store()), kSequencesSavedMain,
+                 kSequencesSavedPlayback);
+}
+
+bool ProjectFile::write_document(const std::string& document, const char* main_status,
+                                 const char* playback_status) {
+  Console& c = console_;
+  const std::string& path = c.store().Project_File;
+  const FileStatus saved = save_file_atomically(c.file_system(), path, file_bytes(document));
+  if (!saved.ok) {
+    c.dialogs().message({kSaveErrorTitle,
+                         kCouldNotSave + path + ":\n" + saved.reason + "\n" + kOldFileKept,
+                         MessageIcon::Exclamation});
+    c.status().show(kNotSavedMain, kNotSavedPlayback);
+    return false;
+  }
+  c.status().show(main_status, playback_status);
+  return true;
+}
 
 }  // namespace lumaris

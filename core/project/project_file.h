@@ -1,28 +1,55 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+
+#include "core/project/project_reader.h"
 
 namespace lumaris {
 
 class Console;
 
-// Loading and saving the show file.
+// Loading and saving the show file: the File menu of the main desk and the
+// sequence desk's Load/Save Sequence.
 class ProjectFile {
  public:
+  // A show file is a few hundred kilobytes; anything far beyond is not one.
+  static constexpr std::size_t kLargestShow = 64u * 1024u * 1024u;
+
   explicit ProjectFile(Console& console);
-  bool available() const { return false; }
-  void Load() {}
-  // Loads the show named on the command line; false when it could not be read.
-  bool Load_File(const std::string& /*path*/) { return false; }
-  void Load_Patches() {}
-  void Save_Project() {}
-  void Save_As_Project() {}
-  void Save_Submix() {}
-  void Save_Patch() {}
-  void Save_Sequence() {}
+  bool available() const { return true; }
+
+  // "&Load": asks for a file and loads it (the main desk redraws afterwards).
+  void Load();
+  // "&Load Patches": the same loader; the caller does not redraw.
+  void Load_Patches();
+  // Loads the show named on the command line, without a dialog, and redraws the
+  // desks; false when it could not be read or is not a show.
+  bool Load_File(const std::string& path);
+
+  void Save_Project();
+  void Save_As_Project();
+  void Save_Submix();
+  void Save_Patch();
+  void Save_Sequence();
+
+  // What the last load found (skipped blocks and counts).
+  const LoadReport& last_load() const { return last_load_; }
 
  private:
+  void load_from_dialog();
+  bool load_path(const std::string& path);
+  void report_skipped(const std::string& path);
+  // The control surface connects from a loaded show here once it exists.
+  void start_surface_from_show() {}
+
+  bool ask_save_name(const char* title);
+  void save_whole_project();
+  bool write_document(const std::string& document, const char* main_status,
+                      const char* playback_status);
+
   Console& console_;
+  LoadReport last_load_;
 };
 
 }  // namespace lumaris

@@ -1,15 +1,106 @@
 #include "core/project/show_tools.h"
 
+#include <memory>
+
+#include "core/project/atomic_save.h"
+#include "core/project/project_file.h"
+#include "core/project/project_reader.h"
+#include "core/project/project_writer.h"
+#include "core/project/windows_1252.h"
+#include "core/store.h"
+#include "platform/clock.h"
+#include "platform/posix_file_system.h"
+
 namespace lumaris {
 
-int run_show_check(const std::string&, std::ostream&, std::ostream& err) {
-  err << "Show files cannot be read by this build yet.\n";
-  return 2;
+namespace {
+
+constexpr int kClean = 0;
+constexpr int kSkipped = 1;
+constexpr int kNotAShow = 2;
+
+constexpr const char* kCannotRead = "lumaris: cannot read ";
+constexpr const char* kNotAShowText = " is not a Lumaris project file\n";
+constexpr const char* kCannotWrite = "lumaris: cannot write ";
+
+// The show's data in a fresh desk's store. No console exists, so nothing can
+// start an adapter, Art-Net or the control surface, whatever the show says.
+struct LoadedShow {
+  std::unique_ptr<Store> store = std::make_unique<Store>();
+  LoadReport report;
+};
+
+bool load_show(const std::string& path, LoadedShow& show, std::ostream& err) {
+  PosixFileSystem files;
+  std::string bytes;
+  const FileStatus read = files.read_file(path, ProjectFile::kLargestShow, bytes);
+  if (!read.ok) {
+    err << kCannotRead << path << ": " << read.reason << "\n";
+    return false;
+  }
+  const std::string text = windows_1252_to_utf8(bytes);
+  if (!is_show_text(text)) {
+    err << "lumaris: " << path << kNotAShowText;
+    return false;
+  }
+  reset_store(*show.store);
+  show.report = read_project(*show.store, text);
+  return true;
 }
 
-int run_show_resave(const std::string&, const std::string&, std::ostream&, std::ostream& err) {
-  err << "Show files cannot be read by this build yet.\n";
-  return 2;
+void print_skipped(const LoadReport& report, std::ostream& out) {
+  out << "Skipped blocks: " << report.skipped.size() << "\n";
+  for (const SkippedBlock& block : report.skipped) {
+    out << "  " << block.block << ": " << block.reason << "\n";
+  }
+}
+
+}  // namespace
+
+int run_show_check(const std::string& show, std::ostream& out, std::ostream& err) {
+  LoadedShow loaded;
+  if (!load_show(show, loaded, err)) return kNotAShow;
+  const Store& store = *loaded.store;
+  const LoadReport& report = loaded.report;
+  out << "Show: " << show << "\n";
+  if (report.has_project) {
+    out << "Name: " << store.Project_Name << "\n";
+    out << "Version: " << store.Project_Version << "\n";
+    out << "Date: " << store.Project_Date << "\n";
+  } else {
+    out << "Project header: none (a partial file)\n";
+  }
+  out << "Submixes: " << report.submixes << "\n";
+  out << "Patched slots: " << report.patch_pairs << "\n";
+  out << "Named channels: " << report.named_channels << "\n";
+  out << "Buttons: " << report.buttons << "\n";
+  out << "Faders: " << report.faders << "\n";
+  out << "Chases: " << report.chases << "\n";
+  out << "Screens: " << report.screens << "\n";
+  out << "Pages: " << report.pages << "\n";
+  out << "Art-Net rows: " << report.art_rows << "\n";
+  print_skipped(report, out);
+  return report.skipped.empty() ? kClean : kSkipped;
+}
+
+int run_show_resave(const std::string& in, const std::string& out_path, std::ostream& out,
+                    std::ostream& err) {
+  LoadedShow loaded;
+  if (!load_show(in, loaded, err)) return kNotAShow;
+  Store& store = *loaded.store;
+  // As Save As does: the version advances and today's date is written.
+  if (store.Project_Version < INT16_MAX) ++store.Project_Version;
+  const SystemClock clock;
+  PosixFileSystem files;
+  const FileStatus saved = save_file_atomically(
+      files, out_path, file_bytes(whole_project_document(store, clock.today())));
+  if (!saved.ok) {
+    err << kCannotWrite << out_path << ": " << saved.reason << "\n";
+    return kNotAShow;
+  }
+  out << "Saved " << out_path << " (version " << store.Project_Version << ")\n";
+  if (!loaded.report.skipped.empty()) print_skipped(loaded.report, out);
+  return loaded.report.skipped.empty() ? kClean : kSkipped;
 }
 
 }  // namespace lumaris

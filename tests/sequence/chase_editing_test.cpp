@@ -255,7 +255,7 @@ TEST(ChaseEditing, ClearZeroesTheFadersOfTheStep) {
   EXPECT_EQ(s.chase().Data[1][3], 0);
 }
 
-TEST(ChaseEditing, TheDeskOpensFromTheMainDeskAndShowFileEntriesWaitForTheShowFile) {
+TEST(ChaseEditing, TheDeskOpensFromTheMainDeskWithShowFileEntriesAndWithoutTheMovingDesk) {
   TestConsole t;
   t.build();
   Chases& desk = t.console->sequence_desk();
@@ -263,9 +263,11 @@ TEST(ChaseEditing, TheDeskOpensFromTheMainDeskAndShowFileEntriesWaitForTheShowFi
   t.console->main_desk().Command3_Click();
   EXPECT_TRUE(desk.visible());
   for (const MenuEntry& entry : desk.menu_entries()) {
-    const bool needs_file = entry.name == "Load_File" || entry.name == "Save_all";
-    if (needs_file || entry.name == "show_moving_desk") {
-      EXPECT_FALSE(entry.enabled) << entry.name;
+    if (entry.name == "Load_File" || entry.name == "Save_all") {
+      EXPECT_TRUE(entry.enabled) << entry.name;
+    }
+    if (entry.name == "show_moving_desk") {
+      EXPECT_FALSE(entry.enabled);
     }
   }
   // Reset Desk redraws the desk from the fresh table.

@@ -1,0 +1,44 @@
+// Any bytes as a show file: the load must stay inside the store's arrays, keep
+// the values other desks index with in range, and leave a store the writer can save.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+
+#include "core/project/project_reader.h"
+#include "core/project/project_writer.h"
+#include "core/project/windows_1252.h"
+#include "core/store.h"
+
+namespace {
+
+void require(bool condition) {
+  if (!condition) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace lumaris;
+  static const std::unique_ptr<Store> store = std::make_unique<Store>();
+  reset_store(*store);
+  const std::string text =
+      windows_1252_to_utf8(std::string_view(reinterpret_cast<const char*>(data), size));
+  const LoadReport report = read_project(*store, text);
+
+  require(store->Screen_Count >= 0 && store->Screen_Count < kScreens);
+  for (const std::int16_t channel : store->Patch) require(channel >= 0 && channel <= kDeskChannels);
+  for (const SubmixRec& submix : store->Submix) {
+    require(submix.Level[kDeskChannels] == 0 && submix.Chan[kDeskChannels] == 0);
+  }
+  for (const ChaseRec& chase : store->Chase_Table) {
+    require(chase.Steps >= 0 && chase.Steps <= kChaseSteps);
+    require(chase.Fixture >= 0 && chase.Fixture < kFixtures);
+  }
+  if (!report.is_show) require(report.skipped.empty());
+
+  const std::string bytes = file_bytes(whole_project_document(*store, CalendarDate{2026, 11, 22}));
+  require(bytes.size() >= 2 && bytes.compare(bytes.size() - 2, 2, "\r\n") == 0);
+  return 0;
+}

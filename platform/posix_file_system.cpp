@@ -1,0 +1,133 @@
+#include "platform/posix_file_system.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstring>
+
+namespace lumaris {
+
+namespace {
+
+constexpr const char* kTooLarge = "File too large";
+constexpr const char* kNotAFile = "Not a regular file";
+
+FileStatus from_errno(int error) { return FileStatus::failure(std::strerror(error)); }
+
+std::string base_name_of(const std::string& path) {
+  const std::size_t slash = path.find_last_of('/');
+  return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
+std::atomic<unsigned> temporary_counter{0};
+
+}  // namespace
+
+std::string folder_of(const std::string& path) {
+  const std::size_t slash = path.find_last_of('/');
+  if (slash == std::string::npos) return ".";
+  if (slash == 0) return "/";
+  return path.substr(0, slash);
+}
+
+FileStatus PosixFileSystem::read_file(const std::string& path, std::size_t limit,
+                                      std::string& contents) {
+  contents.clear();
+  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return from_errno(errno);
+  struct stat info {};
+  if (::fstat(fd, &info) != 0) {
+    const int error = errno;
+    ::close(fd);
+    return from_errno(error);
+  }
+  // A device or a fifo could feed us forever.
+  if (!S_ISREG(info.st_mode)) {
+    ::close(fd);
+    return FileStatus::failure(S_ISDIR(info.st_mode) ? std::strerror(EISDIR) : kNotAFile);
+  }
+  char buffer[65536];
+  for (;;) {
+    const ssize_t got = ::read(fd, buffer, sizeof buffer);
+    if (got < 0) {
+      if (errno == EINTR) continue;
+      const int error = errno;
+      ::close(fd);
+      contents.clear();
+      return from_errno(error);
+    }
+    if (got == 0) break;
+    contents.append(buffer, static_cast<std::size_t>(got));
+    if (contents.size() > limit) {
+      ::close(fd);
+      contents.clear();
+      return FileStatus::failure(kTooLarge);
+    }
+  }
+  ::close(fd);
+  return FileStatus::success();
+}
+
+FileStatus PosixFileSystem::create_temporary(const std::string& target, std::string& temp_path,
+                                             int& handle) {
+  const std::string folder = folder_of(target);
+  const std::string stem = folder + "/." + base_name_of(target) + ".saving-" +
+                           std::to_string(::getpid()) + "-";
+  for (int attempt = 0; attempt < 100; ++attempt) {
+    temp_path = stem + std::to_string(temporary_counter.fetch_add(1));
+    // 0666 under the umask, as any new file the desk writes.
+    const int fd = ::open(temp_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (fd >= 0) {
+      handle = fd;
+      return FileStatus::success();
+    }
+    if (errno != EEXIST) {
+      const int error = errno;
+      temp_path.clear();
+      return from_errno(error);
+    }
+  }
+  temp_path.clear();
+  return from_errno(EEXIST);
+}
+
+FileStatus PosixFileSystem::write_all(int handle, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(handle, bytes.data(), bytes.size());
+    if (written < 0) {
+      if (errno == EINTR) continue;
+      return from_errno(errno);
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return FileStatus::success();
+}
+
+FileStatus PosixFileSystem::sync(int handle) {
+  if (::fsync(handle) != 0) return from_errno(errno);
+  return FileStatus::success();
+}
+
+FileStatus PosixFileSystem::close(int handle) {
+  if (::close(handle) != 0) return from_errno(errno);
+  return FileStatus::success();
+}
+
+FileStatus PosixFileSystem::rename(const std::string& from, const std::string& to) {
+  if (::rename(from.c_str(), to.c_str()) != 0) return from_errno(errno);
+  return FileStatus::success();
+}
+
+void PosixFileSystem::remove(const std::string& path) { ::unlink(path.c_str()); }
+
+void PosixFileSystem::sync_folder(const std::string& path) {
+  const int fd = ::open(folder_of(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
+}
+
+}  // namespace lumaris

@@ -1,0 +1,99 @@
+#include "core/project/atomic_save.h"
+
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+
+#include "tests/support/faulty_file_system.h"
+#include "tests/support/show_builders.h"
+#include "tests/support/temp_folder.h"
+
+namespace lumaris {
+namespace {
+
+using Step = FaultyFileSystem::Step;
+
+void write_bytes(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+class AtomicSaveTest : public ::testing::Test {
+ protected:
+  AtomicSaveTest() : path(folder.file("show.xml")) { write_bytes(path, kOld); }
+
+  static constexpr const char* kOld = "<Lumaris_XML>\rold show\r</Lumaris_XML>\r\r\n";
+  TempFolder folder;
+  std::string path;
+  FaultyFileSystem files;
+};
+
+TEST_F(AtomicSaveTest, ReplacesTheFileAndLeavesNothingBehind) {
+  const FileStatus status = save_file_atomically(files, path, "new bytes");
+  EXPECT_TRUE(status.ok) << status.reason;
+  EXPECT_EQ(file_contents(path), "new bytes");
+  EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
+  EXPECT_EQ(files.syncs(), 1);  // flushed before the rename
+}
+
+TEST_F(AtomicSaveTest, EveryFailingStepKeepsTheOldFileByteForByte) {
+  for (const Step step : {Step::CreateTemporary, Step::Write, Step::Sync, Step::Close, Step::Rename}) {
+    files.fail(step, "Input/output error");
+    const FileStatus status = save_file_atomically(files, path, "new bytes");
+    EXPECT_FALSE(status.ok);
+    EXPECT_EQ(status.reason, "Input/output error");
+    EXPECT_EQ(file_contents(path), kOld);
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
+    EXPECT_TRUE(files.leftovers().empty());
+  }
+}
+
+TEST_F(AtomicSaveTest, AFullDiskKeepsTheOldFile) {
+  files.fill_after(10);
+  const FileStatus status = save_file_atomically(files, path, std::string(5000, 'x'));
+  EXPECT_FALSE(status.ok);
+  EXPECT_EQ(status.reason, "No space left on device");
+  EXPECT_EQ(file_contents(path), kOld);
+  EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
+}
+
+TEST_F(AtomicSaveTest, AFolderThatVanishedIsReported) {
+  PosixFileSystem real;
+  const FileStatus status = save_file_atomically(real, folder.file("gone/show.xml"), "x");
+  EXPECT_FALSE(status.ok);
+  EXPECT_EQ(status.reason, "No such file or directory");
+}
+
+// A real file system without space: a 64 KiB tmpfs in a mount namespace of a
+// child process. Needs the right to mount; skipped where that is not given.
+TEST_F(AtomicSaveTest, ATinyTmpfsRunsOutOfSpaceAndKeepsTheOldFile) {
+  const std::string big(200 * 1024, 'x');
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    if (unshare(CLONE_NEWNS) != 0) _exit(77);
+    if (mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) _exit(77);
+    if (mount("tmpfs", folder.path().c_str(), "tmpfs", 0, "size=64k") != 0) _exit(77);
+    const std::string old_show = "<Lumaris_XML>\rsmall\r</Lumaris_XML>\r\r\n";
+    write_bytes(path, old_show);
+    PosixFileSystem real;
+    const FileStatus status = save_file_atomically(real, path, big);
+    if (status.ok) _exit(1);
+    if (status.reason != "No space left on device") _exit(2);
+    if (file_contents(path) != old_show) _exit(3);
+    if (folder.names() != std::vector<std::string>{"show.xml"}) _exit(4);
+    _exit(0);
+  }
+  int wait_status = 0;
+  ASSERT_EQ(waitpid(child, &wait_status, 0), child);
+  ASSERT_TRUE(WIFEXITED(wait_status));
+  if (WEXITSTATUS(wait_status) == 77) GTEST_SKIP() << "cannot mount a tmpfs here";
+  EXPECT_EQ(WEXITSTATUS(wait_status), 0);
+  EXPECT_EQ(file_contents(path), kOld);  // the parent's view never changed
+}
+
+}  // namespace
+}  // namespace lumaris

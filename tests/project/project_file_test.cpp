@@ -1,0 +1,188 @@
+#include "core/project/project_file.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "core/main_desk.h"
+#include "tests/support/faulty_file_system.h"
+#include "tests/support/show_builders.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/test_console.h"
+
+namespace lumaris {
+namespace {
+
+class ProjectFileTest : public ::testing::Test {
+ protected:
+  ProjectFileTest() {
+    t.services.file_system = &files;
+    t.build();
+  }
+  ProjectFile& file() { return t.console->project_file(); }
+  const StatusLines& status() { return t.console->status(); }
+
+  FaultyFileSystem files;
+  TestConsole t;
+  TempFolder folder;
+};
+
+TEST_F(ProjectFileTest, SaveAsAsksEveryTimeAndClearsProjectChanged) {
+  const std::string path = folder.file("gala.xml");
+  t.store().Project_Changed = true;
+  t.dialogs.answer_file(path);
+  file().Save_As_Project();
+  ASSERT_EQ(t.dialogs.file_dialogs().size(), 1u);
+  EXPECT_EQ(t.dialogs.file_dialogs()[0].title, "Save DMX Project");
+  EXPECT_EQ(t.dialogs.file_dialogs()[0].filter, "XML|*.xml");
+  EXPECT_EQ(t.dialogs.file_dialogs()[0].initial_name, "*.xml");
+  EXPECT_EQ(status().main(), " Project Saved ");
+  EXPECT_EQ(status().playback(), " Project Saved");
+  EXPECT_FALSE(t.store().Project_Changed);
+  EXPECT_EQ(t.store().Project_File, path);
+
+  t.dialogs.answer_file(path);
+  file().Save_As_Project();
+  ASSERT_EQ(t.dialogs.file_dialogs().size(), 2u);
+  EXPECT_EQ(t.dialogs.file_dialogs()[1].initial_name, path);
+  EXPECT_EQ(t.store().Project_Version, 2);
+}
+
+TEST_F(ProjectFileTest, SaveProjectAsksOnlyWhileThereIsNoFileName) {
+  const std::string path = folder.file("gala.xml");
+  t.dialogs.answer_file(path);
+  file().Save_Project();
+  file().Save_Project();
+  EXPECT_EQ(t.dialogs.file_dialogs().size(), 1u);
+  EXPECT_NE(file_contents(path).find("<Version>2</Version>"), std::string::npos);
+}
+
+TEST_F(ProjectFileTest, CancellingTheDialogWritesNothingAndSaysNothing) {
+  t.store().Project_File = folder.file("old.xml");
+  t.store().Project_Changed = true;
+  const std::string before = status().main();
+  file().Save_As_Project();  // no scripted answer: cancelled
+  EXPECT_EQ(t.store().Project_File, "");
+  EXPECT_EQ(t.store().Project_Version, 0);
+  EXPECT_TRUE(t.store().Project_Changed);
+  EXPECT_EQ(status().main(), before);
+  EXPECT_TRUE(t.dialogs.messages().empty());
+  EXPECT_TRUE(folder.names().empty());
+}
+
+TEST_F(ProjectFileTest, PartialSavesNameTheirDialogsAndKeepProjectChanged) {
+  struct Case {
+    void (ProjectFile::*save)();
+    const char* title;
+    const char* main_status;
+    const char* playback_status;
+  };
+  const Case cases[] = {
+      {&ProjectFile::Save_Submix, "Save DMX Submixes", " Submix Saved ", " Submix Saved"},
+      {&ProjectFile::Save_Patch, "Save DMX Patches", " Patches Saved ", " Patches Saved"},
+      {&ProjectFile::Save_Sequence, "Save DMX Sequences", " Sequences Saved ", " Sequences Saved"},
+  };
+  t.store().Project_Changed = true;
+  for (const Case& c : cases) {
+    const std::string path = folder.file(std::string(c.title) + ".xml");
+    t.dialogs.answer_file(path);
+    (file().*c.save)();
+    EXPECT_EQ(t.dialogs.file_dialogs().back().title, c.title);
+    EXPECT_EQ(status().main(), c.main_status);
+    EXPECT_EQ(status().playback(), c.playback_status);
+    EXPECT_EQ(t.store().Project_File, path);  // a partial save names the current file too
+    EXPECT_TRUE(t.store().Project_Changed);
+    EXPECT_FALSE(file_contents(path).empty());
+  }
+  EXPECT_EQ(t.store().Project_Version, 0);
+}
+
+TEST_F(ProjectFileTest, AFailedSaveKeepsTheOldFileAndTheUnsavedMark) {
+  const std::string path = folder.file("gala.xml");
+  std::ofstream(path, std::ios::binary) << "previous show";
+  t.store().Project_File = path;
+  t.store().Project_Changed = true;
+  files.fail(FaultyFileSystem::Step::CreateTemporary, "Permission denied");  // a read-only folder
+  file().Save_Project();
+  EXPECT_EQ(file_contents(path), "previous show");
+  EXPECT_TRUE(t.store().Project_Changed);
+  EXPECT_EQ(t.store().Project_Version, 1);  // advanced before the file was touched
+  ASSERT_EQ(t.dialogs.messages().size(), 1u);
+  EXPECT_EQ(t.dialogs.messages()[0].title, " Save Error");
+  EXPECT_NE(t.dialogs.messages()[0].text.find(path), std::string::npos);
+  EXPECT_NE(t.dialogs.messages()[0].text.find("Permission denied"), std::string::npos);
+  EXPECT_EQ(status().main(), " Not Saved ");
+
+  file().Save_Project();  // the desk carries on and the next save works
+  EXPECT_FALSE(t.store().Project_Changed);
+  EXPECT_NE(file_contents(path).find("<Version>2</Version>"), std::string::npos);
+}
+
+TEST_F(ProjectFileTest, LoadFromTheMainDeskMenuRedrawsTheDesk) {
+  t.store().Project_Changed = true;
+  t.dialogs.answer_file(test_data("full_show.xml"));
+  t.console->main_desk().Menu_Click("LoadXML");
+  ASSERT_EQ(t.dialogs.file_dialogs().size(), 1u);
+  EXPECT_EQ(t.dialogs.file_dialogs()[0].title, " Load Lumaris Project");
+  EXPECT_EQ(t.dialogs.file_dialogs()[0].filter, "XML|*.xml");
+  EXPECT_EQ(t.dialogs.file_dialogs()[0].initial_name, "*.xml");
+  EXPECT_EQ(status().main(), "Project Loaded ");
+  EXPECT_EQ(status().playback(), "Project Loaded");
+  EXPECT_EQ(t.store().Project_File, test_data("full_show.xml"));
+  EXPECT_EQ(t.store().Project_Title, test_data("full_show.xml"));
+  EXPECT_TRUE(t.store().Project_Changed);  // a load leaves the mark alone
+  EXPECT_EQ(t.console->main_desk().strips()[4].Text3, "FWL");
+  EXPECT_TRUE(t.dialogs.messages().empty());
+}
+
+TEST_F(ProjectFileTest, NothingChosenLoadsNothing) {
+  t.dialogs.answer_file("*.xml");
+  file().Load();
+  file().Load_Patches();  // cancelled
+  EXPECT_EQ(t.store().Button_Functions[0].Function, kFunctionSubmix);
+  EXPECT_EQ(t.store().Project_File, "");
+}
+
+TEST_F(ProjectFileTest, AFileThatIsNotAShowChangesNothingAndSaysSo) {
+  t.store().Project_File = "current.xml";
+  t.dialogs.answer_file(test_data("not_a_show.xml"));
+  file().Load();
+  EXPECT_EQ(t.store().Project_File, "current.xml");
+  EXPECT_EQ(t.store().Button_Functions[0].Function, kFunctionSubmix);
+  ASSERT_EQ(t.dialogs.messages().size(), 1u);
+  EXPECT_EQ(t.dialogs.messages()[0].title, " Load Error");
+  EXPECT_NE(t.dialogs.messages()[0].text.find("not a Lumaris project file"), std::string::npos);
+  EXPECT_EQ(status().main(), " Project Not Loaded ");
+
+  t.dialogs.answer_file(folder.file("missing.xml"));
+  file().Load_Patches();
+  ASSERT_EQ(t.dialogs.messages().size(), 2u);
+  EXPECT_NE(t.dialogs.messages()[1].text.find("No such file or directory"), std::string::npos);
+}
+
+TEST_F(ProjectFileTest, SkippedBlocksAreCountedAndNamedInOneMessage) {
+  t.dialogs.answer_file(test_data("damaged_show.xml"));
+  file().Load();
+  EXPECT_EQ(status().main(), "Project Loaded, 5 Blocks Skipped ");
+  EXPECT_EQ(status().playback(), "Project Loaded, 5 Blocks Skipped");
+  ASSERT_EQ(t.dialogs.messages().size(), 1u);
+  EXPECT_EQ(t.dialogs.messages()[0].title, " Damaged Project");
+  const std::string& text = t.dialogs.messages()[0].text;
+  for (const char* block : {"Submix block 1", "Button block 1", "Patch block 1", "Screen block 1",
+                            "Chase block 1"}) {
+    EXPECT_NE(text.find(block), std::string::npos) << block;
+  }
+  EXPECT_EQ(t.store().Submix[2].Name, "Good");
+}
+
+TEST_F(ProjectFileTest, TheShowOnTheCommandLineLoadsWithoutADialog) {
+  EXPECT_TRUE(file().Load_File(test_data("full_show.xml")));
+  EXPECT_TRUE(t.dialogs.file_dialogs().empty());
+  EXPECT_EQ(t.console->main_desk().strips()[4].Text3, "FWL");
+  EXPECT_FALSE(file().Load_File(test_data("not_a_show.xml")));
+  EXPECT_FALSE(file().Load_File(folder.file("missing.xml")));
+  EXPECT_EQ(t.store().Project_Name, "Winter Gala");
+}
+
+}  // namespace
+}  // namespace lumaris
