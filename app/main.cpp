@@ -120,9 +120,6 @@ int run_screenshots(int argc, char** argv, const CommandLine& line) {
   lumaris::DeskApp desk(services);
   desk.start();
   desk.handle([&] { load_show(desk.console(), line.show); });
-  desk.handle([&] {
-    for (const auto& window : desk.windows()) window->prepare_screenshot();
-  });
   // Let the output cycle run a few ticks so the indicators and monitor show the frame.
   QTimer::singleShot(300, &app, [] { QCoreApplication::exit(0); });
   app.exec();
@@ -142,6 +139,7 @@ int run_screenshots(int argc, char** argv, const CommandLine& line) {
     }
   };
   for (const auto& window : desk.windows()) {
+    desk.handle([&] { window->prepare_screenshot(); });
     save(*window, "");
     for (const auto& [suffix, action] : window->screenshot_variants()) {
       desk.handle(action);

@@ -65,15 +65,18 @@ inline void title(QWidget* window, const std::string& value) {
 }
 
 // Paints a widget's background; nothing means the style's own colour. Text on a
-// painted background is black so that it reads on light and saturated colours.
+// painted background is black or white, whichever reads better on it.
 inline void background(QWidget* widget, Paint paint, const char* kind = "QWidget") {
-  const QString sheet =
-      paint ? QStringLiteral("%1 { background-color: rgb(%2, %3, %4); color: black; }")
-                  .arg(kind)
-                  .arg(paint->r)
-                  .arg(paint->g)
-                  .arg(paint->b)
-            : QString();
+  QString sheet;
+  if (paint) {
+    const int luma = (299 * paint->r + 587 * paint->g + 114 * paint->b) / 1000;
+    sheet = QStringLiteral("%1 { background-color: rgb(%2, %3, %4); color: %5; }")
+                .arg(kind)
+                .arg(paint->r)
+                .arg(paint->g)
+                .arg(paint->b)
+                .arg(luma < 110 ? QStringLiteral("white") : QStringLiteral("black"));
+  }
   if (widget->styleSheet() != sheet) widget->setStyleSheet(sheet);
 }
 
