@@ -102,7 +102,9 @@ void OutputDevices::send_open_dmx() {
     opendmx_.USB_Set_Start_Code(0);
     opendmx_.USB_Set_Data(console_.store().DMX_Out);
     opendmx_.USB_Send_Frame();
-    if (opendmx_.USB_Get_Error(1) != 0) {
+    // A device that is not open cannot be connected, even when its failure was
+    // only shown to the operator (before quiet mode) and left no error code.
+    if (opendmx_.USB_Get_Error(1) != 0 || !opendmx_.USB_Open()) {
       if (setup.visible()) setup.set_Text2(kSearchingText2);
       console_.status().show_both(kUsbSearchingStatus);
       usb_searching_ = 1;

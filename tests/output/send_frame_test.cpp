@@ -71,6 +71,24 @@ TEST_F(SendFrameTest, OkiFailingReadAndWriteShowsTheMessageTwiceAndFallsBackToNo
   EXPECT_EQ(test.dialogs.messages().size(), 2u);
 }
 
+// The failure box is modal: while the operator reads it, timers keep firing in
+// its event loop. No output tick may start inside the failing one.
+TEST_F(SendFrameTest, NoOutputTickRunsInsideTheFailureMessageOfAnother) {
+  test.store().Adapter = 2;
+  libraries.write_status = 1;
+  int level_during_message = -1;
+  test.dialogs.during_next_message([&] {
+    test.store().Patch[0] = 1;
+    test.store().Desk_Level[0] = 99;
+    test.scheduler.advance(1000);  // fourteen output ticks fall due meanwhile
+    level_during_message = test.store().DMX_Out[0];
+  });
+  tick();
+  EXPECT_EQ(level_during_message, 0) << "no frame was built while the box was open";
+  EXPECT_EQ(test.dialogs.messages().size(), 1u);
+  EXPECT_EQ(test.store().Adapter, 0);
+}
+
 TEST_F(SendFrameTest, OkiFailingOnlyTheWriteShowsTheMessageOnce) {
   test.store().Adapter = 2;
   libraries.write_status = 3;
@@ -144,6 +162,25 @@ TEST_F(SendFrameTest, OpenDmxFromALoadedShowSpeaksOnlyBeforeItsFirstSearch) {
   tick();
   EXPECT_EQ(test.dialogs.messages().size(), 2u);
   EXPECT_EQ(test.console->status().main(), " Open USB Searching");
+}
+
+TEST_F(SendFrameTest, OpenDmxFromALoadedShowWithoutTheDeviceKeepsSearching) {
+  device.unplug();
+  test.store().Adapter = 3;
+  tick();
+  ASSERT_EQ(test.dialogs.messages().size(), 3u);  // shown once, before quiet mode
+  EXPECT_EQ(test.dialogs.messages()[2].text, "Open Failed!");
+  EXPECT_EQ(test.console->status().main(), " Open USB Searching")
+      << "a device that never opened is not reported connected";
+  device.clear();
+  tick();
+  EXPECT_EQ(count("FT_Open(0)"), 1) << "searched again, quietly";
+  EXPECT_EQ(test.dialogs.messages().size(), 3u);
+  device.plug();
+  device.clear();
+  tick();
+  EXPECT_EQ(count("FT_Write(512)"), 1) << "the frame goes out in the tick the device answers";
+  EXPECT_EQ(test.console->status().main(), " Open USB Connected");
 }
 
 // The Open DMX USB adapter chosen in the set-up window and saved.
