@@ -30,9 +30,9 @@ struct FileDialogSpec {
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
-  virtual MessageResult message(const MessageBoxSpec& spec) = 0;
-  virtual std::string open_file(const FileDialogSpec& spec) = 0;
-  virtual std::string save_file(const FileDialogSpec& spec) = 0;
+  virtual MessageResult message(const MessageBoxSpec& request) = 0;
+  virtual std::string open_file(const FileDialogSpec& request) = 0;
+  virtual std::string save_file(const FileDialogSpec& request) = 0;
   virtual std::optional<Rgb> choose_colour(const std::string& title, std::optional<Rgb> initial) = 0;
 };
 

@@ -2,9 +2,9 @@
 
 namespace lumaris {
 
-MessageResult HeadlessDialogs::message(const MessageBoxSpec& spec) {
-  out_ << "[" << spec.title << "] " << spec.text << std::endl;
-  return spec.default_button;
+MessageResult HeadlessDialogs::message(const MessageBoxSpec& request) {
+  out_ << "[" << request.title << "] " << request.text << std::endl;
+  return request.default_button;
 }
 
 }  // namespace lumaris

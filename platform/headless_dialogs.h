@@ -12,7 +12,7 @@ class HeadlessDialogs final : public Dialogs {
  public:
   explicit HeadlessDialogs(std::ostream& out) : out_(out) {}
 
-  MessageResult message(const MessageBoxSpec& spec) override;
+  MessageResult message(const MessageBoxSpec& request) override;
   std::string open_file(const FileDialogSpec&) override { return {}; }
   std::string save_file(const FileDialogSpec&) override { return {}; }
   std::optional<Rgb> choose_colour(const std::string&, std::optional<Rgb>) override {

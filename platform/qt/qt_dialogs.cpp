@@ -36,26 +36,26 @@ QString initial_path(const std::string& name) {
 
 }  // namespace
 
-MessageResult QtDialogs::message(const MessageBoxSpec& spec) {
-  QMessageBox box(qt_icon(spec.icon), QString::fromStdString(spec.title),
-                  QString::fromStdString(spec.text), QMessageBox::Ok, parent());
-  if (spec.buttons == MessageButtons::OkCancel) {
+MessageResult QtDialogs::message(const MessageBoxSpec& request) {
+  QMessageBox box(qt_icon(request.icon), QString::fromStdString(request.title),
+                  QString::fromStdString(request.text), QMessageBox::Ok, parent());
+  if (request.buttons == MessageButtons::OkCancel) {
     box.addButton(QMessageBox::Cancel);
-    box.setDefaultButton(spec.default_button == MessageResult::Cancel ? QMessageBox::Cancel
+    box.setDefaultButton(request.default_button == MessageResult::Cancel ? QMessageBox::Cancel
                                                                       : QMessageBox::Ok);
   }
   return box.exec() == QMessageBox::Ok ? MessageResult::Ok : MessageResult::Cancel;
 }
 
-std::string QtDialogs::open_file(const FileDialogSpec& spec) {
-  return QFileDialog::getOpenFileName(parent(), QString::fromStdString(spec.title),
-                                      initial_path(spec.initial_name), qt_filter(spec.filter))
+std::string QtDialogs::open_file(const FileDialogSpec& request) {
+  return QFileDialog::getOpenFileName(parent(), QString::fromStdString(request.title),
+                                      initial_path(request.initial_name), qt_filter(request.filter))
       .toStdString();
 }
 
-std::string QtDialogs::save_file(const FileDialogSpec& spec) {
-  return QFileDialog::getSaveFileName(parent(), QString::fromStdString(spec.title),
-                                      initial_path(spec.initial_name), qt_filter(spec.filter))
+std::string QtDialogs::save_file(const FileDialogSpec& request) {
+  return QFileDialog::getSaveFileName(parent(), QString::fromStdString(request.title),
+                                      initial_path(request.initial_name), qt_filter(request.filter))
       .toStdString();
 }
 

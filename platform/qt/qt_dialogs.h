@@ -13,9 +13,9 @@ class QtDialogs final : public Dialogs {
   // The window that owns the dialogs; asked at each call, since windows come and go.
   void set_parent_provider(std::function<QWidget*()> provider) { parent_ = std::move(provider); }
 
-  MessageResult message(const MessageBoxSpec& spec) override;
-  std::string open_file(const FileDialogSpec& spec) override;
-  std::string save_file(const FileDialogSpec& spec) override;
+  MessageResult message(const MessageBoxSpec& request) override;
+  std::string open_file(const FileDialogSpec& request) override;
+  std::string save_file(const FileDialogSpec& request) override;
   std::optional<Rgb> choose_colour(const std::string& title, std::optional<Rgb> initial) override;
 
  private:

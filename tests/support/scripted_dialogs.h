@@ -15,9 +15,9 @@ namespace lumaris {
 // cancelled and a colour dialog is cancelled.
 class ScriptedDialogs final : public Dialogs {
  public:
-  MessageResult message(const MessageBoxSpec& spec) override;
-  std::string open_file(const FileDialogSpec& spec) override;
-  std::string save_file(const FileDialogSpec& spec) override;
+  MessageResult message(const MessageBoxSpec& request) override;
+  std::string open_file(const FileDialogSpec& request) override;
+  std::string save_file(const FileDialogSpec& request) override;
   std::optional<Rgb> choose_colour(const std::string& title, std::optional<Rgb> initial) override;
 
   void answer_message(MessageResult result) { message_answers_.push_back(result); }
