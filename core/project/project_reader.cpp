@@ -299,6 +299,12 @@ class Reader {
     const int r = f.index("Num", kScreens - 1);
     if (!f.ok()) return false;
     Screen screen = store_.Screens[r];
+    // A screen block holds the screen's whole recorded look, and the writer leaves
+    // out zero levels: levels and selections a show loaded earlier left in this
+    // screen must not survive into the new show's cue.
+    screen.Preset.fill(0);
+    screen.But_Sel.fill(false);
+    screen.Fad_Sel.fill(0);
     screen.Name = f.text("Name");
     screen.Next = f.number("Next");
     screen.Instant = f.flag("Instant");
