@@ -138,17 +138,5 @@ TEST_F(OutputCycleTest, FailedTickPaintsIndicatorBlackAndNextTickStartsAfresh) {
   EXPECT_EQ(slot(1), 120);
 }
 
-TEST_F(OutputCycleTest, ArtTimeBlinksTheArtNetIndicator) {
-  Timer& art_time = t.console->output_cycle().Art_Time();
-  art_time.set_interval(OutputCycle::kArtInterval);
-  art_time.set_enabled(true);
-  t.scheduler.advance(100);
-  EXPECT_EQ(desk().Picture1(), Paint{kBlack});
-  t.scheduler.advance(100);
-  EXPECT_EQ(desk().Picture1(), Paint{kGreen});
-  t.scheduler.advance(100);
-  EXPECT_EQ(desk().Picture1(), Paint{kBlack});
-}
-
 }  // namespace
 }  // namespace lumaris

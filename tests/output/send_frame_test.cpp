@@ -123,20 +123,6 @@ TEST_F(SendFrameTest, OksidizerFailureSetsNoneAndMovesAnOpenSetupListToNone) {
   EXPECT_EQ(test.console->status().main(), " NO DMX OUT");  // the None selection speaks last
 }
 
-TEST(SendFrameWithoutLibraries, VendorAdaptersFailOnceAndStop) {
-  TestConsole test;  // no vendor libraries installed
-  Console& console = test.build();
-  test.store().Adapter = 5;
-  test.scheduler.advance(70 * 10);
-  EXPECT_EQ(test.dialogs.messages().size(), 1u);
-  EXPECT_EQ(test.store().Adapter, 0);
-  EXPECT_FALSE(console.output_cycle().last_tick_failed());
-
-  test.store().Adapter = 2;
-  test.scheduler.advance(70 * 10);
-  EXPECT_EQ(test.dialogs.messages().size(), 3u);  // read and write of one tick
-}
-
 TEST_F(SendFrameTest, OpenDmxFromALoadedShowSpeaksOnlyBeforeItsFirstSearch) {
   test.store().Adapter = 3;  // no search has run: the driver is not quiet yet
   tick();
