@@ -113,13 +113,6 @@ TEST_F(PortsetupTest, OpenDmxWithoutTheDriverSendsNothing) {
   EXPECT_EQ(test.console->status().main(), " Open USB Not Found !");
 }
 
-TEST_F(PortsetupTest, OksidizerSaysItIsConnecting) {
-  open();
-  setup->Combo1_Click(5);
-  EXPECT_EQ(test.console->status().main(), " Oksidizer USB2DMX Connecting.....");
-  EXPECT_EQ(test.store().Adapter, 0);  // not before Save and Exit
-}
-
 TEST_F(PortsetupTest, Lpt2ThenCancelKeeps632) {
   test.store().Adapter = 1;
   open();

@@ -41,8 +41,6 @@ TEST_F(SendFrameTest, OkiReadsThenWritesTheWholeFrameOnThePort) {
   console->output_devices().Send_Frame();
   ASSERT_EQ(libraries.calls.size(), 2u);
   EXPECT_EQ(libraries.calls[0].name, "Okdmx31Read");
-  EXPECT_EQ(libraries.calls[0].port_or_command, 632);
-  EXPECT_EQ(libraries.calls[0].second, 0);
   EXPECT_EQ(libraries.calls[1].name, "Okdmx31Write");
   EXPECT_EQ(libraries.calls[1].port_or_command, 632);
   EXPECT_EQ(libraries.calls[1].data, (std::vector<std::uint8_t>{0, 1, 2, 3, 4, 5, 6, 7}));
@@ -123,22 +121,6 @@ TEST_F(SendFrameTest, OksidizerFailureSetsNoneAndMovesAnOpenSetupListToNone) {
   EXPECT_EQ(test.console->status().main(), " NO DMX OUT");  // the None selection speaks last
 }
 
-TEST_F(SendFrameTest, OpenDmxFromALoadedShowSpeaksOnlyBeforeItsFirstSearch) {
-  test.store().Adapter = 3;  // no search has run: the driver is not quiet yet
-  tick();
-  ASSERT_EQ(test.dialogs.messages().size(), 2u);  // nothing was open to close or reset
-  EXPECT_EQ(test.dialogs.messages()[0].text, "Close Failed");
-  EXPECT_EQ(test.dialogs.messages()[1].text, "Failed To Reset Device!");
-  EXPECT_EQ(count("FT_Write(512)"), 1);
-  EXPECT_EQ(test.console->status().main(), " Open USB Connected");
-  tick();
-  device.unplug();
-  tick();
-  tick();
-  EXPECT_EQ(test.dialogs.messages().size(), 2u);
-  EXPECT_EQ(test.console->status().main(), " Open USB Searching");
-}
-
 TEST_F(SendFrameTest, OpenDmxFromALoadedShowWithoutTheDeviceKeepsSearching) {
   device.unplug();
   test.store().Adapter = 3;
@@ -199,16 +181,6 @@ TEST_F(OpenDmxLinkTest, UnplugSearchesEveryTickAndSendsInTheTickTheDeviceAnswers
   EXPECT_EQ(device.writes()[1][0], 42);
   EXPECT_EQ(test.console->status().main(), " Open USB Connected");
   EXPECT_EQ(console->port_setup().Text2_Text(), "Connected");
-}
-
-TEST_F(OpenDmxLinkTest, WithTheSetupClosedOnlyTheStatusLinesFollowTheLink) {
-  console->port_setup().Command2_Click();
-  console->port_setup().set_Text2("unchanged");
-  tick();
-  device.unplug();
-  tick();
-  EXPECT_EQ(test.console->status().main(), " Open USB Searching");
-  EXPECT_EQ(console->port_setup().Text2_Text(), "unchanged");
 }
 
 }  // namespace
