@@ -22,13 +22,10 @@ class MainDeskWindowTest : public ::testing::Test {
   DeskApp app;
 };
 
-TEST_F(MainDeskWindowTest, FaderMoveOnScreenReachesTheStoreAndLevelBox) {
+TEST_F(MainDeskWindowTest, FaderButtonsAndKeysOnScreenReachTheModel) {
   window().Slider1(4)->setValue(200);  // on screen the fader holds the level
   EXPECT_EQ(store().Desk_Level[4], 200);
   EXPECT_EQ(window().Text1(4)->text(), QStringLiteral("200"));
-}
-
-TEST_F(MainDeskWindowTest, ButtonClicksReachTheModel) {
   QTest::mouseClick(window().Command1(2), Qt::LeftButton);
   EXPECT_EQ(store().Desk_Level[2], 255);
   QTest::mouseClick(window().Inc_Channel(), Qt::LeftButton);
@@ -36,9 +33,15 @@ TEST_F(MainDeskWindowTest, ButtonClicksReachTheModel) {
   EXPECT_FALSE(window().Inc_Channel()->isEnabled());
   EXPECT_EQ(window().Status()->text(), QStringLiteral(" Faders 1 Selected"));
   EXPECT_EQ(window().Text3(0)->text(), QStringLiteral("33"));
+
+  std::vector<int> keys;
+  app.console().main_desk().set_cli_key_handler([&keys](int code) { keys.push_back(code); });
+  QTest::keyClick(window().Slider1(0), Qt::Key_5, Qt::KeypadModifier);
+  QTest::keyClick(window().Slider1(0), Qt::Key_Enter, Qt::KeypadModifier);
+  EXPECT_EQ(keys, (std::vector<int>{101, 13}));
 }
 
-TEST_F(MainDeskWindowTest, ModelChangesReachTheWidgets) {
+TEST_F(MainDeskWindowTest, ModelChangesReachTheWidgetsAndAbsentWindowsAreDisabled) {
   app.handle([&] {
     store().Desk_Level[7] = 90;
     store().Fader_Names[7].Desc = "Cyc";
@@ -48,20 +51,8 @@ TEST_F(MainDeskWindowTest, ModelChangesReachTheWidgets) {
   EXPECT_EQ(window().Slider1(7)->value(), 90);
   EXPECT_EQ(window().Text3(7)->text(), QStringLiteral("Cyc"));
   EXPECT_EQ(window().Text3(7)->toolTip(), QStringLiteral(" Ch 8 Cyc"));
-}
-
-TEST_F(MainDeskWindowTest, MenuEntriesOfAbsentWindowsAreDisabled) {
-  ASSERT_NE(window().menu_action("BCF2000_setup"), nullptr);
   EXPECT_FALSE(window().menu_action("BCF2000_setup")->isEnabled());
   EXPECT_TRUE(window().menu_action("editpatch")->isEnabled());
-}
-
-TEST_F(MainDeskWindowTest, KeypadKeysReachTheCommandLineHook) {
-  std::vector<int> keys;
-  app.console().main_desk().set_cli_key_handler([&keys](int code) { keys.push_back(code); });
-  QTest::keyClick(window().Slider1(0), Qt::Key_5, Qt::KeypadModifier);
-  QTest::keyClick(window().Slider1(0), Qt::Key_Enter, Qt::KeypadModifier);
-  EXPECT_EQ(keys, (std::vector<int>{101, 13}));
 }
 
 }  // namespace

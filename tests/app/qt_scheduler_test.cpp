@@ -22,10 +22,7 @@ TEST(QtScheduler, EngineEventsNeverNest) {
   EXPECT_FALSE(nested_accepted);
   EXPECT_FALSE(inner_ran);
   EXPECT_EQ(after_events, 1) << "the windows re-sync once, after the outer event";
-}
 
-TEST(QtScheduler, PostedWorkRunsOnTheEventLoop) {
-  QtScheduler scheduler;
   int runs = 0;
   scheduler.post([&] { ++runs; });
   EXPECT_EQ(runs, 0) << "posted work waits for the event loop";

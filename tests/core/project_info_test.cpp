@@ -17,16 +17,11 @@ struct ProjectInfoTest : ::testing::Test {
   Store& store() { return t.store(); }
 };
 
-TEST_F(ProjectInfoTest, NewProjectShowsTodayAndVersionOne) {
+TEST_F(ProjectInfoTest, ShowsTodayForANewProjectAndTheHeaderOfALoadedOne) {
   t.clock.set(CalendarDate{2027, 3, 5});
   info->Form_Load();
   EXPECT_EQ(info->Prj_Date(), "05/03/2027");
   EXPECT_EQ(info->Prj_Version(), "1");
-  EXPECT_EQ(info->Prj_Name(), "");
-  EXPECT_EQ(info->Text1(), "");
-}
-
-TEST_F(ProjectInfoTest, LoadedProjectShowsItsHeader) {
   store().Project_Name = "Hamlet";
   store().Project_Text = "Act one";
   store().Project_Date = "01/02/2020";
@@ -38,20 +33,7 @@ TEST_F(ProjectInfoTest, LoadedProjectShowsItsHeader) {
   EXPECT_EQ(info->Prj_Version(), "7");
 }
 
-TEST_F(ProjectInfoTest, OkStoresNameAndText) {
-  info->Form_Load();
-  info->Show();
-  info->Prj_Name_Change("Macbeth");
-  info->Text1_Change("Tour 2027");
-  info->OKButton_Click();
-  EXPECT_EQ(store().Project_Name, "Macbeth");
-  EXPECT_EQ(store().Project_Text, "Tour 2027");
-  EXPECT_TRUE(store().Project_Changed);
-  EXPECT_FALSE(info->visible());
-  EXPECT_EQ(store().Project_Date, "");  // the date is written when saving
-}
-
-TEST_F(ProjectInfoTest, CancelStoresNothing) {
+TEST_F(ProjectInfoTest, CancelDropsTheEditAndOkStoresIt) {
   store().Project_Name = "Hamlet";
   info->Form_Load();
   info->Show();
@@ -60,8 +42,17 @@ TEST_F(ProjectInfoTest, CancelStoresNothing) {
   EXPECT_EQ(store().Project_Name, "Hamlet");
   EXPECT_FALSE(store().Project_Changed);
   EXPECT_FALSE(info->visible());
-  info->Form_Load();  // opening again drops the abandoned edit
-  EXPECT_EQ(info->Prj_Name(), "Hamlet");
+  info->Form_Load();
+  EXPECT_EQ(info->Prj_Name(), "Hamlet") << "opening again drops the abandoned edit";
+
+  info->Show();
+  info->Prj_Name_Change("Macbeth");
+  info->Text1_Change("Tour 2027");
+  info->OKButton_Click();
+  EXPECT_EQ(store().Project_Name, "Macbeth");
+  EXPECT_EQ(store().Project_Text, "Tour 2027");
+  EXPECT_TRUE(store().Project_Changed);
+  EXPECT_FALSE(info->visible());
 }
 
 }  // namespace

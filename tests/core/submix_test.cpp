@@ -14,14 +14,15 @@ class SubmixTest : public ::testing::Test {
   TestConsole t;
 };
 
-TEST_F(SubmixTest, ProgramStoresCompactedEntriesNameAndColourAndMarksTheShowChanged) {
+TEST_F(SubmixTest, ProgramStoresCompactedEntriesNameAndColourAndReprogramClearsTheRest) {
   store().Desk_Level[2] = 40;
   store().Desk_Level[9] = 255;
   desk().Submix_Text_Change("Warm");
+  desk().Sub_colour_Click();  // cancelled: nothing changes
+  EXPECT_EQ(store().Submix[0].Colour, "");
   t.dialogs.answer_colour(Rgb{255, 0, 0});
   desk().Sub_colour_Click();
   desk().Submix_Prog_Click();
-
   const SubmixRec& sub = store().Submix[0];
   EXPECT_EQ(sub.Chan[0], 3);
   EXPECT_EQ(sub.Level[0], 40);
@@ -33,9 +34,7 @@ TEST_F(SubmixTest, ProgramStoresCompactedEntriesNameAndColourAndMarksTheShowChan
   EXPECT_EQ(desk().Status(), " Submix  0 Programmed");
   EXPECT_TRUE(store().Project_Changed);
   EXPECT_EQ(t.dialogs.colour_titles().front(), " Choose a Colour");
-}
 
-TEST_F(SubmixTest, ReprogrammingClearsEntriesThatAreNoLongerUsed) {
   for (int i = 0; i < 64; ++i) store().Desk_Level[i] = static_cast<std::int16_t>(i + 1);
   desk().Submix_Prog_Click();
   EXPECT_EQ(store().Submix[0].Chan[63], 64) << "all 64 channels are stored";
@@ -46,56 +45,31 @@ TEST_F(SubmixTest, ReprogrammingClearsEntriesThatAreNoLongerUsed) {
   for (int k = 1; k < 65; ++k) EXPECT_EQ(store().Submix[0].Chan[k], 0) << k;
 }
 
-TEST_F(SubmixTest, ProgrammingWithAllFadersDownLeavesAnEmptyNamedSubmix) {
-  desk().Submix_Text_Change("Blackout");
-  desk().Submix_Prog_Click();
-  EXPECT_EQ(store().Submix[0].Chan[0], 0);
-  EXPECT_EQ(store().Submix[0].Name, "Blackout");
-}
-
-TEST_F(SubmixTest, RecallRestoresExactlyTheProgrammedLevels) {
-  for (int i = 0; i < 64; ++i) store().Desk_Level[i] = static_cast<std::int16_t>(255 - i);
+TEST_F(SubmixTest, RecallRestoresExactlyTheProgrammedLevelsAndZeroesTheRest) {
+  for (int i = 0; i < 64; ++i) store().Desk_Level[i] = static_cast<std::int16_t>(i == 0 ? 0 : 255 - i);
   desk().Submix_Prog_Click();
   store().Desk_Level.fill(3);
+  desk().Inc_Channel_Click();
   desk().Submix_Recal_Click();
-  for (int i = 0; i < 64; ++i) EXPECT_EQ(store().Desk_Level[i], 255 - i) << i;
-  EXPECT_EQ(desk().strips()[5].Slider1, 5);
-  EXPECT_EQ(desk().strips()[5].Text1, "250");
+  for (int i = 0; i < 64; ++i) EXPECT_EQ(store().Desk_Level[i], i == 0 ? 0 : 255 - i) << i;
+  EXPECT_EQ(desk().strips()[8].Slider1, 40) << "page 1 fader 8 is channel 41";
+  EXPECT_EQ(desk().strips()[8].Text1, "215");
   EXPECT_EQ(desk().Status(), " Submix 0 Recalled");
 }
 
-TEST_F(SubmixTest, RecallZeroesChannelsOutsideTheSubmixAndMovesThePageShown) {
-  store().Desk_Level[40] = 128;
-  desk().Submix_Prog_Click();
-  desk().Slider1_Change(0, 0);
-  desk().Inc_Channel_Click();
-  desk().Submix_Recal_Click();
-  EXPECT_EQ(store().Desk_Level[0], 0);
-  EXPECT_EQ(desk().strips()[8].Slider1, 255 - 128) << "page 1 fader 8 is channel 41";
-}
-
-TEST_F(SubmixTest, SelectionWrapsAtBothEnds) {
+TEST_F(SubmixTest, SelectionWrapsAtBothEndsAndShowsNameAndColour) {
   desk().Submix_Minus_Click();
   EXPECT_EQ(desk().Text9(), "32");
   EXPECT_EQ(desk().current_submix(), 31);
-  desk().Submix_Plus_Click();
-  EXPECT_EQ(desk().Text9(), "1");
-}
-
-TEST_F(SubmixTest, SelectingShowsTheStoredNameAndColour) {
   store().Submix[1].Name = "Blue wash";
   store().Submix[1].Colour = "16711680";  // 0xFF0000 in BBGGRR: blue
+  desk().Submix_Plus_Click();
+  EXPECT_EQ(desk().Text9(), "1");
   desk().Submix_Plus_Click();
   EXPECT_EQ(desk().Submix_Text(), "Blue wash");
   EXPECT_EQ(desk().Sub_colour(), (Paint{Rgb{0, 0, 255}}));
   desk().Submix_Plus_Click();
   EXPECT_EQ(desk().Sub_colour(), Paint{}) << "no colour stored: button face";
-}
-
-TEST_F(SubmixTest, CancelledColourDialogChangesNothing) {
-  store().Submix[0].Colour = "255";
-  desk().Sub_colour_Click();
-  EXPECT_EQ(store().Submix[0].Colour, "255");
 }
 
 }  // namespace

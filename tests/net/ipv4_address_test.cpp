@@ -13,12 +13,4 @@ TEST(Ipv4Address, DottedQuadsOnly) {
   }
 }
 
-TEST(Ipv4Address, UnicastTargetsExcludeAnyAndLimitedBroadcast) {
-  EXPECT_TRUE(is_unicast_target("127.0.0.1"));
-  EXPECT_TRUE(is_unicast_target("10.0.0.255"));
-  EXPECT_FALSE(is_unicast_target("0.0.0.0"));
-  EXPECT_FALSE(is_unicast_target("255.255.255.255"));
-  EXPECT_FALSE(is_unicast_target("node"));
-}
-
 }  // namespace lumaris

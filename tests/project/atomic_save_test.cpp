@@ -37,9 +37,13 @@ TEST_F(AtomicSaveTest, ReplacesTheFileAndLeavesNothingBehind) {
   EXPECT_EQ(file_contents(path), "new bytes");
   EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
   EXPECT_EQ(files.syncs(), 1);  // flushed before the rename
+  PosixFileSystem real;
+  const FileStatus gone = save_file_atomically(real, folder.file("gone/show.xml"), "x");
+  EXPECT_FALSE(gone.ok);
+  EXPECT_EQ(gone.reason, "No such file or directory");
 }
 
-TEST_F(AtomicSaveTest, EveryFailingStepKeepsTheOldFileByteForByte) {
+TEST_F(AtomicSaveTest, EveryFailingStepOrAFullDiskKeepsTheOldFileByteForByte) {
   for (const Step step : {Step::CreateTemporary, Step::Write, Step::Sync, Step::Close, Step::Rename}) {
     files.fail(step, "Input/output error");
     const FileStatus status = save_file_atomically(files, path, "new bytes");
@@ -49,22 +53,12 @@ TEST_F(AtomicSaveTest, EveryFailingStepKeepsTheOldFileByteForByte) {
     EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
     EXPECT_TRUE(files.leftovers().empty());
   }
-}
-
-TEST_F(AtomicSaveTest, AFullDiskKeepsTheOldFile) {
   files.fill_after(10);
   const FileStatus status = save_file_atomically(files, path, std::string(5000, 'x'));
   EXPECT_FALSE(status.ok);
   EXPECT_EQ(status.reason, "No space left on device");
   EXPECT_EQ(file_contents(path), kOld);
   EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
-}
-
-TEST_F(AtomicSaveTest, AFolderThatVanishedIsReported) {
-  PosixFileSystem real;
-  const FileStatus status = save_file_atomically(real, folder.file("gone/show.xml"), "x");
-  EXPECT_FALSE(status.ok);
-  EXPECT_EQ(status.reason, "No such file or directory");
 }
 
 // A real file system without space: a 64 KiB tmpfs in a mount namespace of a

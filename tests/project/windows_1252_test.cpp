@@ -11,9 +11,7 @@ TEST(Windows1252, AccentsAndSignsTakeOneByteOnDisk) {
             "Caf\xE9 \x80" "5 \x96 \xDF\xC5");
   EXPECT_EQ(windows_1252_to_utf8("Caf\xE9 \x80" "5 \x96 \xDF\xC5"),
             "Caf\u00e9 \u20ac5 \u2013 \u00df\u00c5");
-}
-
-TEST(Windows1252, CharactersOutsideTheCodePageBecomeQuestionMarks) {
+  // Characters outside the code page become question marks.
   EXPECT_EQ(utf8_to_windows_1252("\u65e5\u672c"), "??");         // two CJK characters
   EXPECT_EQ(utf8_to_windows_1252("a\U0001F600b"), "a?b");         // one emoji, four bytes
   EXPECT_EQ(utf8_to_windows_1252("x\xC3(y"), "x?(y");             // broken sequence

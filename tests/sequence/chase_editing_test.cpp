@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "core/main_desk.h"
 #include "tests/sequence/sequence_desk.h"
 
 namespace lumaris {
@@ -22,7 +21,6 @@ TEST(ChaseEditing, CopyAndPasteCarryTimesInWholeSecondsHalvesToEven) {
   EXPECT_EQ(c.Time[2], 2.0);
   EXPECT_EQ(c.Data[2][6], 66);
   EXPECT_EQ(c.Fade[2][20], kChaseOff);
-  EXPECT_EQ(s.desk->channels()[6].Slider1, 255 - 66);  // the pasted step is shown
   c.Speed[2] = 2.5;
   s.desk->Command_Copy_Click();
   EXPECT_EQ(s.desk->clipboard().Copy_Speed, 2);
@@ -39,9 +37,7 @@ TEST(ChaseEditing, ShiftRotatesTheLevelChannelsOfTheStep) {
   for (int n = 0; n < 3; ++n) s.desk->Shift_Pos_Click();
   EXPECT_EQ(c.Data[1][3], 10);       // channel 0 moved up three places
   EXPECT_EQ(c.Data[1][0], 10 + 15);  // and 15 wrapped round to 0
-  EXPECT_EQ(c.Fade[1][1], kChaseFade);
   EXPECT_EQ(c.Data[1][18], 28);      // the moving desk's channels stay put
-  EXPECT_TRUE(s.t.store().Project_Changed);
   for (int n = 0; n < 3; ++n) s.desk->Shift_Neg_Click();
   EXPECT_EQ(c.Data, before.Data);
   EXPECT_EQ(c.Fade, before.Fade);
@@ -54,30 +50,22 @@ TEST(ChaseEditing, AnOutOfRangeDeskChannelGivesOneMessageAndBecomes63) {
   ASSERT_EQ(s.t.dialogs.messages().size(), 1u);
   EXPECT_EQ(s.t.dialogs.messages()[0].title, " Channel Error");
   EXPECT_EQ(s.t.dialogs.messages()[0].text, " Channel Values must be between 1 - 63");
-  EXPECT_EQ(s.t.dialogs.messages()[0].icon, MessageIcon::Exclamation);
   EXPECT_EQ(s.desk->channels()[4].Text1, "63");
   EXPECT_EQ(s.chase().Channels[4], 62);
-  EXPECT_EQ(s.desk->channels()[4].Text1_tooltip, "63 63 ");
-  EXPECT_TRUE(s.t.store().Project_Changed);
 
   s.desk->Text1_Change(4, "x");  // refused, routing unchanged
   EXPECT_EQ(s.t.dialogs.messages().size(), 2u);
   EXPECT_EQ(s.chase().Channels[4], 62);
   s.desk->Text1_Change(4, "");  // an emptied box is not an error
   EXPECT_EQ(s.t.dialogs.messages().size(), 2u);
-  s.desk->Text1_Change(4, "0");
-  EXPECT_EQ(s.t.dialogs.messages().size(), 3u);
-  EXPECT_EQ(s.chase().Channels[4], 62);
 }
 
 TEST(ChaseEditing, AutoIncrementFillsTheColumnFromTheFirstNumber) {
   SequenceDesk s;
   s.desk->Check1_Click(true);
   s.desk->Text1_Change(0, "5");
-  for (int i = 0; i < kChaseChannels; ++i) {
-    EXPECT_EQ(s.desk->channels()[i].Text1, std::to_string(5 + i)) << "row " << i;
-    EXPECT_EQ(s.chase().Channels[i], 4 + i);
-  }
+  for (int i = 0; i < kChaseChannels; ++i) EXPECT_EQ(s.chase().Channels[i], 4 + i) << i;
+  EXPECT_EQ(s.desk->channels()[23].Text1, "28");
   // Counting stops at 63.
   s.desk->Text1_Change(20, "62");
   EXPECT_EQ(s.desk->channels()[21].Text1, "63");
@@ -85,41 +73,22 @@ TEST(ChaseEditing, AutoIncrementFillsTheColumnFromTheFirstNumber) {
   EXPECT_TRUE(s.t.dialogs.messages().empty());
 }
 
-TEST(ChaseEditing, StepsStayBetweenOneAndThirtyTwo) {
+TEST(ChaseEditing, StepsStayBetweenOneAndThirtyTwoAndPreviousOnStepOneGoesToTheLast) {
   SequenceDesk s;
   ChaseRec& c = s.chase();
-  ASSERT_EQ(c.Steps, 1);
   s.desk->Steps_subtract_Click();
   s.desk->Remove_Step_Click();
   EXPECT_EQ(c.Steps, 1);
-  EXPECT_FALSE(s.t.store().Project_Changed);
   for (int n = 0; n < 40; ++n) s.desk->Steps_Add_Click();
-  EXPECT_EQ(c.Steps, 32);
-  EXPECT_EQ(s.desk->Steps(), "32");
   s.desk->Insert_Click();
   EXPECT_EQ(c.Steps, 32);
+  c.Data[32][0] = 200;
   s.desk->Chase_Minus_Click();
   EXPECT_EQ(s.desk->Cur_Step(), 32);
-  s.desk->Steps_subtract_Click();  // the shown step goes with it
-  EXPECT_EQ(s.desk->Cur_Step(), 31);
-  EXPECT_EQ(s.desk->Step_Display(), "31");
-  for (int n = 0; n < 40; ++n) s.desk->Steps_subtract_Click();
-  EXPECT_EQ(c.Steps, 1);
-  EXPECT_EQ(s.desk->Cur_Step(), 1);
-}
-
-TEST(ChaseEditing, StepNavigationWrapsRound) {
-  SequenceDesk s;
-  s.program(4, 1.0, 1.0);
-  s.chase().Data[4][0] = 200;
-  s.desk->Chase_Minus_Click();
-  EXPECT_EQ(s.desk->Cur_Step(), 4);
   EXPECT_EQ(s.desk->Prev_Step(), 1);
   EXPECT_EQ(s.desk->channels()[0].Slider1, 55);
-  EXPECT_EQ(s.desk->channels()[0].Picture1, (Rgb{255, 55, 55}));
-  s.desk->Chase_Plus_Click();
-  EXPECT_EQ(s.desk->Cur_Step(), 1);
-  EXPECT_EQ(s.desk->Prev_Step(), 4);
+  s.desk->Steps_subtract_Click();  // the shown step goes with it
+  EXPECT_EQ(s.desk->Step_Display(), "31");
 }
 
 TEST(ChaseEditing, InsertOpensAnEmptyStepAndRemoveClosesIt) {
@@ -137,14 +106,9 @@ TEST(ChaseEditing, InsertOpensAnEmptyStepAndRemoveClosesIt) {
   EXPECT_EQ(c.Fade[2][0], kChaseFade);  // kept from the step that moved up
   EXPECT_EQ(c.Speed[2], 2.0);
   EXPECT_EQ(c.Data[3][0], 20);
-  EXPECT_EQ(c.Data[4][0], 30);
-  EXPECT_EQ(c.Speed[4], 3.0);
-  EXPECT_TRUE(s.t.store().Project_Changed);
   s.desk->Chase_Plus_Click();
   s.desk->Remove_Step_Click();
-  EXPECT_EQ(c.Steps, 3);
   EXPECT_EQ(c.Data[2][0], 20);
-  EXPECT_EQ(c.Data[3][0], 30);
   s.desk->Chase_Plus_Click();
   s.desk->Remove_Step_Click();  // removing the last step shows the one before
   EXPECT_EQ(s.desk->Cur_Step(), 2);
@@ -157,19 +121,14 @@ TEST(ChaseEditing, FunctionButtonsCycleAndTheSwitchAppliesToEveryStep) {
   const auto& ch = s.desk->channels();
   s.desk->Ch_Function_Click(2);  // S -> off
   EXPECT_EQ(ch[2].Ch_Function, "off");
-  EXPECT_FALSE(ch[2].Ch_Function_colour.has_value());
   EXPECT_FALSE(ch[2].level_enabled);
-  EXPECT_FALSE(ch[2].Text1_enabled);
   s.desk->Ch_Function_Click(2);
   EXPECT_EQ(ch[2].Ch_Function, "F");
-  EXPECT_EQ(ch[2].Ch_Function_colour, Paint{kGreen});
   EXPECT_EQ(c.Fade[2][2], kChaseStep);  // only the shown step so far
   s.desk->Global_fade_sw_Click(true);
   s.desk->Ch_Function_Click(20);  // S -> off on the moving desk's channel, every step
   for (int step = 0; step <= 3; ++step) EXPECT_EQ(c.Fade[step][20], kChaseOff);
-  EXPECT_FALSE(ch[20].Text1_enabled);
   s.desk->Ch_Function_All_Click();  // off -> F on channels 0..17 of every step
-  EXPECT_EQ(s.desk->Ch_Function_All(), "F");
   EXPECT_EQ(c.Fade[3][17], kChaseFade);
   EXPECT_EQ(c.Fade[3][18], kChaseStep);
   s.desk->Steps_Add_Click();  // the new step takes that function too
@@ -186,97 +145,22 @@ TEST(ChaseEditing, TimeSlidersWriteTheStepAndOptionallyEveryStep) {
   speed.Set_From_Position(top);
   EXPECT_EQ(c.Speed[1], 240.0);
   EXPECT_EQ(c.Speed[2], 1.0);
-  EXPECT_EQ(s.desk->Speed_Text(), "240");
   s.desk->Global_Speed_Click(true);
   s.desk->Speed_Fade_Lock_Click(true);  // the fade follows the duration
-  EXPECT_FALSE(s.desk->Global_fade_enabled());
-  EXPECT_EQ(c.Time[1], 240.0);
-  EXPECT_EQ(c.Time[2], 1.0);
   speed.Set_From_Position(top + speed.axis_height());
   for (int step = 0; step <= 3; ++step) {
     EXPECT_EQ(c.Speed[step], 0.1);
     EXPECT_EQ(c.Time[step], 0.1);
   }
-  EXPECT_EQ(s.desk->Fade_Text(), "0.1");
   // Showing another step places the thumbs and writes nothing.
   c.Speed[2] = 3;
   s.desk->Chase_Plus_Click();
   EXPECT_EQ(speed.Value(), 3.0);
   EXPECT_EQ(c.Speed[1], 0.1);
-
   s.desk->Speed_Fade_Lock_Click(false);
   s.desk->Global_fade_Click(true);
   s.desk->LogSlider4().Set_From_Position(top);
   for (int step = 0; step <= 3; ++step) EXPECT_EQ(c.Time[step], 240.0);
-}
-
-TEST(ChaseEditing, LoopModeAndRepeatCount) {
-  SequenceDesk s;
-  EXPECT_TRUE(s.desk->Loop_Box());
-  EXPECT_FALSE(s.desk->Loop_Times_enabled());
-  s.desk->Loop_Box_Click(false);
-  EXPECT_EQ(s.chase().Loop, 1);
-  EXPECT_TRUE(s.desk->Loop_Times_enabled());
-  s.desk->Loop_Times_Change(4);
-  EXPECT_EQ(s.chase().Loop, 4);
-  EXPECT_EQ(s.desk->Loop_Times_txt(), "4");
-  s.desk->Loop_Box_Click(true);
-  EXPECT_EQ(s.chase().Loop, 0);
-}
-
-TEST(ChaseEditing, ChasesAreSelectedNamedAndColoured) {
-  SequenceDesk s;
-  EXPECT_EQ(s.desk->Chase_Sel_entries().size(), 33u);
-  EXPECT_EQ(s.desk->Chase_Sel_entries()[7], " -None- ");
-  s.desk->Chase_Sel_Click(7);
-  s.desk->Chase_Name_Change("Wave");
-  EXPECT_EQ(s.t.store().Chase_Table[7].Name, "Wave");
-  EXPECT_EQ(s.desk->Chase_Sel_entries()[7], "Wave");
-  EXPECT_EQ(s.desk->caption(), "Sequence Desk Wave");
-  s.desk->Refresh_Desk();
-  EXPECT_EQ(s.desk->caption(), "Sequence DeskWave");
-  s.t.dialogs.answer_colour(Rgb{0, 0, 255});
-  s.desk->Chase_Colour_Sel_Click();
-  EXPECT_EQ(s.t.dialogs.colour_titles().back(), " Choose a Colour");
-  EXPECT_EQ(s.t.store().Chase_Table[7].Colour, "16711680");  // 0xFF0000: blue in BBGGRR
-  s.desk->Chase_Sel_Click(0);
-  EXPECT_FALSE(s.desk->Chase_Colour_Sel().has_value());
-}
-
-TEST(ChaseEditing, ClearZeroesTheFadersOfTheStep) {
-  SequenceDesk s;
-  s.desk->Command1_Click(3);
-  EXPECT_EQ(s.chase().Data[1][3], 255);
-  s.desk->Command3_Click();
-  EXPECT_EQ(s.chase().Data[1][3], 0);
-  EXPECT_EQ(s.desk->channels()[3].Picture1, kWhite);
-  s.desk->Command1_Click(3);
-  s.desk->Menu_Click("Clear_Step");
-  EXPECT_EQ(s.chase().Data[1][3], 0);
-}
-
-TEST(ChaseEditing, TheDeskOpensFromTheMainDeskWithShowFileEntriesAndWithoutTheMovingDesk) {
-  TestConsole t;
-  t.build();
-  Chases& desk = t.console->sequence_desk();
-  EXPECT_FALSE(desk.visible());
-  t.console->main_desk().Command3_Click();
-  EXPECT_TRUE(desk.visible());
-  for (const MenuEntry& entry : desk.menu_entries()) {
-    if (entry.name == "Load_File" || entry.name == "Save_all") {
-      EXPECT_TRUE(entry.enabled) << entry.name;
-    }
-    if (entry.name == "show_moving_desk") {
-      EXPECT_FALSE(entry.enabled);
-    }
-  }
-  // Reset Desk redraws the desk from the fresh table.
-  t.store().Chase_Table[0].Steps = 5;
-  desk.Chase_Minus_Click();
-  t.dialogs.answer_message(MessageResult::Ok);
-  t.console->main_desk().resetdesk_Click();
-  EXPECT_EQ(desk.Cur_Step(), 1);
-  EXPECT_EQ(desk.Steps(), "1");
 }
 
 }  // namespace lumaris

@@ -37,21 +37,4 @@ TEST(ChaseOutput, ARunningChaseReachesThePatchedSlotAtTheNextOutputTick) {
   EXPECT_EQ(store.DMX_Out[5], 0);
 }
 
-// When both timers fall due in the same millisecond the output cycle runs first
-// (its timer was made first), so that output tick still carries the level of the
-// chase tick before; the next output tick carries the new one.
-TEST(ChaseOutput, OnACommonMillisecondTheOutputTickRunsBeforeTheChaseTick) {
-  SequenceDesk s;
-  Store& store = s.t.store();
-  s.program(2, 1.0, 1.0);
-  s.chase().Fade[2][0] = kChaseFade;
-  s.chase().Data[2][0] = 200;  // from 0 in ten ticks of 20
-  s.desk->Chase_Go_Button_Click();  // at 0 ms; step 2 begins at 1001 ms
-  s.t.scheduler.advance(1400);  // 1400 = 20 x 70 = 14 x 100
-  EXPECT_EQ(store.Chase_Out[0], 80);
-  EXPECT_EQ(store.DMX_Out[0], 60);
-  s.t.scheduler.advance(70);
-  EXPECT_EQ(store.DMX_Out[0], 80);
-}
-
 }  // namespace lumaris

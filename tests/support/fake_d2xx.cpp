@@ -31,42 +31,6 @@ D2xx::FT_STATUS FakeD2xx::FT_Close(FT_HANDLE handle) {
   return status;
 }
 
-D2xx::FT_STATUS FakeD2xx::FT_ResetDevice(FT_HANDLE handle) {
-  return handle_call("FT_ResetDevice", handle);
-}
-
-D2xx::FT_STATUS FakeD2xx::FT_SetDivisor(FT_HANDLE handle, std::uint16_t divisor) {
-  return handle_call("FT_SetDivisor(" + std::to_string(divisor) + ")", handle);
-}
-
-D2xx::FT_STATUS FakeD2xx::FT_SetDataCharacteristics(FT_HANDLE handle, std::uint8_t word_length,
-                                                    std::uint8_t stop_bits, std::uint8_t parity) {
-  return handle_call("FT_SetDataCharacteristics(" + std::to_string(word_length) + "," +
-                         std::to_string(stop_bits) + "," + std::to_string(parity) + ")",
-                     handle);
-}
-
-D2xx::FT_STATUS FakeD2xx::FT_SetFlowControl(FT_HANDLE handle, std::uint16_t flow, std::uint8_t xon,
-                                            std::uint8_t xoff) {
-  return handle_call("FT_SetFlowControl(" + std::to_string(flow) + "," + std::to_string(xon) +
-                         "," + std::to_string(xoff) + ")",
-                     handle);
-}
-
-D2xx::FT_STATUS FakeD2xx::FT_ClrRts(FT_HANDLE handle) { return handle_call("FT_ClrRts", handle); }
-
-D2xx::FT_STATUS FakeD2xx::FT_Purge(FT_HANDLE handle, std::uint32_t mask) {
-  return handle_call("FT_Purge(" + std::to_string(mask) + ")", handle);
-}
-
-D2xx::FT_STATUS FakeD2xx::FT_SetBreakOn(FT_HANDLE handle) {
-  return handle_call("FT_SetBreakOn", handle);
-}
-
-D2xx::FT_STATUS FakeD2xx::FT_SetBreakOff(FT_HANDLE handle) {
-  return handle_call("FT_SetBreakOff", handle);
-}
-
 D2xx::FT_STATUS FakeD2xx::FT_Write(FT_HANDLE handle, const std::uint8_t* data,
                                    std::uint32_t length, std::uint32_t* written) {
   const FT_STATUS status = handle_call("FT_Write(" + std::to_string(length) + ")", handle);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <map>
 #include <string>
 #include <vector>
@@ -17,16 +18,24 @@ class FakeD2xx final : public D2xx {
   bool driver_present() override { return driver_present_; }
   FT_STATUS FT_Open(int device, FT_HANDLE* handle) override;
   FT_STATUS FT_Close(FT_HANDLE handle) override;
-  FT_STATUS FT_ResetDevice(FT_HANDLE handle) override;
-  FT_STATUS FT_SetDivisor(FT_HANDLE handle, std::uint16_t divisor) override;
-  FT_STATUS FT_SetDataCharacteristics(FT_HANDLE handle, std::uint8_t word_length,
-                                      std::uint8_t stop_bits, std::uint8_t parity) override;
-  FT_STATUS FT_SetFlowControl(FT_HANDLE handle, std::uint16_t flow, std::uint8_t xon,
-                              std::uint8_t xoff) override;
-  FT_STATUS FT_ClrRts(FT_HANDLE handle) override;
-  FT_STATUS FT_Purge(FT_HANDLE handle, std::uint32_t mask) override;
-  FT_STATUS FT_SetBreakOn(FT_HANDLE handle) override;
-  FT_STATUS FT_SetBreakOff(FT_HANDLE handle) override;
+  FT_STATUS FT_ResetDevice(FT_HANDLE h) override { return handle_call("FT_ResetDevice", h); }
+  FT_STATUS FT_SetDivisor(FT_HANDLE h, std::uint16_t divisor) override {
+    return handle_call("FT_SetDivisor(" + std::to_string(divisor) + ")", h);
+  }
+  FT_STATUS FT_SetDataCharacteristics(FT_HANDLE h, std::uint8_t bits, std::uint8_t stop,
+                                      std::uint8_t parity) override {
+    return handle_call("FT_SetDataCharacteristics(" + numbers({bits, stop, parity}) + ")", h);
+  }
+  FT_STATUS FT_SetFlowControl(FT_HANDLE h, std::uint16_t flow, std::uint8_t xon,
+                              std::uint8_t xoff) override {
+    return handle_call("FT_SetFlowControl(" + numbers({flow, xon, xoff}) + ")", h);
+  }
+  FT_STATUS FT_ClrRts(FT_HANDLE h) override { return handle_call("FT_ClrRts", h); }
+  FT_STATUS FT_Purge(FT_HANDLE h, std::uint32_t mask) override {
+    return handle_call("FT_Purge(" + std::to_string(mask) + ")", h);
+  }
+  FT_STATUS FT_SetBreakOn(FT_HANDLE h) override { return handle_call("FT_SetBreakOn", h); }
+  FT_STATUS FT_SetBreakOff(FT_HANDLE h) override { return handle_call("FT_SetBreakOff", h); }
   FT_STATUS FT_Write(FT_HANDLE handle, const std::uint8_t* data, std::uint32_t length,
                      std::uint32_t* written) override;
 
@@ -47,6 +56,11 @@ class FakeD2xx final : public D2xx {
 
  private:
   FT_STATUS handle_call(const std::string& call, FT_HANDLE handle);
+  static std::string numbers(std::initializer_list<unsigned> values) {
+    std::string text;
+    for (unsigned v : values) text += (text.empty() ? "" : ",") + std::to_string(v);
+    return text;
+  }
 
   bool driver_present_ = true;
   bool plugged_ = true;

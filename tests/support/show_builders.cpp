@@ -136,6 +136,7 @@ class Dice {
  public:
   explicit Dice(std::uint32_t seed) : engine_(seed) {}
   int between(int low, int high) { return std::uniform_int_distribution<int>(low, high)(engine_); }
+  std::int16_t num(int low, int high) { return static_cast<std::int16_t>(between(low, high)); }
   bool chance(int percent) { return between(1, 100) <= percent; }
   std::int16_t level() { return static_cast<std::int16_t>(between(0, 255)); }
   // Names use what show files hold: letters, blanks, Windows-1252 accents and
@@ -162,9 +163,9 @@ void build_random_show(Store& store, std::uint32_t seed) {
   Dice dice(seed);
   store.Project_Name = dice.text(12);
   store.Project_Text = dice.text(40);
-  store.Project_Version = static_cast<std::int16_t>(dice.between(0, 500));
-  store.Adapter = static_cast<std::int16_t>(dice.between(0, 5));
-  store.BCF_Mode = static_cast<std::int16_t>(dice.between(0, 6));
+  store.Project_Version = dice.num(0, 500);
+  store.Adapter = dice.num(0, 5);
+  store.BCF_Mode = dice.num(0, 6);
   // Rows load back from the first row on, so enabled rows are kept together.
   const int rows = dice.between(0, 9);
   for (int row = 0; row < rows; ++row) {
@@ -179,7 +180,7 @@ void build_random_show(Store& store, std::uint32_t seed) {
     for (int channel = 1; channel <= kDeskChannels; ++channel) {
       if (!dice.chance(20)) continue;
       submix.Chan[k] = static_cast<std::int16_t>(channel);
-      submix.Level[k] = static_cast<std::int16_t>(dice.between(1, 255));
+      submix.Level[k] = dice.num(1, 255);
       ++k;
     }
   }
@@ -195,51 +196,46 @@ void build_random_show(Store& store, std::uint32_t seed) {
                             dice.chance(50)};
   }
   for (int b = 0; b < kPlaybackButtons; ++b) {
-    ButtonFunction& button = store.Button_Functions[b];
-    button = {dice.text(6), static_cast<std::int16_t>(dice.between(0, 32)), dice.colour(),
-              static_cast<std::int16_t>(dice.between(0, 4)), dice.chance(50),
-              static_cast<std::int16_t>(dice.between(0, 64)), static_cast<std::int16_t>(dice.between(0, 64)),
-              static_cast<std::int16_t>(dice.between(0, 64)), dice.level(), dice.level(), dice.level(),
-              static_cast<std::int16_t>(dice.between(1, 255)), dice.chance(50)};
+    store.Button_Functions[b] = {dice.text(6), dice.num(0, 32), dice.colour(), dice.num(0, 4),
+                                 dice.chance(50), dice.num(0, 64), dice.num(0, 64), dice.num(0, 64),
+                                 dice.level(), dice.level(), dice.level(), dice.num(1, 255),
+                                 dice.chance(50)};
   }
   for (int f = 0; f < kPlaybackFaders; ++f) {
-    store.Fader_Functions[f] = {dice.text(6), static_cast<std::int16_t>(dice.between(0, 32)), dice.colour(),
-                                static_cast<std::int16_t>(dice.between(0, 4)),
-                                static_cast<std::int16_t>(dice.between(0, 64)),
-                                static_cast<std::int16_t>(dice.between(0, 64)),
-                                static_cast<std::int16_t>(dice.between(0, 64)), dice.level(),
-                                dice.level(), dice.level(), static_cast<std::int16_t>(dice.between(1, 255))};
+    store.Fader_Functions[f] = {dice.text(6), dice.num(0, 32), dice.colour(), dice.num(0, 4),
+                                dice.num(0, 64), dice.num(0, 64), dice.num(0, 64), dice.level(),
+                                dice.level(), dice.level(), dice.num(1, 255)};
   }
   for (int c = 0; c < 32; ++c) {
     if (!dice.chance(30)) continue;
     ChaseRec& chase = store.Chase_Table[c];
     chase.Name = dice.text(8);
     chase.Colour = dice.colour();
-    chase.Steps = static_cast<std::int16_t>(dice.between(2, kChaseSteps));
-    chase.Fixture = static_cast<std::int16_t>(dice.between(0, kFixtures - 1));
-    chase.Loop = static_cast<std::int16_t>(dice.between(0, 10));
-    for (int k = 0; k < kChaseChannels; ++k) chase.Channels[k] = static_cast<std::int16_t>(dice.between(0, 63));
+    chase.Steps = dice.num(2, kChaseSteps);
+    chase.Fixture = dice.num(0, kFixtures - 1);
+    chase.Loop = dice.num(0, 10);
+    for (int k = 0; k < kChaseChannels; ++k) chase.Channels[k] = dice.num(0, 63);
     for (int t = 0; t <= chase.Steps; ++t) {
       chase.Speed[t] = dice.seconds();
       chase.Time[t] = dice.seconds();
       for (int k = 0; k < kChaseChannels; ++k) {
         chase.Data[t][k] = dice.level();
-        chase.Fade[t][k] = static_cast<std::int16_t>(dice.between(0, 2));
+        chase.Fade[t][k] = dice.num(0, 2);
       }
-      for (auto& value : chase.Fix[t]) value = static_cast<std::int16_t>(dice.between(0, 20));
+      for (auto& value : chase.Fix[t]) value = dice.num(0, 20);
     }
   }
-  store.Screen_Count = static_cast<std::int16_t>(dice.between(1, kScreens - 1));
+  store.Screen_Count = dice.num(1, kScreens - 1);
   for (int r = 0; r <= store.Screen_Count; ++r) {
     Screen& screen = store.Screens[r];
     screen.Name = dice.text(10);
-    screen.Next = static_cast<std::int16_t>(dice.between(0, kScreens - 1));
+    screen.Next = dice.num(0, kScreens - 1);
     screen.Colour = dice.colour();
     screen.Instant = dice.chance(20);
     screen.Auto = dice.chance(20);
     screen.Preset_l = dice.level();
-    screen.Delay = static_cast<std::int16_t>(dice.between(0, 30));
-    screen.Time = static_cast<std::int16_t>(dice.between(0, 60));
+    screen.Delay = dice.num(0, 30);
+    screen.Time = dice.num(0, 60);
     for (auto& level : screen.Fad_Sel) level = dice.chance(20) ? dice.level() : 0;
     for (auto& level : screen.Preset) level = dice.chance(30) ? dice.level() : 0;
     for (int b = 0; b < kPlaybackButtons; ++b) screen.But_Sel[b] = dice.chance(10);
