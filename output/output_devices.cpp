@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "core/console.h"
+#include "output/adapter_numbers.h"
 #include "output/parallel_frames.h"
 #include "output/portsetup.h"
 #include "platform/adapter_libraries.h"
@@ -20,12 +21,6 @@ constexpr const char* kUsbConnectedStatus = " Open USB Connected";
 constexpr const char* kUsbSearchingStatus = " Open USB Searching";
 constexpr const char* kConnectedText2 = "Connected";
 constexpr const char* kSearchingText2 = "Searching...";
-
-constexpr int kAdapterParlex = 1;
-constexpr int kAdapterOki = 2;
-constexpr int kAdapterOpenDmx = 3;
-constexpr int kAdapterManolator = 4;
-constexpr int kAdapterOksidizer = 5;
 
 constexpr std::int32_t kOksidSendDmx = 4;
 constexpr const char* kNoDriver = "the FTDI driver is not installed";
@@ -114,7 +109,7 @@ void OutputDevices::send_open_dmx() {
 }
 
 void OutputDevices::adapter_failed(int adapter) {
-  console_.store().Adapter = 0;
+  console_.store().Adapter = kAdapterNone;
   const bool oki = adapter == kAdapterOki;
   console_.dialogs().message({kDmxErrorTitle, oki ? kOkiNotRespondingMessage : kOksidNotResponding,
                               MessageIcon::Exclamation, MessageButtons::Ok, MessageResult::Ok});

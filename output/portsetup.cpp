@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/console.h"
+#include "output/adapter_numbers.h"
 #include "core/number_text.h"
 #include "core/output_cycle.h"
 #include "output/output_devices.h"
@@ -27,7 +28,6 @@ constexpr const char* kDriverNotFound = "USB Driver not Found";
 
 constexpr int kOkiRate = 70;
 constexpr int kOpenDmxRate = 40;
-constexpr int kOpenDmxAdapter = 3;
 
 }  // namespace
 
@@ -99,21 +99,21 @@ void Portsetup::selection_changed() {
   adapter_name_ = kAdapterNames[chosen_];
   StatusLines& status = console_.status();
   switch (chosen_) {
-    case 0:
+    case kAdapterNone:
       hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1, Text2});
       disable({Text1, HScroll1});
       status.show_both(kNoDmxOut);
       break;
-    case 1:
-    case 4:
+    case kAdapterParlex:
+    case kAdapterManolator:
       show({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
       hide({Text2});
       show_rate();
-      status.show_both(chosen_ == 1 ? kParlexRunning
+      status.show_both(chosen_ == kAdapterParlex ? kParlexRunning
                                     : kManolatorConnected + str_number(rate_) + "ms");
       port_option_from_address();
       break;
-    case 2:
+    case kAdapterOki:
       show({Label1_0, Label1_1, Label2, Option1, Option2});
       hide({Label3, Text1, Text2, HScroll1});
       disable({Text1, HScroll1});
@@ -122,14 +122,14 @@ void Portsetup::selection_changed() {
       port_option_from_address();
       rate_ = kOkiRate;
       break;
-    case 3:
+    case kAdapterOpenDmx:
       show({Text2});
       hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
       disable({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
       rate_ = kOpenDmxRate;
       driver_search();
       break;
-    case 5:
+    case kAdapterOksidizer:
       show({Text2});
       hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
       disable({HScroll1});
@@ -161,7 +161,7 @@ void Portsetup::driver_search() {
     status.show_both(kUsbNotFound);
     devices.set_USB_Connected(0);
   }
-  console_.store().Adapter = kOpenDmxAdapter;
+  console_.store().Adapter = kAdapterOpenDmx;
 }
 
 void Portsetup::Option1_Click() {

@@ -183,6 +183,27 @@ void numbered_block(Lines& out, const char* tag, int number, Lines& fields) {
   out.close(1, tag);
 }
 
+// Buttons and faders share their records' first four fields...
+template <typename Function>
+void identity_fields(Lines& fields, const Function& function) {
+  fields.field_if_text(2, "Name", function.Name);
+  fields.field_if_positive(2, "Value", function.Value);
+  fields.field_if_text(2, "Colour", function.Colour);
+  fields.field_if_positive(2, "Function", function.Function);
+}
+
+// ...and the channels, colour data and level that follow them.
+template <typename Function>
+void routing_fields(Lines& fields, const Function& function) {
+  fields.field_if_positive(2, "Channel1", function.Channel1);
+  fields.field_if_positive(2, "Channel2", function.Channel2);
+  fields.field_if_positive(2, "Channel3", function.Channel3);
+  fields.field_if_positive(2, "Data1", function.Data1);
+  fields.field_if_positive(2, "Data2", function.Data2);
+  fields.field_if_positive(2, "Data3", function.Data3);
+  fields.field_if_positive(2, "Level", function.Level);
+}
+
 }  // namespace
 
 std::string Button_Section(const Store& store) {
@@ -191,18 +212,9 @@ std::string Button_Section(const Store& store) {
     const ButtonFunction& button = store.Button_Functions[b];
     if (button.Function >= kFunctionOff) continue;
     Lines fields;
-    fields.field_if_text(2, "Name", button.Name);
-    fields.field_if_positive(2, "Value", button.Value);
-    fields.field_if_text(2, "Colour", button.Colour);
-    fields.field_if_positive(2, "Function", button.Function);
+    identity_fields(fields, button);
     fields.flag_if_set(2, "Latch", button.Latch);
-    fields.field_if_positive(2, "Channel1", button.Channel1);
-    fields.field_if_positive(2, "Channel2", button.Channel2);
-    fields.field_if_positive(2, "Channel3", button.Channel3);
-    fields.field_if_positive(2, "Data1", button.Data1);
-    fields.field_if_positive(2, "Data2", button.Data2);
-    fields.field_if_positive(2, "Data3", button.Data3);
-    fields.field_if_positive(2, "Level", button.Level);
+    routing_fields(fields, button);
     fields.flag_if_set(2, "Preset", button.Preset);
     numbered_block(out, "Button", b, fields);
   }
@@ -215,17 +227,8 @@ std::string Fader_Section(const Store& store) {
     const FaderFunction& fader = store.Fader_Functions[f];
     if (fader.Function >= kFunctionOff) continue;
     Lines fields;
-    fields.field_if_text(2, "Name", fader.Name);
-    fields.field_if_positive(2, "Value", fader.Value);
-    fields.field_if_text(2, "Colour", fader.Colour);
-    fields.field_if_positive(2, "Function", fader.Function);
-    fields.field_if_positive(2, "Channel1", fader.Channel1);
-    fields.field_if_positive(2, "Channel2", fader.Channel2);
-    fields.field_if_positive(2, "Channel3", fader.Channel3);
-    fields.field_if_positive(2, "Data1", fader.Data1);
-    fields.field_if_positive(2, "Data2", fader.Data2);
-    fields.field_if_positive(2, "Data3", fader.Data3);
-    fields.field_if_positive(2, "Level", fader.Level);
+    identity_fields(fields, fader);
+    routing_fields(fields, fader);
     numbered_block(out, "Fader", f, fields);
   }
   return out.take();
