@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/desk_window.h"
-#include "core/console.h"
+#include "console/console.h"
 #include "platform/clock.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_scheduler.h"

@@ -7,19 +7,19 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "app/command_line.h"
+#include "app/program_options.h"
 #include "app/desk_app.h"
 #include "app/palette.h"
 #include "app/real_platform.h"
 #include "core/main_desk.h"
-#include "core/project/project_file.h"
-#include "core/project/show_tools.h"
+#include "console/project/project_file.h"
+#include "console/project/show_tools.h"
 #include "platform/headless_dialogs.h"
 #include "platform/qt/qt_scheduler.h"
 
 namespace {
 
-using lumaris::CommandLine;
+using lumaris::ProgramOptions;
 
 std::atomic<bool> stop_requested{false};
 
@@ -57,7 +57,7 @@ void load_show(lumaris::Console& console, const std::string& show) {
 
 // The console with no window: store, output cycle, adapters and Art-Net. Ends
 // cleanly on SIGINT or SIGTERM, closing the devices on the way out.
-int run_headless(int argc, char** argv, const CommandLine& line) {
+int run_headless(int argc, char** argv, const ProgramOptions& line) {
   QCoreApplication app(argc, argv);
   lumaris::QtScheduler scheduler;
   lumaris::HeadlessDialogs dialogs(std::cout);
@@ -89,7 +89,7 @@ int run_headless(int argc, char** argv, const CommandLine& line) {
   return 0;
 }
 
-int run_desktop(int argc, char** argv, const CommandLine& line) {
+int run_desktop(int argc, char** argv, const ProgramOptions& line) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Lumaris"));
   lumaris::apply_stage_palette(app);
@@ -108,7 +108,7 @@ int run_desktop(int argc, char** argv, const CommandLine& line) {
 }
 
 // Renders every window offscreen to DIR/<window name>.png.
-int run_screenshots(int argc, char** argv, const CommandLine& line) {
+int run_screenshots(int argc, char** argv, const ProgramOptions& line) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
   lumaris::apply_stage_palette(app);
@@ -154,27 +154,27 @@ int run_screenshots(int argc, char** argv, const CommandLine& line) {
 
 int main(int argc, char** argv) {
   std::vector<std::string> args(argv + 1, argv + argc);
-  const CommandLine line = lumaris::parse_command_line(args);
+  const ProgramOptions line = lumaris::parse_program_options(args);
   switch (line.mode) {
-    case CommandLine::Mode::Help:
+    case ProgramOptions::Mode::Help:
       std::cout << lumaris::usage_text();
       return 0;
-    case CommandLine::Mode::Version:
+    case ProgramOptions::Mode::Version:
       std::cout << "Lumaris " << LUMARIS_VERSION << "\n";
       return 0;
-    case CommandLine::Mode::Error:
+    case ProgramOptions::Mode::Error:
       std::cerr << "lumaris: " << line.error << "\n" << lumaris::usage_text();
       return 2;
-    case CommandLine::Mode::Check:
+    case ProgramOptions::Mode::Check:
       return lumaris::run_show_check(line.show, std::cout, std::cerr);
-    case CommandLine::Mode::Resave:
+    case ProgramOptions::Mode::Resave:
       return lumaris::run_show_resave(line.show, line.resave_out, std::cout, std::cerr);
-    case CommandLine::Mode::Screenshot:
+    case ProgramOptions::Mode::Screenshot:
       return run_screenshots(argc, argv, line);
-    case CommandLine::Mode::Headless:
+    case ProgramOptions::Mode::Headless:
       catch_stop_signals();
       return run_headless(argc, argv, line);
-    case CommandLine::Mode::Desktop:
+    case ProgramOptions::Mode::Desktop:
       catch_stop_signals();
       if (!display_available()) {
         std::cout << "lumaris: no display available, running headless\n";

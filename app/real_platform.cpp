@@ -10,7 +10,7 @@
 
 namespace lumaris {
 
-RealPlatform::RealPlatform(const CommandLine& line)
+RealPlatform::RealPlatform(const ProgramOptions& line)
     : verbose_(line.verbose),
       d2xx_(std::make_unique<LibftdiD2xx>()),
       port_io_(std::make_unique<PpdevPortIo>(&std::cerr)),

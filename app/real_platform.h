@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "app/command_line.h"
-#include "core/console.h"
+#include "app/program_options.h"
+#include "console/console.h"
 #include "platform/linux/posix_udp_socket.h"
 #include "platform/qt/qt_settings.h"
 
@@ -20,7 +20,7 @@ class VendorLibraries;
 // Needs the Qt application object to exist.
 class RealPlatform {
  public:
-  explicit RealPlatform(const CommandLine& line);
+  explicit RealPlatform(const ProgramOptions& line);
   ~RealPlatform();
   RealPlatform(const RealPlatform&) = delete;
   RealPlatform& operator=(const RealPlatform&) = delete;

@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
 
 #include "core/main_desk.h"
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 #include "core/output_monitor.h"
 #include "tests/support/test_console.h"
 

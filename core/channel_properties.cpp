@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "core/main_desk.h"
 #include "platform/dialogs.h"
 

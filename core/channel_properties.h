@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "core/colour.h"
+#include "base/colour.h"
 #include "core/window.h"
 
 namespace lumaris {

@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "core/channel_properties.h"
-#include "core/console.h"
-#include "core/number_text.h"
+#include "console/console.h"
+#include "base/number_text.h"
 #include "core/output_monitor.h"
 #include "core/patch_editor.h"
-#include "core/project/project_file.h"
+#include "console/project/project_file.h"
 #include "core/project_info.h"
 #include "net/art_config.h"
 #include "output/portsetup.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/colour.h"
+#include "base/colour.h"
 #include "core/window.h"
 
 namespace lumaris {

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "core/channel_properties.h"
-#include "core/console.h"
-#include "core/number_text.h"
+#include "console/console.h"
+#include "base/number_text.h"
 #include "platform/dialogs.h"
 
 namespace lumaris {

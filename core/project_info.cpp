@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "platform/clock.h"
 
 namespace lumaris {

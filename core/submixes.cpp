@@ -1,9 +1,9 @@
 // The submix controls of the main desk.
 #include <algorithm>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "core/main_desk.h"
-#include "core/number_text.h"
+#include "base/number_text.h"
 #include "platform/dialogs.h"
 #include "playback/playdesk.h"
 

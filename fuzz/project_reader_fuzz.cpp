@@ -6,9 +6,9 @@
 #include <memory>
 #include <string_view>
 
-#include "core/project/project_reader.h"
-#include "core/project/project_writer.h"
-#include "core/project/windows_1252.h"
+#include "console/project/project_reader.h"
+#include "console/project/project_writer.h"
+#include "console/project/windows_1252.h"
 #include "core/store.h"
 
 namespace {

@@ -1,8 +1,8 @@
 #include "net/art_config.h"
 
-#include "core/console.h"
+#include "console/console.h"
 #include "core/main_desk.h"
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 #include "net/art_net_node.h"
 #include "platform/dialogs.h"
 #include "platform/scheduler.h"

@@ -4,7 +4,7 @@
 #include <ostream>
 #include <vector>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "core/main_desk.h"
 #include "net/art_net_packets.h"
 #include "net/ipv4_address.h"

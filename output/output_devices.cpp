@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "output/adapter_numbers.h"
 #include "output/parallel_frames.h"
 #include "output/portsetup.h"

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "output/adapter_numbers.h"
-#include "core/number_text.h"
-#include "core/output_cycle.h"
+#include "base/number_text.h"
+#include "console/output_cycle.h"
 #include "output/output_devices.h"
 #include "output/parallel_frames.h"
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "core/colour.h"
+#include "base/colour.h"
 
 namespace lumaris {
 

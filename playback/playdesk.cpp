@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/console.h"
+#include "console/console.h"
 
 namespace lumaris {
 

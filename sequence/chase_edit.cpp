@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/rounding.h"
+#include "base/rounding.h"
 
 namespace lumaris {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/console.h"
-#include "core/rounding.h"
+#include "console/console.h"
+#include "base/rounding.h"
 #include "sequence/chases.h"
 
 namespace lumaris {

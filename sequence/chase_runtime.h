@@ -5,7 +5,7 @@
 #include <string>
 
 #include "controls/prog_bar.h"
-#include "core/colour.h"
+#include "base/colour.h"
 #include "core/store.h"
 #include "platform/scheduler.h"
 

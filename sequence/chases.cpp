@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/console.h"
-#include "core/number_text.h"
-#include "core/rounding.h"
+#include "console/console.h"
+#include "base/number_text.h"
+#include "base/rounding.h"
 #include "platform/dialogs.h"
 #include "sequence/chase_runtime.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "controls/log_slider.h"
-#include "core/colour.h"
+#include "base/colour.h"
 #include "core/main_desk.h"
 #include "core/window.h"
 #include "sequence/chase_edit.h"

@@ -2,9 +2,9 @@
 // controls that hand over to the chase runtime.
 #include <algorithm>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "core/main_desk.h"
-#include "core/project/project_file.h"
+#include "console/project/project_file.h"
 #include "sequence/chase_runtime.h"
 #include "sequence/chases.h"
 

@@ -9,7 +9,7 @@
 #include <QWidget>
 #include <string>
 
-#include "core/colour.h"
+#include "base/colour.h"
 
 // Write-if-changed helpers for re-syncing widgets from their models. Signals are
 // blocked while writing, so a sync never loops back into the model.

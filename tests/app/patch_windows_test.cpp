@@ -13,7 +13,7 @@
 #include "app/patch_editor_window.h"
 #include "app/widgets/prog_bar_widget.h"
 #include "core/main_desk.h"
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 
 namespace lumaris {
 namespace {

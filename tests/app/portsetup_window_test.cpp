@@ -10,7 +10,7 @@
 #include "app/desk_app.h"
 #include "app/portsetup_window.h"
 #include "core/main_desk.h"
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 
 namespace lumaris {
 

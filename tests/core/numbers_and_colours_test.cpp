@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "core/colour.h"
-#include "core/number_text.h"
-#include "core/rounding.h"
+#include "base/colour.h"
+#include "base/number_text.h"
+#include "base/rounding.h"
 
 namespace lumaris {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/main_desk.h"
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 #include "playback/playdesk.h"
 #include "tests/support/test_console.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/main_desk.h"
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 #include "net/art_config.h"
 #include "net/art_net_node.h"
 #include "tests/support/fake_udp.h"

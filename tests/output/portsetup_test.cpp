@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 #include "output/output_devices.h"
 #include "tests/support/fake_d2xx.h"
 #include "tests/support/fake_port_io.h"

@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 #include "output/output_devices.h"
 #include "output/portsetup.h"
 #include "platform/linux/libftdi_d2xx.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 #include "output/output_devices.h"
 #include "output/portsetup.h"
 #include "tests/support/fake_adapter_libraries.h"

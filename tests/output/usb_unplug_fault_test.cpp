@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 #include "output/output_devices.h"
 #include "output/portsetup.h"
 #include "tests/support/fake_d2xx.h"

@@ -1,4 +1,4 @@
-#include "core/project/atomic_save.h"
+#include "console/project/atomic_save.h"
 
 #include <gtest/gtest.h>
 #include <sched.h>

@@ -1,4 +1,4 @@
-#include "core/project/project_file.h"
+#include "console/project/project_file.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/project/project_reader.h"
-#include "core/project/project_writer.h"
-#include "core/project/windows_1252.h"
+#include "console/project/project_reader.h"
+#include "console/project/project_writer.h"
+#include "console/project/windows_1252.h"
 #include "tests/project/store_compare.h"
 #include "tests/support/show_builders.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/project/project_file.h"
+#include "console/project/project_file.h"
 #include "tests/support/test_console.h"
 
 namespace lumaris {

@@ -1,6 +1,6 @@
 // Exit codes and the resaved bytes are checked on the program itself in
 // tests/cli/check_resave.sh; here the listing and the unwritable target.
-#include "core/project/show_tools.h"
+#include "console/project/show_tools.h"
 
 #include <gtest/gtest.h>
 

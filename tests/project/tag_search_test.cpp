@@ -1,4 +1,4 @@
-#include "core/project/tag_search.h"
+#include "console/project/tag_search.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "core/project/windows_1252.h"
+#include "console/project/windows_1252.h"
 
 #include <gtest/gtest.h>
 

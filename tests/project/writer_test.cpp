@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "core/project/project_file.h"
+#include "console/project/project_file.h"
 #include "core/store.h"
-#include "core/project/project_writer.h"
+#include "console/project/project_writer.h"
 #include "tests/support/show_builders.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_console.h"

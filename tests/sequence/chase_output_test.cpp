@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 #include "tests/sequence/sequence_desk.h"
 
 namespace lumaris {

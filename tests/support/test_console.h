@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "platform/clock.h"
 #include "tests/support/fake_scheduler.h"
 #include "tests/support/scripted_dialogs.h"

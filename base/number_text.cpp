@@ -1,10 +1,10 @@
-#include "core/number_text.h"
+#include "base/number_text.h"
 
 #include <cctype>
 #include <cmath>
 #include <cstdlib>
 
-#include "core/rounding.h"
+#include "base/rounding.h"
 
 namespace lumaris {
 

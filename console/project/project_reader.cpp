@@ -1,11 +1,11 @@
-#include "core/project/project_reader.h"
+#include "console/project/project_reader.h"
 
 #include <cstdint>
 #include <functional>
 #include <optional>
 
-#include "core/number_text.h"
-#include "core/project/tag_search.h"
+#include "base/number_text.h"
+#include "console/project/tag_search.h"
 
 namespace lumaris {
 

@@ -1,11 +1,11 @@
-#include "core/output_cycle.h"
+#include "console/output_cycle.h"
 
 #include <stdexcept>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "core/main_desk.h"
 #include "core/output_monitor.h"
-#include "core/rounding.h"
+#include "base/rounding.h"
 #include "net/art_net_node.h"
 #include "output/output_devices.h"
 #include "playback/playdesk.h"

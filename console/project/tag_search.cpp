@@ -1,8 +1,8 @@
-#include "core/project/tag_search.h"
+#include "console/project/tag_search.h"
 
 #include <cmath>
 
-#include "core/number_text.h"
+#include "base/number_text.h"
 
 namespace lumaris {
 

@@ -1,9 +1,9 @@
-#include "core/colour.h"
+#include "base/colour.h"
 
 #include <charconv>
 #include <cstdio>
 
-#include "core/number_text.h"
+#include "base/number_text.h"
 
 namespace lumaris {
 

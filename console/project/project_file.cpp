@@ -1,13 +1,13 @@
-#include "core/project/project_file.h"
+#include "console/project/project_file.h"
 
 #include <cstdint>
 
-#include "core/console.h"
+#include "console/console.h"
 #include "core/main_desk.h"
-#include "core/number_text.h"
-#include "core/project/atomic_save.h"
-#include "core/project/project_writer.h"
-#include "core/project/windows_1252.h"
+#include "base/number_text.h"
+#include "console/project/atomic_save.h"
+#include "console/project/project_writer.h"
+#include "console/project/windows_1252.h"
 #include "net/art_config.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"

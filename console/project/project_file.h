@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "core/project/project_reader.h"
+#include "console/project/project_reader.h"
 
 namespace lumaris {
 

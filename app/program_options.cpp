@@ -1,4 +1,4 @@
-#include "app/command_line.h"
+#include "app/program_options.h"
 
 #include "net/ipv4_address.h"
 
@@ -17,10 +17,10 @@ std::string usage_text() {
          "  --version               show the version\n";
 }
 
-CommandLine parse_command_line(const std::vector<std::string>& args) {
-  CommandLine line;
+ProgramOptions parse_program_options(const std::vector<std::string>& args) {
+  ProgramOptions line;
   auto fail = [&line](std::string error) {
-    line.mode = CommandLine::Mode::Error;
+    line.mode = ProgramOptions::Mode::Error;
     line.error = std::move(error);
     return line;
   };
@@ -32,30 +32,30 @@ CommandLine parse_command_line(const std::vector<std::string>& args) {
       return args[++i];
     };
     if (arg == "--help" || arg == "-h") {
-      line.mode = CommandLine::Mode::Help;
+      line.mode = ProgramOptions::Mode::Help;
       return line;
     } else if (arg == "--version") {
-      line.mode = CommandLine::Mode::Version;
+      line.mode = ProgramOptions::Mode::Version;
       return line;
     } else if (arg == "--headless") {
-      line.mode = CommandLine::Mode::Headless;
+      line.mode = ProgramOptions::Mode::Headless;
     } else if (arg == "--verbose") {
       line.verbose = true;
     } else if (arg == "--screenshot") {
       const auto dir = next();
       if (!dir) return fail("--screenshot needs a folder");
-      line.mode = CommandLine::Mode::Screenshot;
+      line.mode = ProgramOptions::Mode::Screenshot;
       line.screenshot_dir = *dir;
     } else if (arg == "--check") {
       const auto show = next();
       if (!show) return fail("--check needs a show file");
-      line.mode = CommandLine::Mode::Check;
+      line.mode = ProgramOptions::Mode::Check;
       line.show = *show;
     } else if (arg == "--resave") {
       const auto in = next();
       const auto out = next();
       if (!in || !out) return fail("--resave needs an input and an output file");
-      line.mode = CommandLine::Mode::Resave;
+      line.mode = ProgramOptions::Mode::Resave;
       line.show = *in;
       line.resave_out = *out;
     } else if (arg == "--artnet-target") {
@@ -74,7 +74,7 @@ CommandLine parse_command_line(const std::vector<std::string>& args) {
   }
   if (plain.size() > 1) return fail("only one show file can be given");
   if (!plain.empty()) {
-    if (line.mode == CommandLine::Mode::Check || line.mode == CommandLine::Mode::Resave) {
+    if (line.mode == ProgramOptions::Mode::Check || line.mode == ProgramOptions::Mode::Resave) {
       return fail("unexpected argument " + plain.front());
     }
     line.show = plain.front();

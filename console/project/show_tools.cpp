@@ -1,12 +1,12 @@
-#include "core/project/show_tools.h"
+#include "console/project/show_tools.h"
 
 #include <memory>
 
-#include "core/project/atomic_save.h"
-#include "core/project/project_file.h"
-#include "core/project/project_reader.h"
-#include "core/project/project_writer.h"
-#include "core/project/windows_1252.h"
+#include "console/project/atomic_save.h"
+#include "console/project/project_file.h"
+#include "console/project/project_reader.h"
+#include "console/project/project_writer.h"
+#include "console/project/windows_1252.h"
 #include "core/store.h"
 #include "platform/clock.h"
 #include "platform/posix_file_system.h"

@@ -1,10 +1,10 @@
-#include "core/project/project_writer.h"
+#include "console/project/project_writer.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
 
-#include "core/project/windows_1252.h"
+#include "console/project/windows_1252.h"
 
 namespace lumaris {
 

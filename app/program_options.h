@@ -6,7 +6,8 @@
 
 namespace lumaris {
 
-struct CommandLine {
+// The options of one run of the program; they apply to that run only.
+struct ProgramOptions {
   enum class Mode { Desktop, Headless, Screenshot, Check, Resave, Help, Version, Error };
   Mode mode = Mode::Desktop;
   std::string show;             // the show file to load, if any
@@ -17,7 +18,7 @@ struct CommandLine {
   std::string error;
 };
 
-CommandLine parse_command_line(const std::vector<std::string>& args);
+ProgramOptions parse_program_options(const std::vector<std::string>& args);
 std::string usage_text();
 
 }  // namespace lumaris

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <ostream>
+
+#include "core/status_lines.h"
+#include "core/store.h"
+
+namespace lumaris {
+
+class Scheduler;
+class Dialogs;
+class Clock;
+class FileSystem;
+class Settings;
+class WindowOpener;
+class SurfaceFeedback;
+
+// What every desk window model is built on: the shared store, the two status
+// lines, the platform seams and the two ways up (opening windows, surface
+// feedback). The console makes one and keeps it for its whole life.
+class DeskContext {
+ public:
+  struct Seams {
+    Scheduler* scheduler = nullptr;
+    Dialogs* dialogs = nullptr;
+    const Clock* clock = nullptr;
+    FileSystem* file_system = nullptr;
+    Settings* settings = nullptr;         // null: nothing is remembered
+    std::ostream* diagnostics = nullptr;  // null: the log is discarded
+  };
+
+  DeskContext(Store& store, StatusLines& status, const Seams& seams, WindowOpener& windows,
+              SurfaceFeedback& surface)
+      : store_(store), status_(status), seams_(seams), windows_(windows), surface_(surface) {}
+
+  Store& store() const { return store_; }
+  StatusLines& status() const { return status_; }
+  Scheduler& scheduler() const { return *seams_.scheduler; }
+  Dialogs& dialogs() const { return *seams_.dialogs; }
+  const Clock& clock() const { return *seams_.clock; }
+  FileSystem& file_system() const { return *seams_.file_system; }
+  Settings* settings() const { return seams_.settings; }
+  std::ostream* diagnostics() const { return seams_.diagnostics; }
+  WindowOpener& windows() const { return windows_; }
+  SurfaceFeedback& surface() const { return surface_; }
+
+ private:
+  Store& store_;
+  StatusLines& status_;
+  Seams seams_;
+  WindowOpener& windows_;
+  SurfaceFeedback& surface_;
+};
+
+}  // namespace lumaris
