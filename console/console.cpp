@@ -1,17 +1,21 @@
 #include "console/console.h"
 
+#include <vector>
+
+#include "console/console_links.h"
+#include "console/output_cycle.h"
+#include "console/project/project_file.h"
 #include "core/channel_properties.h"
 #include "core/main_desk.h"
-#include "console/output_cycle.h"
 #include "core/output_monitor.h"
 #include "core/patch_editor.h"
-#include "console/project/project_file.h"
 #include "core/project_info.h"
 #include "net/art_config.h"
 #include "net/art_net_node.h"
 #include "output/output_devices.h"
 #include "output/portsetup.h"
 #include "platform/posix_file_system.h"
+#include "platform/scheduler.h"
 #include "playback/playdesk.h"
 #include "sequence/chases.h"
 
@@ -24,22 +28,37 @@ Console::Console(const PlatformServices& services)
     services_.file_system = own_file_system_.get();
   }
   reset_store(*store_);
-  main_desk_ = std::make_unique<Hoofdblad>(*this);
-  output_cycle_ = std::make_unique<OutputCycle>(*this);
-  output_monitor_ = std::make_unique<Realout>(*this);
-  patch_editor_ = std::make_unique<EditPatchList>(*this);
-  channel_properties_ = std::make_unique<ChannelNames>(*this);
-  project_info_ = std::make_unique<ProjectText>(*this);
-  playback_desk_ = std::make_unique<Playdesk>(*this);
-  sequence_desk_ = std::make_unique<Chases>(*this);
-  output_devices_ = std::make_unique<OutputDevices>(*this);
-  port_setup_ = std::make_unique<Portsetup>(*this);
-  art_net_ = std::make_unique<D_ArtNet>(*this);
-  art_config_ = std::make_unique<Art_Config>(*this);
   project_file_ = std::make_unique<ProjectFile>(*this);
+  links_ = std::make_unique<ConsoleLinks>(*this);
+  const DeskContext::Seams seams{services_.scheduler, services_.dialogs,    services_.clock,
+                                 services_.file_system, services_.settings, services_.diagnostics};
+  const DeskContext::Links links{links_.get(), project_file_.get(), links_.get(), links_.get()};
+  context_ = std::make_unique<DeskContext>(*store_, status_, seams, links);
+
+  // Timers due at the same moment tick in the order they were made: the output
+  // timer first, then Art-Net's, then the desks'.
+  output_timer_ = services_.scheduler->create_timer(true);
+  main_desk_ = std::make_unique<Hoofdblad>(*context_);
+  art_net_ = std::make_unique<D_ArtNet>(*context_, services_.art_socket, *main_desk_);
+  output_monitor_ = std::make_unique<Realout>(*context_);
+  patch_editor_ = std::make_unique<EditPatchList>(*context_);
+  channel_properties_ = std::make_unique<ChannelNames>(*context_, *main_desk_);
+  project_info_ = std::make_unique<ProjectText>(*context_);
+  playback_desk_ = std::make_unique<Playdesk>(*context_);
+  sequence_desk_ = std::make_unique<Chases>(*context_, *main_desk_);
+  output_devices_ = std::make_unique<OutputDevices>(
+      *context_, AdapterSeams{services_.d2xx, services_.port_io, services_.adapter_libraries});
+  port_setup_ = std::make_unique<Portsetup>(*context_, *output_devices_, *output_timer_);
+  output_devices_->set_setup_window(*port_setup_);
+  art_config_ = std::make_unique<Art_Config>(*context_, *art_net_, *main_desk_);
+  const std::vector<OutputSink*> sinks{output_devices_.get(), art_net_.get()};
+  output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
+                                                *output_monitor_, *playback_desk_, sinks);
 }
 
 Console::~Console() = default;
+
+void Console::attach_surface(SurfaceFeedback* surface) { links_->attach_surface(surface); }
 
 void Console::start() {
   main_desk_->Form_Load();
@@ -49,9 +68,7 @@ void Console::start() {
 void Console::shutdown() {
   if (shut_down_) return;
   shut_down_ = true;
-  output_devices_->USB_Close_If_Open();
-  output_cycle_->Timer1().set_enabled(false);
-  output_cycle_->Art_Time().set_enabled(false);
+  output_cycle_->stop();
 }
 
 }  // namespace lumaris

@@ -4,6 +4,7 @@
 #include <ostream>
 #include <string>
 
+#include "core/desk_context.h"
 #include "core/status_lines.h"
 #include "core/store.h"
 
@@ -18,7 +19,10 @@ class AdapterLibraries;
 class UdpSocket;
 class Settings;
 class FileSystem;
+class Timer;
 
+class ConsoleLinks;
+class SurfaceFeedback;
 class Hoofdblad;
 class OutputCycle;
 class Realout;
@@ -48,8 +52,8 @@ struct PlatformServices {
   FileSystem* file_system = nullptr;    // null: the computer's own files
 };
 
-// One console: the store, the platform seams and every window model, wired.
-// Everything runs on one thread.
+// One console: the store, the platform seams and every window model, built and
+// wired. Everything runs on one thread.
 class Console {
  public:
   explicit Console(const PlatformServices& services);
@@ -70,6 +74,9 @@ class Console {
   const PlatformServices& services() const { return services_; }
   FileSystem& file_system() { return *services_.file_system; }
   StatusLines& status() { return status_; }
+  DeskContext& context() { return *context_; }
+  // The control surface that follows the desks' faders and buttons; null: none.
+  void attach_surface(SurfaceFeedback* surface);
 
   Hoofdblad& main_desk() { return *main_desk_; }
   OutputCycle& output_cycle() { return *output_cycle_; }
@@ -92,8 +99,12 @@ class Console {
   StatusLines status_;
   bool shut_down_ = false;
 
+  std::unique_ptr<ProjectFile> project_file_;
+  std::unique_ptr<ConsoleLinks> links_;
+  std::unique_ptr<DeskContext> context_;
+  std::unique_ptr<Timer> output_timer_;
   std::unique_ptr<Hoofdblad> main_desk_;
-  std::unique_ptr<OutputCycle> output_cycle_;
+  std::unique_ptr<D_ArtNet> art_net_;
   std::unique_ptr<Realout> output_monitor_;
   std::unique_ptr<EditPatchList> patch_editor_;
   std::unique_ptr<ChannelNames> channel_properties_;
@@ -102,9 +113,8 @@ class Console {
   std::unique_ptr<Chases> sequence_desk_;
   std::unique_ptr<OutputDevices> output_devices_;
   std::unique_ptr<Portsetup> port_setup_;
-  std::unique_ptr<D_ArtNet> art_net_;
   std::unique_ptr<Art_Config> art_config_;
-  std::unique_ptr<ProjectFile> project_file_;
+  std::unique_ptr<OutputCycle> output_cycle_;
 };
 
 }  // namespace lumaris

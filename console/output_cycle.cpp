@@ -1,13 +1,12 @@
 #include "console/output_cycle.h"
 
 #include <stdexcept>
+#include <utility>
 
-#include "console/console.h"
+#include "base/rounding.h"
+#include "core/desk_context.h"
 #include "core/main_desk.h"
 #include "core/output_monitor.h"
-#include "base/rounding.h"
-#include "net/art_net_node.h"
-#include "output/output_devices.h"
 #include "playback/playdesk.h"
 
 namespace lumaris {
@@ -24,23 +23,33 @@ class TickFailure : public std::runtime_error {
 
 }  // namespace
 
-OutputCycle::OutputCycle(Console& console)
-    : console_(console),
-      timer1_(console.scheduler().create_timer(true)),
-      art_time_(console.scheduler().create_timer(true)) {
-  timer1_->on_tick([this] { Timer1_Tick(); });
-  art_time_->on_tick([this] { Art_Time_Tick(); });
+OutputCycle::OutputCycle(DeskContext& context, Timer& timer1, Hoofdblad& main_desk,
+                         Realout& monitor, Playdesk& playback_desk,
+                         std::vector<OutputSink*> sinks)
+    : context_(context),
+      timer1_(timer1),
+      main_desk_(main_desk),
+      monitor_(monitor),
+      playback_desk_(playback_desk),
+      sinks_(std::move(sinks)) {
+  timer1_.on_tick([this] { Timer1_Tick(); });
 }
 
 void OutputCycle::start() {
-  if (timer1_->interval() == 0) timer1_->set_interval(kDefaultInterval);
-  timer1_->set_enabled(true);
+  for (OutputSink* sink : sinks_) sink->start();
+  if (timer1_.interval() == 0) timer1_.set_interval(kDefaultInterval);
+  timer1_.set_enabled(true);
+}
+
+void OutputCycle::stop() {
+  timer1_.set_enabled(false);
+  for (OutputSink* sink : sinks_) sink->stop();
 }
 
 int OutputCycle::mix_normal(int i, double channels_main, double sub_main,
                             int& submix_entry) const {
-  const Store& store = console_.store();
-  const SubmixRec& submix = store.Submix[console_.main_desk().current_submix()];
+  const Store& store = context_.store();
+  const SubmixRec& submix = store.Submix[main_desk_.current_submix()];
   int m = round_half_even(store.Desk_Level[i] * channels_main);
   if (store.Chase_Out[i] > m) m = store.Chase_Out[i];
   if (submix_entry <= kDeskChannels && submix.Chan[submix_entry] - 1 == i) {
@@ -54,10 +63,10 @@ int OutputCycle::mix_normal(int i, double channels_main, double sub_main,
 }
 
 int OutputCycle::mix_run_mode(int i) const {
-  const Store& store = console_.store();
+  const Store& store = context_.store();
   if (store.Run_Screen < 0 || store.Run_Screen >= kScreens) throw TickFailure("run screen");
   const Screen& screen = store.Screens[store.Run_Screen];
-  const int p = 255 - console_.playback_desk().preset_value();
+  const int p = 255 - playback_desk_.preset_value();
   const int x = store.Crossfade_Level;
   int m = 0;
   if (store.Autotake_Running || store.Take_Manual) {
@@ -80,11 +89,11 @@ int OutputCycle::mix_run_mode(int i) const {
 }
 
 void OutputCycle::mix_channels() {
-  const Store& store = console_.store();
-  const Hoofdblad& desk = console_.main_desk();
+  const Store& store = context_.store();
+  const Hoofdblad& desk = main_desk_;
   const double channels_main = master_factor(desk.channels_value());
   const double sub_main = master_factor(desk.submix_master_value());
-  const double main_factor = master_factor(console_.playback_desk().main_value());
+  const double main_factor = master_factor(playback_desk_.main_value());
   int submix_entry = 0;
   for (int i = 0; i < kDeskChannels; ++i) {
     int m = store.Run_Mode ? mix_run_mode(i) : mix_normal(i, channels_main, sub_main, submix_entry);
@@ -96,8 +105,8 @@ void OutputCycle::mix_channels() {
 }
 
 void OutputCycle::build_frame() {
-  Store& store = console_.store();
-  Realout& monitor = console_.output_monitor();
+  Store& store = context_.store();
+  Realout& monitor = monitor_;
   const bool monitor_shown = monitor.visible();
   for (int s = 0; s < kDmxSlots; ++s) {
     const int channel = store.Patch[s];
@@ -119,29 +128,18 @@ void OutputCycle::Timer1_Tick() {
   // not start inside this one.
   if (in_tick_) return;
   in_tick_ = true;
-  Hoofdblad& desk = console_.main_desk();
+  Hoofdblad& desk = main_desk_;
   desk.set_Picture2(Rgb{0, 255, 0});
   try {
     mix_channels();
     build_frame();
-    console_.output_devices().Send_Frame();
+    for (OutputSink* sink : sinks_) sink->take_frame(context_.store().DMX_Out);
     last_tick_failed_ = false;
   } catch (const std::exception&) {
     desk.set_Picture2(kBlack);
     last_tick_failed_ = true;
   }
   in_tick_ = false;
-}
-
-void OutputCycle::Art_Time_Tick() {
-  Store& store = console_.store();
-  for (int row = 0; row < 8; ++row) {
-    if (store.Art_Universes[row].Enable) {
-      console_.art_net().Art_Send_Dmx(store.Art_Universes[row].Universe, store.DMX_Out);
-    }
-  }
-  Hoofdblad& desk = console_.main_desk();
-  desk.set_Picture1(desk.Picture1() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
 }
 
 }  // namespace lumaris

@@ -2,32 +2,35 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
+#include <vector>
 
+#include "core/output_sink.h"
 #include "core/store.h"
 #include "platform/scheduler.h"
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
+class Hoofdblad;
+class Realout;
+class Playdesk;
 
 // The main desk's output timer: every tick mixes every source into the desk
 // channels, maps them through the patch into DMX_Out, refreshes the output
-// monitor and hands the frame to the selected adapter. Also owns Art_Time, the
-// 100 ms timer that hands the same frame to the Art-Net node.
+// monitor and hands the frame to each output sink.
 class OutputCycle {
  public:
   static constexpr int kDefaultInterval = 70;
-  static constexpr int kArtInterval = 100;
 
-  explicit OutputCycle(Console& console);
+  OutputCycle(DeskContext& context, Timer& timer1, Hoofdblad& main_desk, Realout& monitor,
+              Playdesk& playback_desk, std::vector<OutputSink*> sinks);
 
+  // Starts and stops the output timer and every sink with it.
   void start();
+  void stop();
   void Timer1_Tick();
-  void Art_Time_Tick();
 
-  Timer& Timer1() { return *timer1_; }
-  Timer& Art_Time() { return *art_time_; }
+  Timer& Timer1() { return timer1_; }
 
   // The levels of the last tick, index = desk channel - 1 (entry 64 is 0).
   const std::array<int, kDeskChannels + 1>& Channel_Mix() const { return channel_mix_; }
@@ -39,9 +42,12 @@ class OutputCycle {
   int mix_run_mode(int i) const;
   void build_frame();
 
-  Console& console_;
-  std::unique_ptr<Timer> timer1_;
-  std::unique_ptr<Timer> art_time_;
+  DeskContext& context_;
+  Timer& timer1_;
+  Hoofdblad& main_desk_;
+  Realout& monitor_;
+  Playdesk& playback_desk_;
+  std::vector<OutputSink*> sinks_;
   std::array<int, kDeskChannels + 1> channel_mix_{};
   bool in_tick_ = false;
   bool last_tick_failed_ = false;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "core/main_desk.h"
 #include "platform/dialogs.h"
 
@@ -32,10 +32,10 @@ std::string first_chars(const std::string& text, std::size_t count) {
   return text;
 }
 
-ChannelNames::ChannelNames(Console& console) : Window(kCaption), console_(console) {}
+ChannelNames::ChannelNames(DeskContext& context, Hoofdblad& main_desk) : Window(kCaption), context_(context), main_desk_(main_desk) {}
 
 void ChannelNames::Refresh() {
-  const Store& store = console_.store();
+  const Store& store = context_.store();
   const int channel = store.Edit_Channel;
   const FaderName& fader = store.Fader_Names[channel];
   show_channel_ = std::to_string(channel + 1);
@@ -54,7 +54,7 @@ void ChannelNames::Refresh() {
 }
 
 void ChannelNames::step_channel(int step) {
-  Store& store = console_.store();
+  Store& store = context_.store();
   const int channel = std::clamp(store.Edit_Channel + step, 0, kDeskChannels - 1);
   store.Edit_Channel = static_cast<std::int16_t>(channel);
   Refresh();
@@ -65,46 +65,46 @@ void ChannelNames::Pannel_Dec_Click() { step_channel(-1); }
 void ChannelNames::Pannel_Inc_Click() { step_channel(+1); }
 
 void ChannelNames::Show_Name_Change(const std::string& text) {
-  Store& store = console_.store();
+  Store& store = context_.store();
   show_name_ = text;
   if (char_count(text) > kNameChars) {
-    console_.dialogs().message(
+    context_.dialogs().message(
         {kTooLongTitle, kTooLongText, MessageIcon::Exclamation, MessageButtons::Ok});
     show_name_ = first_chars(text, kNameChars);
   }
   store.Fader_Names[store.Edit_Channel].Name = show_name_;
   store.Project_Changed = true;
-  console_.main_desk().Refresh_Desk_Panel();
+  main_desk_.Refresh_Desk_Panel();
 }
 
 void ChannelNames::Channel_Description_Change(const std::string& text) {
-  Store& store = console_.store();
+  Store& store = context_.store();
   description_ = text;
   store.Fader_Names[store.Edit_Channel].Desc = text;
   store.Project_Changed = true;
 }
 
-void ChannelNames::Channel_Description_Validate() { console_.main_desk().Refresh_Desk_Panel(); }
+void ChannelNames::Channel_Description_Validate() { main_desk_.Refresh_Desk_Panel(); }
 
 void ChannelNames::Colour_button_Click() {
-  const std::optional<Rgb> chosen = console_.dialogs().choose_colour(kColourTitle, colour_bx_);
+  const std::optional<Rgb> chosen = context_.dialogs().choose_colour(kColourTitle, colour_bx_);
   if (!chosen) return;
-  Store& store = console_.store();
+  Store& store = context_.store();
   colour_bx_ = *chosen;
   store.Fader_Names[store.Edit_Channel].Colour = colour_to_text(*chosen);
   store.Project_Changed = true;
-  console_.main_desk().Refresh_Desk_Panel();
+  main_desk_.Refresh_Desk_Panel();
 }
 
 void ChannelNames::Main_F_Click(bool checked) {
-  Store& store = console_.store();
+  Store& store = context_.store();
   main_f_checked_ = checked;
   store.Fader_Names[store.Edit_Channel].Main_F = !checked;
   store.Project_Changed = true;
 }
 
 void ChannelNames::Cross_F_Click(bool checked) {
-  Store& store = console_.store();
+  Store& store = context_.store();
   cross_f_checked_ = checked;
   store.Fader_Names[store.Edit_Channel].Cross_F = !checked;
   store.Project_Changed = true;
@@ -113,7 +113,7 @@ void ChannelNames::Cross_F_Click(bool checked) {
 void ChannelNames::OK_Click() { Hide(); }
 
 int ChannelNames::Slider1() const {
-  const Store& store = console_.store();
+  const Store& store = context_.store();
   return 255 - store.Desk_Level[store.Edit_Channel];
 }
 
@@ -121,11 +121,11 @@ int ChannelNames::Slider1() const {
 // with it the control surface) only when the channel is on the page the main desk
 // shows; otherwise only the level changes and the main desk shows it on paging.
 void ChannelNames::Slider1_Change(int value) {
-  Store& store = console_.store();
+  Store& store = context_.store();
   const int channel = store.Edit_Channel;
   value = std::clamp(value, 0, 255);
   if (channel / kFadersPerPage == store.Fader_Page) {
-    console_.main_desk().Slider1_Change(channel % kFadersPerPage, value);
+    main_desk_.Slider1_Change(channel % kFadersPerPage, value);
   } else {
     store.Desk_Level[channel] = static_cast<std::int16_t>(255 - value);
   }

@@ -8,7 +8,8 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
+class Hoofdblad;
 
 // Channel properties: description, short name, colour and follow flags of
 // Edit_Channel, the DMX slots it feeds, and a fader for its level.
@@ -17,7 +18,7 @@ class ChannelNames : public Window {
   static constexpr int kShownSlots = 6;
   static constexpr std::size_t kNameChars = 4;
 
-  explicit ChannelNames(Console& console);
+  ChannelNames(DeskContext& context, Hoofdblad& main_desk);
   bool available() const { return true; }
 
   // Redraws every control for Edit_Channel (on opening and after paging).
@@ -52,7 +53,8 @@ class ChannelNames : public Window {
  private:
   void step_channel(int step);
 
-  Console& console_;
+  DeskContext& context_;
+  Hoofdblad& main_desk_;
   std::string show_channel_;
   std::string show_name_;
   std::string description_;

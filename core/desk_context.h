@@ -13,11 +13,14 @@ class Clock;
 class FileSystem;
 class Settings;
 class WindowOpener;
+class ShowFiles;
+class DeskLinks;
 class SurfaceFeedback;
 
 // What every desk window model is built on: the shared store, the two status
-// lines, the platform seams and the two ways up (opening windows, surface
-// feedback). The console makes one and keeps it for its whole life.
+// lines, the platform seams and the ways up to what is built above the desks
+// (windows, the show file, the other desks, the control surface). The console
+// makes one and keeps it for its whole life.
 class DeskContext {
  public:
   struct Seams {
@@ -29,9 +32,15 @@ class DeskContext {
     std::ostream* diagnostics = nullptr;  // null: the log is discarded
   };
 
-  DeskContext(Store& store, StatusLines& status, const Seams& seams, WindowOpener& windows,
-              SurfaceFeedback& surface)
-      : store_(store), status_(status), seams_(seams), windows_(windows), surface_(surface) {}
+  struct Links {
+    WindowOpener* windows = nullptr;
+    ShowFiles* show_files = nullptr;
+    DeskLinks* desks = nullptr;
+    SurfaceFeedback* surface = nullptr;
+  };
+
+  DeskContext(Store& store, StatusLines& status, const Seams& seams, const Links& links)
+      : store_(store), status_(status), seams_(seams), links_(links) {}
 
   Store& store() const { return store_; }
   StatusLines& status() const { return status_; }
@@ -41,15 +50,16 @@ class DeskContext {
   FileSystem& file_system() const { return *seams_.file_system; }
   Settings* settings() const { return seams_.settings; }
   std::ostream* diagnostics() const { return seams_.diagnostics; }
-  WindowOpener& windows() const { return windows_; }
-  SurfaceFeedback& surface() const { return surface_; }
+  WindowOpener& windows() const { return *links_.windows; }
+  ShowFiles& show_files() const { return *links_.show_files; }
+  DeskLinks& desks() const { return *links_.desks; }
+  SurfaceFeedback& surface() const { return *links_.surface; }
 
  private:
   Store& store_;
   StatusLines& status_;
   Seams seams_;
-  WindowOpener& windows_;
-  SurfaceFeedback& surface_;
+  Links links_;
 };
 
 }  // namespace lumaris

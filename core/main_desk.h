@@ -6,11 +6,10 @@
 #include <vector>
 
 #include "base/colour.h"
+#include "core/desk_context.h"
 #include "core/window.h"
 
 namespace lumaris {
-
-class Console;
 
 // One channel strip of the main desk panel: fader, level box, name box and the
 // Max/Min buttons. Strip i stands for desk channel index Fader_Page * 32 + i.
@@ -40,7 +39,7 @@ class Hoofdblad : public Window {
  public:
   static constexpr int kStrips = 32;
 
-  explicit Hoofdblad(Console& console);
+  explicit Hoofdblad(DeskContext& context);
 
   // Start-up of the desk (the window's load).
   void Form_Load();
@@ -107,11 +106,8 @@ class Hoofdblad : public Window {
   void set_Art_Label_enabled(bool enabled) { art_label_enabled_ = enabled; }
   void set_main_caption(std::string caption) { set_caption(std::move(caption)); }
 
-  // Hooks to desks that plug in later; they do nothing until set.
+  // The command line's key handler; keys go nowhere until it is set.
   void set_cli_key_handler(std::function<void(int)> handler) { cli_key_ = std::move(handler); }
-  void set_surface_fader_handler(std::function<void(int, int)> handler) {
-    surface_fader_ = std::move(handler);
-  }
 
  private:
   int channel_of(int strip) const;
@@ -121,7 +117,7 @@ class Hoofdblad : public Window {
   void draw_strip_names(int i);
   bool confirm_exit();
 
-  Console& console_;
+  DeskContext& context_;
   std::array<ChannelStrip, kStrips> strips_{};
   int channels_ = 0;
   int submix_master_ = 255;
@@ -137,7 +133,6 @@ class Hoofdblad : public Window {
   bool art_label_enabled_ = false;
   bool exit_requested_ = false;
   std::function<void(int)> cli_key_;
-  std::function<void(int, int)> surface_fader_;
 };
 
 }  // namespace lumaris

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 
 namespace lumaris {
 
@@ -10,7 +10,7 @@ namespace {
 constexpr int kSlotsPerPage = 143;  // adjacent pages share one slot
 }
 
-Realout::Realout(Console& console) : Window("Output Monitor"), console_(console) {
+Realout::Realout(DeskContext& context) : Window("Output Monitor"), context_(context) {
   for (ProgBar& bar : bars_) {
     bar.set_Vertical(true);
     bar.set_Max(255);
@@ -20,7 +20,7 @@ Realout::Realout(Console& console) : Window("Output Monitor"), console_(console)
 
 void Realout::show_page(int page) {
   page_ = std::clamp(page, 0, kLastPage);
-  Store& store = console_.store();
+  Store& store = context_.store();
   store.Realout_First = static_cast<std::int16_t>(page_ * kSlotsPerPage);
   store.Realout_Last = static_cast<std::int16_t>(page_ * kSlotsPerPage + kSlotsPerPage);
   for (int i = 0; i < kBars; ++i) {
@@ -48,7 +48,7 @@ int Realout::bar_slot(int i) const { return page_ * kSlotsPerPage + i; }
 bool Realout::bar_visible(int i) const { return bar_slot(i) < kDmxSlots; }
 
 std::string Realout::bar_tooltip(int i) const {
-  const Store& store = console_.store();
+  const Store& store = context_.store();
   const int slot = bar_slot(i);
   if (slot >= kDmxSlots) return {};
   return " Output " + std::to_string(slot + 1) + " From Desk Channel " +

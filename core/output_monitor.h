@@ -8,7 +8,7 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
 
 // The output monitor: 144 bars of the frame being sent, four overlapping pages.
 class Realout : public Window {
@@ -16,7 +16,7 @@ class Realout : public Window {
   static constexpr int kBars = 144;
   static constexpr int kLastPage = 3;
 
-  explicit Realout(Console& console);
+  explicit Realout(DeskContext& context);
 
   void Show() override;  // opening starts on page 0
   void Pannel_Dec_Click();
@@ -38,7 +38,7 @@ class Realout : public Window {
  private:
   void show_page(int page);
 
-  Console& console_;
+  DeskContext& context_;
   std::array<ProgBar, kBars> bars_{};
   int page_ = 0;
 };

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <optional>
 
-#include "core/channel_properties.h"
-#include "console/console.h"
+#include "core/desk_context.h"
+#include "core/window_opener.h"
 #include "base/number_text.h"
 #include "platform/dialogs.h"
 
@@ -34,12 +34,12 @@ std::optional<int> channel_in(const std::string& text) {
 
 }  // namespace
 
-EditPatchList::EditPatchList(Console& console) : Window(kCaption), console_(console) {
+EditPatchList::EditPatchList(DeskContext& context) : Window(kCaption), context_(context) {
   draw_entries();
 }
 
 void EditPatchList::draw_entries() {
-  const Store& store = console_.store();
+  const Store& store = context_.store();
   for (int i = 0; i < kEntries; ++i) {
     const int s = slot_of(i);
     const std::string dmx = std::to_string(s + 1);
@@ -72,27 +72,27 @@ void EditPatchList::Text1_Change(int i, const std::string& text) {
   if (i < 0 || i >= kEntries) return;
   text1_[i] = text;
   if (channel_in(text)) return;
-  console_.dialogs().message(
+  context_.dialogs().message(
       {kPatchErrorTitle, kPatchErrorText, MessageIcon::Exclamation, MessageButtons::Ok});
   text1_[i] = "0";
 }
 
 void EditPatchList::Update_Click() {
-  Store& store = console_.store();
+  Store& store = context_.store();
   for (int i = 0; i < kEntries; ++i) {
     // Typing refuses anything else, so a box that is not a channel only stays
     // unpatched rather than guessing.
     store.Patch[slot_of(i)] = static_cast<std::int16_t>(channel_in(text1_[i]).value_or(0));
   }
-  console_.status().show_both(kUpdatedStatus);
+  context_.status().show_both(kUpdatedStatus);
   store.Project_Changed = true;
 }
 
 void EditPatchList::Clear_Click() {
-  Store& store = console_.store();
+  Store& store = context_.store();
   for (int i = 0; i < kEntries; ++i) store.Patch[slot_of(i)] = 0;
   draw_entries();
-  console_.status().show_both(kClearedStatus);
+  context_.status().show_both(kClearedStatus);
   store.Project_Changed = true;
 }
 
@@ -102,10 +102,8 @@ void EditPatchList::Text1_Open(int i) {
   if (i < 0 || i >= kEntries) return;
   const std::optional<int> channel = channel_in(text1_[i]);
   if (!channel || *channel < 1) return;
-  console_.store().Edit_Channel = static_cast<std::int16_t>(*channel - 1);
-  ChannelNames& properties = console_.channel_properties();
-  properties.Refresh();
-  properties.Show();
+  context_.store().Edit_Channel = static_cast<std::int16_t>(*channel - 1);
+  context_.windows().open("Channel_Edit");
 }
 
 }  // namespace lumaris

@@ -7,7 +7,7 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
 
 // The patch editor: one box per DMX slot holding the desk channel that feeds it.
 // 128 entries are shown at a time; each page moves the view by 32 slots.
@@ -17,7 +17,7 @@ class EditPatchList : public Window {
   static constexpr int kPageStep = 32;
   static constexpr int kLastPage = 12;  // shows slots 385..512
 
-  explicit EditPatchList(Console& console);
+  explicit EditPatchList(DeskContext& context);
   bool available() const { return true; }
 
   // Opening: draws the entries of the current page from the patch.
@@ -45,7 +45,7 @@ class EditPatchList : public Window {
  private:
   void draw_entries();
 
-  Console& console_;
+  DeskContext& context_;
   int page_ = 0;
   std::array<std::string, kEntries> label1_{};
   std::array<std::string, kEntries> text1_{};

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "platform/clock.h"
 
 namespace lumaris {
@@ -17,14 +17,14 @@ std::string date_text(int year, int month, int day) {
   return text;
 }
 
-ProjectText::ProjectText(Console& console) : Window(kCaption), console_(console) {}
+ProjectText::ProjectText(DeskContext& context) : Window(kCaption), context_(context) {}
 
 void ProjectText::Form_Load() {
-  const Store& store = console_.store();
+  const Store& store = context_.store();
   text1_ = store.Project_Text;
   prj_name_ = store.Project_Name;
   if (store.Project_Date.empty()) {
-    const CalendarDate today = console_.clock().today();
+    const CalendarDate today = context_.clock().today();
     prj_date_ = date_text(today.year, today.month, today.day);
   } else {
     prj_date_ = store.Project_Date;
@@ -33,7 +33,7 @@ void ProjectText::Form_Load() {
 }
 
 void ProjectText::OKButton_Click() {
-  Store& store = console_.store();
+  Store& store = context_.store();
   store.Project_Text = text1_;
   store.Project_Name = prj_name_;
   store.Project_Changed = true;

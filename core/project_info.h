@@ -6,13 +6,13 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
 
 // Project information: name, text, date and version of the show. Only the name
 // and the text are edited here; the date and version boxes are for reading.
 class ProjectText : public Window {
  public:
-  explicit ProjectText(Console& console);
+  explicit ProjectText(DeskContext& context);
   bool available() const { return true; }
 
   // Opening: fills the boxes from the project header.
@@ -29,7 +29,7 @@ class ProjectText : public Window {
   const std::string& Prj_Version() const { return prj_version_; }
 
  private:
-  Console& console_;
+  DeskContext& context_;
   std::string text1_;
   std::string prj_name_;
   std::string prj_date_;

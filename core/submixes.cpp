@@ -1,11 +1,12 @@
 // The submix controls of the main desk.
 #include <algorithm>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "core/main_desk.h"
 #include "base/number_text.h"
 #include "platform/dialogs.h"
-#include "playback/playdesk.h"
+#include "core/desk_links.h"
+#include "core/surface_feedback.h"
 
 namespace lumaris {
 
@@ -14,7 +15,7 @@ constexpr const char* kColourTitle = " Choose a Colour";
 }
 
 void Hoofdblad::show_submix() {
-  const SubmixRec& submix = console_.store().Submix[current_submix_];
+  const SubmixRec& submix = context_.store().Submix[current_submix_];
   text9_ = std::to_string(current_submix_ + 1);
   submix_text_ = submix.Name;
   sub_colour_ = submix.Colour.empty() ? Paint{} : colour_from_text(submix.Colour);
@@ -33,7 +34,7 @@ void Hoofdblad::Submix_Minus_Click() {
 void Hoofdblad::Submix_Text_Change(const std::string& text) { submix_text_ = text; }
 
 void Hoofdblad::Submix_Prog_Click() {
-  Store& store = console_.store();
+  Store& store = context_.store();
   SubmixRec& submix = store.Submix[current_submix_];
   int k = 0;
   for (int i = 0; i < kDeskChannels; ++i) {
@@ -48,13 +49,13 @@ void Hoofdblad::Submix_Prog_Click() {
   }
   submix.Name = submix_text_;
   submix.Colour = sub_colour_ ? colour_to_text(*sub_colour_) : std::string();
-  console_.playback_desk().Refresh_Playback_Panel();
-  console_.status().show_main(" Submix " + str_number(current_submix_) + " Programmed");
+  context_.desks().Refresh_Playback_Panel();
+  context_.status().show_main(" Submix " + str_number(current_submix_) + " Programmed");
   store.Project_Changed = true;
 }
 
 void Hoofdblad::Submix_Recal_Click() {
-  Store& store = console_.store();
+  Store& store = context_.store();
   const SubmixRec& submix = store.Submix[current_submix_];
   std::fill(store.Desk_Level.begin(), store.Desk_Level.begin() + kDeskChannels, 0);
   for (int k = 0; k < kDeskChannels && submix.Chan[k] > 0; ++k) {
@@ -65,17 +66,17 @@ void Hoofdblad::Submix_Recal_Click() {
     const int level = store.Desk_Level[channel_of(i)];
     strips_[i].Slider1 = 255 - level;
     strips_[i].Text1 = std::to_string(level);
-    if (store.BCF_Mode == 1 && surface_fader_) surface_fader_(i, level);
+    if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(i, level);
   }
-  console_.status().show_main(" Submix" + str_number(current_submix_) + " Recalled");
+  context_.status().show_main(" Submix" + str_number(current_submix_) + " Recalled");
 }
 
 void Hoofdblad::Sub_colour_Click() {
-  const std::optional<Rgb> chosen = console_.dialogs().choose_colour(kColourTitle, sub_colour_);
+  const std::optional<Rgb> chosen = context_.dialogs().choose_colour(kColourTitle, sub_colour_);
   if (!chosen) return;
   sub_colour_ = *chosen;
-  console_.store().Submix[current_submix_].Colour = colour_to_text(*chosen);
-  console_.playback_desk().Refresh_Playback_Panel();
+  context_.store().Submix[current_submix_].Colour = colour_to_text(*chosen);
+  context_.desks().Refresh_Playback_Panel();
 }
 
 }  // namespace lumaris

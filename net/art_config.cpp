@@ -1,8 +1,7 @@
 #include "net/art_config.h"
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "core/main_desk.h"
-#include "console/output_cycle.h"
 #include "net/art_net_node.h"
 #include "platform/dialogs.h"
 #include "platform/scheduler.h"
@@ -32,8 +31,9 @@ constexpr const char* kBadDestination =
 constexpr int kRowsThatRun = 9;
 }  // namespace
 
-Art_Config::Art_Config(Console& console) : Window(kCaption), console_(console) {
-  destination_text_ = console_.art_net().destination();
+Art_Config::Art_Config(DeskContext& context, D_ArtNet& node, Hoofdblad& main_desk)
+    : Window(kCaption), context_(context), node_(node), main_desk_(main_desk) {
+  destination_text_ = node_.destination();
 }
 
 void Art_Config::Form_Load() {
@@ -42,13 +42,13 @@ void Art_Config::Form_Load() {
     rows_[i].caption = kEnable;
   }
   Refresh_Buttons();
-  destination_text_ = console_.art_net().destination();
+  destination_text_ = node_.destination();
   start_node();
 }
 
 void Art_Config::start_node() {
-  D_ArtNet& node = console_.art_net();
-  StatusLines& status = console_.status();
+  D_ArtNet& node = node_;
+  StatusLines& status = context_.status();
   if (node.Art_Net_OK()) {
     text2_ = kText2Ok;
     status.show_both(kStatusOk);
@@ -68,7 +68,7 @@ void Art_Config::start_node() {
 }
 
 void Art_Config::Refresh_Buttons() {
-  const Store& store = console_.store();
+  const Store& store = context_.store();
   for (int i = 0; i < kRows; ++i) {
     const bool enabled = store.Art_Universes[i].Enable;
     rows_[i].caption = enabled ? kDisable : kEnable;
@@ -77,13 +77,13 @@ void Art_Config::Refresh_Buttons() {
 }
 
 void Art_Config::Update_Send_Timer() {
-  const Store& store = console_.store();
+  const Store& store = context_.store();
   bool any = false;
   for (int i = 0; i < kRowsThatRun; ++i) any = any || store.Art_Universes[i].Enable;
-  Timer& art_time = console_.output_cycle().Art_Time();
-  Hoofdblad& desk = console_.main_desk();
+  Timer& art_time = node_.Art_Time();
+  Hoofdblad& desk = main_desk_;
   if (any) {
-    art_time.set_interval(OutputCycle::kArtInterval);
+    art_time.set_interval(D_ArtNet::kArtInterval);
     art_time.set_enabled(true);
     desk.set_Picture1(kBlack);
     desk.set_Art_Label_enabled(true);
@@ -91,13 +91,13 @@ void Art_Config::Update_Send_Timer() {
     art_time.set_enabled(false);
     desk.set_Picture1(Paint{});
     desk.set_Art_Label_enabled(false);
-    console_.art_net().set_Art_Net_OK(false);  // the next opening initialises again
+    node_.set_Art_Net_OK(false);  // the next opening initialises again
   }
 }
 
 void Art_Config::Button1_Click(int index) {
   if (index < 0 || index >= kRows) return;
-  ArtUniverse& row = console_.store().Art_Universes[index];
+  ArtUniverse& row = context_.store().Art_Universes[index];
   if (row.Enable) {
     row.Enable = false;
   } else {
@@ -111,7 +111,7 @@ void Art_Config::Button1_Click(int index) {
 void Art_Config::Command1_Click() { Hide(); }
 
 void Art_Config::Start_From_Show() {
-  const Store& store = console_.store();
+  const Store& store = context_.store();
   bool any = false;
   for (int i = 0; i < kRowsThatRun; ++i) any = any || store.Art_Universes[i].Enable;
   Refresh_Buttons();
@@ -120,7 +120,7 @@ void Art_Config::Start_From_Show() {
 }
 
 void Art_Config::Destination_Set_Click() {
-  D_ArtNet& node = console_.art_net();
+  D_ArtNet& node = node_;
   const auto first = destination_text_.find_first_not_of(" \t");
   const auto last = destination_text_.find_last_not_of(" \t");
   destination_text_ =
@@ -128,14 +128,14 @@ void Art_Config::Destination_Set_Click() {
   if (!node.set_destination(destination_text_)) {
     std::string text = kBadDestination;
     text.replace(text.find('%'), 1, destination_text_);
-    console_.dialogs().message(
+    context_.dialogs().message(
         {kDestinationTitle, text, MessageIcon::Exclamation, MessageButtons::Ok, MessageResult::Ok});
   }
   destination_text_ = node.destination();
 }
 
 std::string Art_Config::Destination_Status() const {
-  const D_ArtNet& node = console_.art_net();
+  const D_ArtNet& node = node_;
   if (node.Art_Broadcast().empty()) return kNotSending;
   return kSendingTo + node.Art_Broadcast() + kOnPort +
          (node.destination().empty() ? kAutomatic : "");

@@ -8,7 +8,9 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
+class D_ArtNet;
+class Hoofdblad;
 
 // The Art-Net set-up window: eight output rows, each sending the desk's frame on
 // its own universe, the node's state in Text2, and where the packets go.
@@ -17,7 +19,7 @@ class Art_Config : public Window {
   static constexpr int kRows = 8;
   static constexpr const char* kDestinationTitle = " Art-Net Destination";
 
-  explicit Art_Config(Console& console);
+  Art_Config(DeskContext& context, D_ArtNet& node, Hoofdblad& main_desk);
   bool available() const { return true; }
 
   // Opening the window: starts the node unless it is running.
@@ -50,7 +52,9 @@ class Art_Config : public Window {
   void Refresh_Buttons();
   void Update_Send_Timer();
 
-  Console& console_;
+  DeskContext& context_;
+  D_ArtNet& node_;
+  Hoofdblad& main_desk_;
   std::array<Row, kRows> rows_{};
   std::string text2_;
   std::string destination_text_;

@@ -4,7 +4,7 @@
 #include <ostream>
 #include <vector>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "core/main_desk.h"
 #include "net/art_net_packets.h"
 #include "net/ipv4_address.h"
@@ -32,18 +32,22 @@ constexpr const char* kBroadcast2 = "2.255.255.255";
 constexpr const char* kLimitedBroadcast = "255.255.255.255";
 }  // namespace
 
-D_ArtNet::D_ArtNet(Console& console)
-    : console_(console), socket_(console.services().art_socket) {
+D_ArtNet::D_ArtNet(DeskContext& context, UdpSocket* socket, Hoofdblad& main_desk)
+    : context_(context),
+      main_desk_(main_desk),
+      socket_(socket),
+      art_time_(context.scheduler().create_timer(true)) {
+  art_time_->on_tick([this] { Art_Time_Tick(); });
   if (socket_ != nullptr) {
     // Datagrams become desk events of their own, whatever thread the socket uses.
     socket_->on_datagram([this](std::span<const std::uint8_t> datagram) {
-      console_.scheduler().post(
+      context_.scheduler().post(
           [this, bytes = std::vector<std::uint8_t>(datagram.begin(), datagram.end())] {
             Art_Receive(bytes);
           });
     });
   }
-  if (Settings* settings = console.services().settings) {
+  if (Settings* settings = context.settings()) {
     const std::string stored = settings->read(kDestinationSetting).value_or("");
     if (stored.empty() || is_unicast_target(stored)) {
       destination_ = stored;
@@ -58,8 +62,23 @@ D_ArtNet::~D_ArtNet() {
   if (socket_ != nullptr) socket_->on_datagram(nullptr);
 }
 
+void D_ArtNet::Art_Time_Tick() {
+  const Store& store = context_.store();
+  for (int row = 0; row < 8; ++row) {
+    if (store.Art_Universes[row].Enable) {
+      Art_Send_Dmx(store.Art_Universes[row].Universe, store.DMX_Out);
+    }
+  }
+  main_desk_.set_Picture1(main_desk_.Picture1() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
+}
+
+std::string D_ArtNet::status() const {
+  if (!art_time_->enabled()) return "Art-Net off";
+  return art_net_ok_ ? "Art-Net sending to " + art_broadcast_ : "Art-Net not started";
+}
+
 void D_ArtNet::Art_Log(const std::string& text) {
-  if (std::ostream* out = console_.services().diagnostics) *out << text << std::endl;
+  if (std::ostream* out = context_.diagnostics()) *out << text << std::endl;
 }
 
 int D_ArtNet::Art_Init() {
@@ -110,7 +129,7 @@ void D_ArtNet::apply_destination() {
 bool D_ArtNet::set_destination(const std::string& text) {
   if (!text.empty() && !is_unicast_target(text)) return false;
   destination_ = text;
-  if (Settings* settings = console_.services().settings) {
+  if (Settings* settings = context_.settings()) {
     if (text.empty()) {
       settings->remove(kDestinationSetting);
     } else {
@@ -138,7 +157,7 @@ void D_ArtNet::Art_Send_Poll_Reply() {
   artnet::PollReplyFields fields;
   fields.node_address = art_node_address_;
   fields.short_name = kShortName;
-  fields.long_name = console_.main_desk().caption();
+  fields.long_name = main_desk_.caption();
   fields.node_report = kNodeReport;
   fields.node_universe = art_node_universe_;
   send(artnet::build_poll_reply(fields));

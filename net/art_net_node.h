@@ -2,32 +2,50 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 
+#include "core/output_sink.h"
 #include "core/store.h"
+#include "platform/scheduler.h"
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
+class Hoofdblad;
 class UdpSocket;
 
 // The Art-Net node: sends the desk's frame as ArtDmx, answers ArtPoll with an
 // ArtPollReply and notes what it hears. The socket comes from the platform; the
 // destination is the broadcast address chosen from the local address, unless the
 // operator set one in this computer's settings.
-class D_ArtNet {
+class D_ArtNet final : public OutputSink {
  public:
   static constexpr const char* kShortName = "Lumaris";
   static constexpr const char* kNodeReport = "OK";
   // The settings key of the operator's destination; absent or empty = automatic.
   static constexpr const char* kDestinationSetting = "artnet/destination";
 
-  explicit D_ArtNet(Console& console);
-  ~D_ArtNet();
+  // Art_Time's interval: every enabled row sends the frame this often.
+  static constexpr int kArtInterval = 100;
+
+  D_ArtNet(DeskContext& context, UdpSocket* socket, Hoofdblad& main_desk);
+  ~D_ArtNet() override;
   D_ArtNet(const D_ArtNet&) = delete;
   D_ArtNet& operator=(const D_ArtNet&) = delete;
+
+  // One sink of the output cycle. Art-Net samples the store's frame on its own
+  // timer, Art_Time, which runs while a row is enabled.
+  void take_frame(const DmxFrame& /*frame*/) override {}
+  void start() override {}
+  void stop() override { art_time_->set_enabled(false); }
+  std::string status() const override;
+
+  Timer& Art_Time() { return *art_time_; }
+  // Sends the frame on every enabled row and blinks the main desk's indicator.
+  void Art_Time_Tick();
 
   // Sets up the socket and the destination: 1 on success, 0 when an error occurred.
   int Art_Init();
@@ -55,8 +73,10 @@ class D_ArtNet {
   void apply_destination();
   void send(std::span<const std::uint8_t> packet);
 
-  Console& console_;
+  DeskContext& context_;
+  Hoofdblad& main_desk_;
   UdpSocket* socket_ = nullptr;
+  std::unique_ptr<Timer> art_time_;
   bool art_net_ok_ = false;
   std::string art_broadcast_;
   std::string automatic_broadcast_;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "platform/dialogs.h"
 
 namespace lumaris {
@@ -69,8 +69,8 @@ D2xx& device_or_none(D2xx* d2xx) {
 
 }  // namespace
 
-OpenDmx::OpenDmx(Console& console, D2xx* d2xx)
-    : console_(console), d2xx_(device_or_none(d2xx)) {
+OpenDmx::OpenDmx(DeskContext& context, D2xx* d2xx)
+    : context_(context), d2xx_(device_or_none(d2xx)) {
   data_.fill(kBlank);
 }
 
@@ -86,13 +86,13 @@ void OpenDmx::fail(Code code) {
     error_ = code;
     return;
   }
-  console_.dialogs().message({"", kMessages[code], MessageIcon::None, MessageButtons::Ok,
+  context_.dialogs().message({"", kMessages[code], MessageIcon::None, MessageButtons::Ok,
                               MessageResult::Ok});
 }
 
 void OpenDmx::fail_with_status(Code code, const char* main_text, const char* playback_text) {
   fail(code);
-  if (!quiet_) console_.status().show(main_text, playback_text);
+  if (!quiet_) context_.status().show(main_text, playback_text);
 }
 
 bool OpenDmx::open_step(D2xx::FT_STATUS status, Code code) {

@@ -8,7 +8,7 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
 
 // The Open DMX USB driver (module opendmx): an FTDI chip behind an RS-485 line
 // driver, opened for DMX512 (250 kbaud, 8N2) and sent frames of break, start
@@ -35,7 +35,7 @@ class OpenDmx {
   };
 
   // `d2xx` may be null: the driver then behaves as one with no device attached.
-  OpenDmx(Console& console, D2xx* d2xx);
+  OpenDmx(DeskContext& context, D2xx* d2xx);
 
   // Sets quiet mode (mode 1) or loud mode and reports the code of the previous operations.
   std::uint8_t USB_Get_Error(int mode);
@@ -61,7 +61,7 @@ class OpenDmx {
   void fail_with_status(Code code, const char* main_text, const char* playback_text);
   bool open_step(D2xx::FT_STATUS status, Code code);
 
-  Console& console_;
+  DeskContext& context_;
   D2xx& d2xx_;
   D2xx::FT_HANDLE handle_ = 0;
   std::array<std::uint8_t, kDataLength> data_{};

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "output/adapter_numbers.h"
 #include "output/parallel_frames.h"
 #include "output/portsetup.h"
@@ -28,12 +28,22 @@ constexpr std::int16_t kLibraryMissing = -1;
 
 }  // namespace
 
-OutputDevices::OutputDevices(Console& console)
-    : console_(console), opendmx_(console, console.services().d2xx) {}
+OutputDevices::OutputDevices(DeskContext& context, const AdapterSeams& seams)
+    : context_(context), seams_(seams), opendmx_(context, seams.d2xx) {}
+
+void OutputDevices::take_frame(const DmxFrame& /*frame*/) { Send_Frame(); }
+
+std::string OutputDevices::status() const {
+  const int adapter = context_.store().Adapter;
+  if (adapter < 0 || adapter >= Portsetup::kAdapterCount) return Portsetup::kAdapterNames[0];
+  std::string text = Portsetup::kAdapterNames[adapter];
+  if (adapter == kAdapterOpenDmx) text += usb_connected_ == 1 ? " connected" : " searching";
+  return text;
+}
 
 void OutputDevices::Send_Frame() {
-  Store& store = console_.store();
-  PortIo* port = console_.services().port_io;
+  Store& store = context_.store();
+  PortIo* port = seams_.port_io;
   switch (store.Adapter) {
     case kAdapterParlex:
       Send_Parallel_Frame(port, store.Port_Address, store.DMX_Out, kParlexSlots);
@@ -56,8 +66,8 @@ void OutputDevices::Send_Frame() {
 }
 
 void OutputDevices::send_oki() {
-  Store& store = console_.store();
-  AdapterLibraries* libraries = console_.services().adapter_libraries;
+  Store& store = context_.store();
+  AdapterLibraries* libraries = seams_.adapter_libraries;
   const std::int16_t read_status =
       libraries ? libraries->Okdmx31Read(store.Port_Address, 0, oki_in_.data()) : kLibraryMissing;
   if (read_status != 0) adapter_failed(kAdapterOki);
@@ -68,8 +78,8 @@ void OutputDevices::send_oki() {
 }
 
 void OutputDevices::send_oksidizer() {
-  Store& store = console_.store();
-  AdapterLibraries* libraries = console_.services().adapter_libraries;
+  Store& store = context_.store();
+  AdapterLibraries* libraries = seams_.adapter_libraries;
   // The library is handed the 512 bytes from element 1 on.
   const std::int32_t status =
       libraries ? libraries->OksidCommand(kOksidSendDmx, kDmxSlots, store.DMX_Out.data() + 1)
@@ -81,27 +91,26 @@ void OutputDevices::send_open_dmx() {
   // Without the driver library there is nothing to call: the tick ends as a call
   // into a missing library does, and the output indicator goes dark.
   if (!opendmx_.driver_present()) throw std::runtime_error(kNoDriver);
-  Portsetup& setup = console_.port_setup();
   if (usb_searching_ == 1) {
     opendmx_.USB_Close_Device();
     opendmx_.USB_Reset_Device();
     opendmx_.USB_Open_Device();
     if (opendmx_.USB_Get_Error(1) == 0) {
-      if (setup.visible()) setup.set_Text2(kConnectedText2);
-      console_.status().show_both(kUsbConnectedStatus);
+      if (setup_ && setup_->visible()) setup_->set_Text2(kConnectedText2);
+      context_.status().show_both(kUsbConnectedStatus);
       usb_connected_ = 1;
       usb_searching_ = 0;
     }
   }
   if (usb_connected_ == 1) {
     opendmx_.USB_Set_Start_Code(0);
-    opendmx_.USB_Set_Data(console_.store().DMX_Out);
+    opendmx_.USB_Set_Data(context_.store().DMX_Out);
     opendmx_.USB_Send_Frame();
     // A device that is not open cannot be connected, even when its failure was
     // only shown to the operator (before quiet mode) and left no error code.
     if (opendmx_.USB_Get_Error(1) != 0 || !opendmx_.USB_Open()) {
-      if (setup.visible()) setup.set_Text2(kSearchingText2);
-      console_.status().show_both(kUsbSearchingStatus);
+      if (setup_ && setup_->visible()) setup_->set_Text2(kSearchingText2);
+      context_.status().show_both(kUsbSearchingStatus);
       usb_searching_ = 1;
       usb_connected_ = 0;
     }
@@ -109,13 +118,12 @@ void OutputDevices::send_open_dmx() {
 }
 
 void OutputDevices::adapter_failed(int adapter) {
-  console_.store().Adapter = kAdapterNone;
+  context_.store().Adapter = kAdapterNone;
   const bool oki = adapter == kAdapterOki;
-  console_.dialogs().message({kDmxErrorTitle, oki ? kOkiNotRespondingMessage : kOksidNotResponding,
+  context_.dialogs().message({kDmxErrorTitle, oki ? kOkiNotRespondingMessage : kOksidNotResponding,
                               MessageIcon::Exclamation, MessageButtons::Ok, MessageResult::Ok});
-  console_.status().show_both(oki ? kOkiNotRespondingStatus : kOksidNotResponding);
-  Portsetup& setup = console_.port_setup();
-  if (setup.visible()) setup.Combo1_Click(0);
+  context_.status().show_both(oki ? kOkiNotRespondingStatus : kOksidNotResponding);
+  if (setup_ && setup_->visible()) setup_->Combo1_Click(0);
 }
 
 }  // namespace lumaris

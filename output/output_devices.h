@@ -3,21 +3,42 @@
 #include <array>
 #include <cstdint>
 
+#include "core/output_sink.h"
 #include "core/store.h"
 #include "output/open_dmx.h"
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
+class Portsetup;
+class PortIo;
+class AdapterLibraries;
+
+// The hardware the adapters reach; a missing seam behaves as hardware that does
+// not answer.
+struct AdapterSeams {
+  D2xx* d2xx = nullptr;
+  PortIo* port_io = nullptr;
+  AdapterLibraries* adapter_libraries = nullptr;
+};
 
 // Hands each finished frame to the selected adapter: the parallel-port adapters,
 // the OKI DMX 3-1, the Open DMX USB with its search/connect cycle, and the
 // Oksidizer USB2DMX. Adapter failures never raise; they fall back to None.
-class OutputDevices {
+class OutputDevices final : public OutputSink {
  public:
-  explicit OutputDevices(Console& console);
+  OutputDevices(DeskContext& context, const AdapterSeams& seams);
+  // The set-up window shows the Open DMX USB link state while it is open.
+  void set_setup_window(Portsetup& setup) { setup_ = &setup; }
+  const AdapterSeams& seams() const { return seams_; }
 
-  // Called by the output cycle once per tick, after DMX_Out is complete.
+  // One sink of the output cycle: the frame goes to the selected adapter.
+  void take_frame(const DmxFrame& frame) override;
+  void start() override {}
+  void stop() override { USB_Close_If_Open(); }
+  std::string status() const override;
+
+  // Sends DMX_Out, complete after an output tick, on the selected adapter.
   void Send_Frame();
   // Called on every exit path of the program.
   void USB_Close_If_Open() { opendmx_.USB_Close_If_Open(); }
@@ -36,7 +57,9 @@ class OutputDevices {
   void send_oksidizer();
   void adapter_failed(int adapter);
 
-  Console& console_;
+  DeskContext& context_;
+  AdapterSeams seams_;
+  Portsetup* setup_ = nullptr;
   OpenDmx opendmx_;
   int usb_connected_ = 1;
   int usb_searching_ = 1;

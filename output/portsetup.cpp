@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "output/adapter_numbers.h"
 #include "base/number_text.h"
-#include "console/output_cycle.h"
 #include "output/output_devices.h"
 #include "output/parallel_frames.h"
+#include "platform/scheduler.h"
 
 namespace lumaris {
 
@@ -49,12 +49,16 @@ const std::array<const char*, Portsetup::kAdapterCount> Portsetup::kAdapterNames
     " Oksidizer USB2DMX ",
 };
 
-Portsetup::Portsetup(Console& console) : Window("Set DMX Output Device"), console_(console) {}
+Portsetup::Portsetup(DeskContext& context, OutputDevices& devices, Timer& output_timer)
+    : Window("Set DMX Output Device"),
+      context_(context),
+      devices_(devices),
+      output_timer_(output_timer) {}
 
 void Portsetup::Form_Load() {
-  const int adapter = console_.store().Adapter;
+  const int adapter = context_.store().Adapter;
   chosen_ = adapter >= 0 && adapter < kAdapterCount ? adapter : 0;
-  rate_ = console_.output_cycle().Timer1().interval();
+  rate_ = output_timer_.interval();
   // Selecting the entry raises the list's own click, and loading runs the
   // handling once more.
   Combo1_Click(chosen_);
@@ -84,7 +88,7 @@ void Portsetup::show_rate() {
 }
 
 void Portsetup::port_option_from_address() {
-  const int address = console_.store().Port_Address;
+  const int address = context_.store().Port_Address;
   if (address == kLpt1Address) {
     option1_ = true;
     option2_ = false;
@@ -97,7 +101,7 @@ void Portsetup::port_option_from_address() {
 void Portsetup::selection_changed() {
   chosen_ = list_index_;
   adapter_name_ = kAdapterNames[chosen_];
-  StatusLines& status = console_.status();
+  StatusLines& status = context_.status();
   switch (chosen_) {
     case kAdapterNone:
       hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1, Text2});
@@ -118,7 +122,7 @@ void Portsetup::selection_changed() {
       hide({Label3, Text1, Text2, HScroll1});
       disable({Text1, HScroll1});
       status.show_both(kOkiNoDmxOut);
-      Oki_Wake_Up(console_.services().port_io, console_.store().Port_Address);
+      Oki_Wake_Up(devices_.seams().port_io, context_.store().Port_Address);
       port_option_from_address();
       rate_ = kOkiRate;
       break;
@@ -141,9 +145,9 @@ void Portsetup::selection_changed() {
 }
 
 void Portsetup::driver_search() {
-  OutputDevices& devices = console_.output_devices();
+  OutputDevices& devices = devices_;
   OpenDmx& usb = devices.opendmx();
-  StatusLines& status = console_.status();
+  StatusLines& status = context_.status();
   if (usb.driver_present()) {
     devices.set_USB_Connected(1);
     text2_ = kDriverFound;
@@ -161,17 +165,17 @@ void Portsetup::driver_search() {
     status.show_both(kUsbNotFound);
     devices.set_USB_Connected(0);
   }
-  console_.store().Adapter = kAdapterOpenDmx;
+  context_.store().Adapter = kAdapterOpenDmx;
 }
 
 void Portsetup::Option1_Click() {
-  console_.store().Port_Address = kLpt1Address;
+  context_.store().Port_Address = kLpt1Address;
   option1_ = true;
   option2_ = false;
 }
 
 void Portsetup::Option2_Click() {
-  console_.store().Port_Address = kLpt2Address;
+  context_.store().Port_Address = kLpt2Address;
   option2_ = true;
   option1_ = false;
 }
@@ -183,9 +187,9 @@ void Portsetup::HScroll1_Change(int value) {
 }
 
 void Portsetup::Command1_Click() {
-  console_.store().Adapter = static_cast<std::int16_t>(chosen_);
-  console_.output_cycle().Timer1().set_interval(rate_);
-  console_.store().Project_Changed = true;
+  context_.store().Adapter = static_cast<std::int16_t>(chosen_);
+  output_timer_.set_interval(rate_);
+  context_.store().Project_Changed = true;
   Hide();
 }
 

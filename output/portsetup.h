@@ -8,7 +8,9 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
+class OutputDevices;
+class Timer;
 
 // The output device set-up window: chooses the adapter, the parallel port and the
 // refresh rate (the output timer's interval). The choices reach the desk on
@@ -34,7 +36,8 @@ class Portsetup : public Window {
   static const std::array<const char*, kAdapterCount> kAdapterEntries;  // Combo1, in order
   static const std::array<const char*, kAdapterCount> kAdapterNames;    // Adapter_Name captions
 
-  explicit Portsetup(Console& console);
+  // The output timer is the output cycle's: its interval is the refresh rate.
+  Portsetup(DeskContext& context, OutputDevices& devices, Timer& output_timer);
   bool available() const { return true; }
 
   // Opening the window: reads the adapter and the output timer's interval.
@@ -69,7 +72,9 @@ class Portsetup : public Window {
   void port_option_from_address();
   void driver_search();
 
-  Console& console_;
+  DeskContext& context_;
+  OutputDevices& devices_;
+  Timer& output_timer_;
   int list_index_ = -1;
   int chosen_ = 0;
   int rate_ = kScrollInitial;

@@ -4,13 +4,13 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
 
 // The playback desk. Until its window exists it holds the two faders the output
 // cycle reads (Main and Preset) and the operations other desks call on it.
 class Playdesk : public Window {
  public:
-  explicit Playdesk(Console& console);
+  explicit Playdesk(DeskContext& context);
 
   bool available() const { return false; }
 
@@ -25,7 +25,7 @@ class Playdesk : public Window {
   void set_reset_caption();
 
  private:
-  Console& console_;
+  DeskContext& context_;
   int main_ = 0;
   int preset_ = 0;
 };

@@ -3,5 +3,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
+scripts/check_layers.sh
 BUILD_DIR=${BUILD_DIR:-build} scripts/build.sh -DLUMARIS_WERROR=ON "$@"
 ctest --test-dir "${BUILD_DIR:-build}" --output-on-failure -j "$(nproc)"

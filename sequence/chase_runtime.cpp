@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "base/rounding.h"
 #include "sequence/chases.h"
 
@@ -22,11 +22,11 @@ bool routed(int desk_channel) { return desk_channel >= 0 && desk_channel < kDesk
 
 }  // namespace
 
-ChaseRuntime::ChaseRuntime(Console& console, Chases& desk)
-    : console_(console),
+ChaseRuntime::ChaseRuntime(DeskContext& context, Chases& desk)
+    : context_(context),
       desk_(desk),
-      timer1_(console.scheduler().create_timer()),
-      timer2_(console.scheduler().create_timer()) {
+      timer1_(context.scheduler().create_timer()),
+      timer2_(context.scheduler().create_timer()) {
   timer1_->on_tick([this] { Advance_Step(); });
   timer2_->set_interval(kLevelInterval);
   timer2_->set_enabled(false);
@@ -36,7 +36,7 @@ ChaseRuntime::ChaseRuntime(Console& console, Chases& desk)
 }
 
 void ChaseRuntime::clear_output(int count) {
-  auto& out = console_.store().Chase_Out;
+  auto& out = context_.store().Chase_Out;
   std::fill(out.begin(), out.begin() + count, 0);
 }
 
@@ -140,7 +140,7 @@ void ChaseRuntime::Fade_Tick() {
   if (!running_) return;
   const ChaseRec& chase = desk_.chase();
   const int step = desk_.cur_step_;
-  auto& out = console_.store().Chase_Out;
+  auto& out = context_.store().Chase_Out;
   clear_output();
   // Ticks before the end of the window: fade_ticks_ x 0.1 < Time, free of the
   // drift that adding 0.1 again and again would bring.

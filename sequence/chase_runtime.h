@@ -11,7 +11,7 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
 class Chases;
 
 // Runs the chase selected on the sequence desk. Timer1 moves to the next step
@@ -26,7 +26,7 @@ class ChaseRuntime {
  public:
   static constexpr int kLevelInterval = 100;  // ms
 
-  ChaseRuntime(Console& console, Chases& desk);
+  ChaseRuntime(DeskContext& context, Chases& desk);
 
   void Go_Stop();
   void Start_Chase();
@@ -66,7 +66,7 @@ class ChaseRuntime {
   void set_step_interval();
   void clear_output(int count = kDeskChannels);
 
-  Console& console_;
+  DeskContext& context_;
   Chases& desk_;
   std::unique_ptr<Timer> timer1_;
   std::unique_ptr<Timer> timer2_;

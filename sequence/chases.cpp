@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "base/number_text.h"
 #include "base/rounding.h"
 #include "platform/dialogs.h"
@@ -37,8 +37,11 @@ std::string number_text(double value) {
 
 }  // namespace
 
-Chases::Chases(Console& console)
-    : Window(kCaption), console_(console), runtime_(std::make_unique<ChaseRuntime>(console, *this)) {
+Chases::Chases(DeskContext& context, Hoofdblad& main_desk)
+    : Window(kCaption),
+      context_(context),
+      main_desk_(main_desk),
+      runtime_(std::make_unique<ChaseRuntime>(context, *this)) {
   // Times come from the operator's hand on the sliders; the program placing a
   // thumb (step display, resize) never writes a time.
   log_slider3_.on_UserCursorMove([this](double v) { Set_Speed(v); });
@@ -47,9 +50,9 @@ Chases::Chases(Console& console)
 
 Chases::~Chases() = default;
 
-Store& Chases::store() { return console_.store(); }
-ChaseRec& Chases::chase() { return console_.store().Chase_Table[cur_chase_]; }
-const ChaseRec& Chases::chase() const { return console_.store().Chase_Table[cur_chase_]; }
+Store& Chases::store() { return context_.store(); }
+ChaseRec& Chases::chase() { return context_.store().Chase_Table[cur_chase_]; }
+const ChaseRec& Chases::chase() const { return context_.store().Chase_Table[cur_chase_]; }
 bool Chases::running() const { return runtime_->Chase_Running(); }
 
 void Chases::Show() {
@@ -64,7 +67,7 @@ void Chases::Form_Load() {
 
 std::vector<std::string> Chases::Chase_Sel_entries() const {
   std::vector<std::string> entries;
-  for (const ChaseRec& c : console_.store().Chase_Table) {
+  for (const ChaseRec& c : context_.store().Chase_Table) {
     entries.push_back(c.Name.empty() ? kUnnamed : c.Name);
   }
   return entries;
@@ -168,7 +171,7 @@ void Chases::Chase_Name_Change(const std::string& text) {
 }
 
 void Chases::Chase_Colour_Sel_Click() {
-  const std::optional<Rgb> colour = console_.dialogs().choose_colour(kColourTitle, Chase_Colour_Sel());
+  const std::optional<Rgb> colour = context_.dialogs().choose_colour(kColourTitle, Chase_Colour_Sel());
   if (colour) chase().Colour = colour_to_text(*colour);
 }
 
@@ -241,12 +244,12 @@ void Chases::Text1_Change(int i, const std::string& text) {
   const std::optional<double> v = parse_number(text);
   if (!v) {
     if (!text.empty()) {
-      console_.dialogs().message({kChannelErrorTitle, kChannelErrorText, MessageIcon::Exclamation});
+      context_.dialogs().message({kChannelErrorTitle, kChannelErrorText, MessageIcon::Exclamation});
     }
     return;
   }
   if (*v < 1 || *v > kHighestDeskChannel) {
-    console_.dialogs().message({kChannelErrorTitle, kChannelErrorText, MessageIcon::Exclamation});
+    context_.dialogs().message({kChannelErrorTitle, kChannelErrorText, MessageIcon::Exclamation});
     Text1_Change(i, kChannelReset);
     return;
   }

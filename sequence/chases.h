@@ -13,7 +13,7 @@
 
 namespace lumaris {
 
-class Console;
+class DeskContext;
 class ChaseRuntime;
 
 // The controls of one chase channel i (0..23) on the sequence desk. Channels
@@ -37,7 +37,7 @@ class Chases : public Window {
   static constexpr int kLoopTimesMin = 1;
   static constexpr int kLoopTimesMax = 100;
 
-  explicit Chases(Console& console);
+  Chases(DeskContext& context, Hoofdblad& main_desk);
   ~Chases() override;
 
   bool available() const { return true; }
@@ -146,7 +146,8 @@ class Chases : public Window {
   void write_live(int i);
   bool running() const;
 
-  Console& console_;
+  DeskContext& context_;
+  Hoofdblad& main_desk_;
   std::unique_ptr<ChaseRuntime> runtime_;
   bool loaded_ = false;
   int cur_chase_ = 0;

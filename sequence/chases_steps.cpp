@@ -2,9 +2,9 @@
 // controls that hand over to the chase runtime.
 #include <algorithm>
 
-#include "console/console.h"
+#include "core/desk_context.h"
 #include "core/main_desk.h"
-#include "console/project/project_file.h"
+#include "core/show_files.h"
 #include "sequence/chase_runtime.h"
 #include "sequence/chases.h"
 
@@ -99,7 +99,7 @@ void Chases::Shift_Neg_Click() {
 }
 
 std::vector<MenuEntry> Chases::menu_entries() const {
-  const bool show_file = console_.project_file().available();
+  const bool show_file = context_.show_files().available();
   return {
       {"&File", "Load_File", "&Load Sequence", show_file},
       {"&File", "Save_all", "Save Sequence", show_file},
@@ -117,11 +117,11 @@ void Chases::Menu_Click(const std::string& name) {
     if (entry.name == name && !entry.enabled) return;
   }
   if (name == "Load_File") {
-    console_.project_file().Load();
-    console_.main_desk().Refresh_Desk_Panel();
+    context_.show_files().Load();
+    main_desk_.Refresh_Desk_Panel();
     Refresh_Desk();
   } else if (name == "Save_all") {
-    console_.project_file().Save_Sequence();
+    context_.show_files().Save_Sequence();
   } else if (name == "Copy_step") {
     Command_Copy_Click();
   } else if (name == "Paste_step") {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "console/project/project_reader.h"
+#include "core/show_files.h"
 
 namespace lumaris {
 
@@ -11,27 +12,27 @@ class Console;
 
 // Loading and saving the show file: the File menu of the main desk and the
 // sequence desk's Load/Save Sequence.
-class ProjectFile {
+class ProjectFile final : public ShowFiles {
  public:
   // A show file is a few hundred kilobytes; anything far beyond is not one.
   static constexpr std::size_t kLargestShow = 64u * 1024u * 1024u;
 
   explicit ProjectFile(Console& console);
-  bool available() const { return true; }
+  bool available() const override { return true; }
 
   // "&Load": asks for a file and loads it (the main desk redraws afterwards).
-  void Load();
+  void Load() override;
   // "&Load Patches": the same loader; the caller does not redraw.
-  void Load_Patches();
+  void Load_Patches() override;
   // Loads the show named on the command line, without a dialog, and redraws the
   // desks; false when it could not be read or is not a show.
   bool Load_File(const std::string& path);
 
-  void Save_Project();
-  void Save_As_Project();
-  void Save_Submix();
-  void Save_Patch();
-  void Save_Sequence();
+  void Save_Project() override;
+  void Save_As_Project() override;
+  void Save_Submix() override;
+  void Save_Patch() override;
+  void Save_Sequence() override;
 
   // What the last load found (skipped blocks and counts).
   const LoadReport& last_load() const { return last_load_; }

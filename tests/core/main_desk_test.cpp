@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/main_desk.h"
+#include "core/surface_feedback.h"
 #include "console/output_cycle.h"
 #include "tests/support/test_console.h"
 
@@ -98,8 +99,12 @@ TEST_F(MainDeskTest, KeysAndFaderMovesReachTheirHooks) {
   desk().Key_Down(97);
   EXPECT_EQ(keys, (std::vector<int>{97}));
 
-  std::vector<std::pair<int, int>> sent;
-  desk().set_surface_fader_handler([&sent](int ch, int level) { sent.emplace_back(ch, level); });
+  struct RecordingSurface : SurfaceFeedback {
+    std::vector<std::pair<int, int>> sent;
+    void BCF_Fader_Update(int ch, int level) override { sent.emplace_back(ch, level); }
+  } surface;
+  std::vector<std::pair<int, int>>& sent = surface.sent;
+  t.console->attach_surface(&surface);
   desk().Slider1_Change(1, 0);
   EXPECT_TRUE(sent.empty()) << "the surface only hears moves when it drives the main desk";
   store().BCF_Mode = 1;

@@ -15,7 +15,7 @@ TEST(ArtConfig, OpeningStartsTheNodeAndButtonsToggleTheirRowWithItsOwnUniverse) 
   EXPECT_EQ(t.config().Text1(7), "7");
   EXPECT_EQ(statuses, (std::vector<std::string>{" ART NET Loading.......", " Art-Net Initialized"}));
   EXPECT_EQ(t.config().Text2(), " Art-Net Initialized");
-  EXPECT_FALSE(t.console().output_cycle().Art_Time().enabled()) << "opening sends nothing";
+  EXPECT_FALSE(t.console().art_net().Art_Time().enabled()) << "opening sends nothing";
   t.config().Command1_Click();
   t.open_setup();
   EXPECT_EQ(t.config().Text2(), " Art Net OK");

@@ -63,9 +63,9 @@ TEST(ArtNetNode, IndicatorBlinksWhileRowsRunAndStopsWithTheLastRow) {
   EXPECT_EQ(t.main_desk().Picture1(), Paint{kBlack});
 
   t.config().Button1_Click(2);
-  EXPECT_TRUE(t.console().output_cycle().Art_Time().enabled());
+  EXPECT_TRUE(t.console().art_net().Art_Time().enabled());
   t.config().Button1_Click(5);  // the last one
-  EXPECT_FALSE(t.console().output_cycle().Art_Time().enabled());
+  EXPECT_FALSE(t.console().art_net().Art_Time().enabled());
   EXPECT_EQ(t.main_desk().Picture1(), Paint{});
   EXPECT_FALSE(t.main_desk().Art_Label_enabled());
   t.udp.clear_sent();

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "core/desk_links.h"
+#include "core/surface_feedback.h"
+#include "core/window_opener.h"
+
+namespace lumaris {
+
+class Console;
+
+// The ways up from the desks to the console: opening windows by name, the other
+// desks, the program's exit path, and feedback to the control surface, which
+// goes nowhere until a surface is attached.
+class ConsoleLinks final : public WindowOpener, public DeskLinks, public SurfaceFeedback {
+ public:
+  explicit ConsoleLinks(Console& console) : console_(console) {}
+
+  bool can_open(const std::string& name) const override;
+  void open(const std::string& name) override;
+
+  void Main_Change(int value) override;
+  void Refresh_Playback_Panel() override;
+  void reset_desks() override;
+  void shutdown() override;
+
+  void attach_surface(SurfaceFeedback* surface) { surface_ = surface; }
+  void BCF_Fader_Update(int index, int level) override;
+  void BCF_Button_Update(int index, bool state) override;
+
+ private:
+  Console& console_;
+  SurfaceFeedback* surface_ = nullptr;
+};
+
+}  // namespace lumaris
