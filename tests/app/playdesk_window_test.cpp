@@ -10,6 +10,8 @@
 #include "app/desk_app.h"
 #include "app/main_desk_window.h"
 #include "app/playdesk_window.h"
+#include "app/function_setup_window.h"
+#include <QComboBox>
 #include "playback/button_setup.h"
 #include "playback/playdesk.h"
 
@@ -80,6 +82,31 @@ TEST(PlaydeskWindow, OpensFromTheMainDeskAndPlaysAndRecords) {
   mouse(window.Command1(2), QEvent::MouseButtonPress, Qt::RightButton);
   EXPECT_TRUE(app.console().playback_desk().button_setup().visible());
   EXPECT_EQ(app.console().playback_desk().button_setup().element(), 18);
+}
+
+}  // namespace lumaris
+
+namespace lumaris {
+
+TEST(FunctionSetupWindow, ShowsTheElementAndStoresOnOk) {
+  DeskApp app;
+  app.start();
+  app.show_main_window();
+  Playdesk& desk = app.console().playback_desk();
+  app.handle([&] { desk.Open_Button_Setup(0); });
+  FunctionSetupWindow* window = nullptr;
+  for (const auto& w : app.windows()) {
+    if (w->name() == "Button_Function_Form") window = static_cast<FunctionSetupWindow*>(w.get());
+  }
+  ASSERT_NE(window, nullptr);
+  ASSERT_TRUE(window->isVisible());
+  EXPECT_EQ(window->Fun_set()->currentText(), QStringLiteral("Submix"));
+  EXPECT_EQ(window->Number()->text(), QStringLiteral("1"));
+  window->Plus()->click();
+  EXPECT_EQ(window->Number()->text(), QStringLiteral("2"));
+  window->OK()->click();
+  EXPECT_EQ(app.console().store().Button_Functions[0].Value, 1);
+  EXPECT_FALSE(window->isVisible());
 }
 
 }  // namespace lumaris
