@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSlider>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "app/desk_app.h"
@@ -89,7 +90,6 @@ QWidget* MainDeskWindow::build_strips() {
             [this, i] { app_.handle([&] { desk().Command1_Click(i); }); });
     connect(strip.min, &QPushButton::clicked,
             [this, i] { app_.handle([&] { desk().Command2_Click(i); }); });
-    connect(strip.level, &QLineEdit::selectionChanged, [] {});
   }
   return panel;
 }
@@ -130,6 +130,7 @@ QWidget* MainDeskWindow::build_submix_row() {
   text9_->setToolTip(QStringLiteral("Sub Num"));
   auto* plus = small_button(QStringLiteral(">"), row);
   plus->setToolTip(QStringLiteral("Inc Sub Selected"));
+  submix_plus_ = plus;
   submix_text_ = new QLineEdit(row);
   submix_text_->setToolTip(QStringLiteral("Sub Text"));
   submix_text_->setMaximumWidth(220);
@@ -138,6 +139,7 @@ QWidget* MainDeskWindow::build_submix_row() {
   sub_colour_->setFixedSize(28, 22);
   auto* program = new QPushButton(QStringLiteral("Program"), row);
   program->setToolTip(QStringLiteral("Save Selected Sub"));
+  submix_prog_ = program;
   auto* recall = new QPushButton(QStringLiteral("Recal"), row);
   recall->setToolTip(QStringLiteral("Recal Selected Sub"));
   for (QPushButton* button : {program, recall}) button->setFocusPolicy(Qt::NoFocus);
@@ -241,6 +243,13 @@ void MainDeskWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool MainDeskWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseButtonRelease) {
+    // A click on a level box selects its text, so typing replaces the level.
+    for (const Strip& strip : strips_) {
+      if (watched == strip.level) QTimer::singleShot(0, strip.level, &QLineEdit::selectAll);
+    }
+    return false;
+  }
   const bool double_click = event->type() == QEvent::MouseButtonDblClick;
   const bool right_press = event->type() == QEvent::MouseButtonPress &&
                            static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
@@ -253,7 +262,6 @@ bool MainDeskWindow::eventFilter(QObject* watched, QEvent* event) {
       app_.handle([&] { desk().Open_Channel_Properties(i); });
       return true;
     }
-    if (double_click && watched == strip.level) strip.level->selectAll();
   }
   return false;
 }
@@ -294,7 +302,8 @@ void MainDeskWindow::sync() {
   submix_master_->set_model_value(d.submix_master_value());
   main_->set_model_value(d.main_value());
   sync::text(text9_, d.Text9());
-  if (!submix_text_->hasFocus()) sync::text(submix_text_, d.Submix_Text());
+  // The model holds what was typed, so the box always follows it, focused or not.
+  sync::text(submix_text_, d.Submix_Text());
   sync::background(sub_colour_, d.Sub_colour(), "QFrame");
   sync::enabled(inc_channel_, d.Inc_Channel_enabled());
   sync::enabled(dec_channels_, d.Dec_Channels_enabled());

@@ -43,6 +43,9 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
   LevelSlider* Main() const { return main_; }
   QLineEdit* Status() const { return status_; }
   QLineEdit* Text9() const { return text9_; }
+  QLineEdit* Submix_Text() const { return submix_text_; }
+  QPushButton* Submix_Plus() const { return submix_plus_; }
+  QPushButton* Submix_Prog() const { return submix_prog_; }
   QAction* menu_action(const std::string& name) const;
 
  protected:
@@ -79,6 +82,8 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
   QPushButton* playback_button_ = nullptr;
   QLineEdit* text9_ = nullptr;
   QLineEdit* submix_text_ = nullptr;
+  QPushButton* submix_plus_ = nullptr;
+  QPushButton* submix_prog_ = nullptr;
   ColourBox* sub_colour_ = nullptr;
   ColourBox* picture2_ = nullptr;
   ColourBox* picture1_ = nullptr;

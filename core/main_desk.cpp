@@ -52,22 +52,34 @@ void Hoofdblad::Form_Load() {
   submix_text_ = " ";
   sub_colour_.reset();
   reset_masters();
-  for (int i = 0; i < kStrips; ++i) {
-    ChannelStrip& strip = strips_[i];
-    const std::string number = std::to_string(i + 1);
-    strip.Slider1_tooltip = "level on channel " + number;
-    strip.Text1_tooltip = "Channel level " + number;
-    strip.Command1_tooltip = "Max on channel " + number;
-    strip.Command2_tooltip = "Min on channel " + number;
-    strip.Text1 = "0";
-  }
   store.Fader_Page = 0;
   dec_channels_enabled_ = false;
   inc_channel_enabled_ = true;
   store.Desk_Level.fill(0);
-  Refresh_Desk_Panel();
+  draw_start_up_panel();
   context_.status().show_main(kRunningStatus);
   Show();
+}
+
+// The panel as start-up and Reset Desk leave it: the start-up tooltips, the
+// levels and name boxes of page 0, and the submix label blank.
+void Hoofdblad::draw_start_up_panel() {
+  const Store& store = context_.store();
+  for (int i = 0; i < kStrips; ++i) {
+    ChannelStrip& strip = strips_[i];
+    const std::string number = std::to_string(i + 1);
+    const int level = store.Desk_Level[channel_of(i)];
+    strip.Slider1 = 255 - level;
+    strip.Text1 = std::to_string(level);
+    draw_strip_names(i);
+    strip.Slider1_tooltip = "level on channel " + number;
+    strip.Text1_tooltip = "Channel level " + number;
+    strip.Command1_tooltip = "Max on channel " + number;
+    strip.Command2_tooltip = "Min on channel " + number;
+  }
+  text9_ = "1";
+  submix_text_ = " ";
+  sub_colour_.reset();
 }
 
 void Hoofdblad::set_level(int i, int level) {
@@ -104,7 +116,7 @@ void Hoofdblad::Inc_Channel_Click() {
   if (store.Fader_Page < 1) ++store.Fader_Page;
   if (store.Fader_Page == 1) inc_channel_enabled_ = false;
   Refresh_Desk_Panel();
-  context_.status().show_main(" Faders" + str_number(store.Fader_Page) + " Selected");
+  context_.status().show_main(" Faders " + str_number(store.Fader_Page) + " Selected");
 }
 
 void Hoofdblad::Dec_Channels_Click() {
@@ -113,7 +125,7 @@ void Hoofdblad::Dec_Channels_Click() {
   if (store.Fader_Page > 0) --store.Fader_Page;
   if (store.Fader_Page == 0) dec_channels_enabled_ = false;
   Refresh_Desk_Panel();
-  context_.status().show_main(" Faders" + str_number(store.Fader_Page) + " Selected");
+  context_.status().show_main(" Faders " + str_number(store.Fader_Page) + " Selected");
 }
 
 void Hoofdblad::Clearall_Click() {
@@ -261,7 +273,7 @@ void Hoofdblad::resetdesk_Click() {
   store.Project_File.clear();
   store.Project_Changed = false;
   context_.desks().reset_desks();
-  Refresh_Desk_Panel();
+  draw_start_up_panel();
   context_.status().show_both(kResetStatus);
 }
 

@@ -115,6 +115,7 @@ class Hoofdblad : public Window {
   void show_submix();
   void reset_masters();
   void draw_strip_names(int i);
+  void draw_start_up_panel();
   bool confirm_exit();
 
   DeskContext& context_;

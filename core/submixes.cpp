@@ -68,6 +68,7 @@ void Hoofdblad::Submix_Recal_Click() {
     strips_[i].Text1 = std::to_string(level);
     if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(i, level);
   }
+  show_submix();  // the label shows the recalled submix's name, whatever was typed
   context_.status().show_main(" Submix" + str_number(current_submix_) + " Recalled");
 }
 

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 namespace lumaris {
@@ -37,12 +38,13 @@ void ProgBarWidget::paintEvent(QPaintEvent*) {
   painter.fillRect(area, colour(model_->BackColor()));
   const double fraction = model_->filled_fraction();
   if (fraction <= 0.0) return;
+  // A value of one step or more always shows: at least one pixel is filled.
   QRect bar = area;
   if (model_->Vertical()) {
-    const int length = static_cast<int>(std::lround(area.height() * fraction));
+    const int length = std::max(1, static_cast<int>(std::lround(area.height() * fraction)));
     bar.setTop(area.bottom() - length + 1);
   } else {
-    const int length = static_cast<int>(std::lround(area.width() * fraction));
+    const int length = std::max(1, static_cast<int>(std::lround(area.width() * fraction)));
     bar.setWidth(length);
   }
   painter.fillRect(bar, colour(model_->BarColor()));

@@ -31,7 +31,7 @@ TEST_F(MainDeskWindowTest, FaderButtonsAndKeysOnScreenReachTheModel) {
   QTest::mouseClick(window().Inc_Channel(), Qt::LeftButton);
   EXPECT_EQ(store().Fader_Page, 1);
   EXPECT_FALSE(window().Inc_Channel()->isEnabled());
-  EXPECT_EQ(window().Status()->text(), QStringLiteral(" Faders 1 Selected"));
+  EXPECT_EQ(window().Status()->text(), QStringLiteral(" Faders  1 Selected"));
   EXPECT_EQ(window().Text3(0)->text(), QStringLiteral("33"));
 
   std::vector<int> keys;
@@ -53,6 +53,22 @@ TEST_F(MainDeskWindowTest, ModelChangesReachTheWidgetsAndAbsentWindowsAreDisable
   EXPECT_EQ(window().Text3(7)->toolTip(), QStringLiteral(" Ch 8 Cyc"));
   EXPECT_FALSE(window().menu_action("BCF2000_setup")->isEnabled());
   EXPECT_TRUE(window().menu_action("editpatch")->isEnabled());
+}
+
+TEST_F(MainDeskWindowTest, ClickingALevelBoxSelectsItAndTheSubmixLabelFollowsTheDesk) {
+  QLineEdit* level = window().Text1(3);
+  QTest::mouseClick(level, Qt::LeftButton);
+  QApplication::processEvents();
+  EXPECT_EQ(level->selectedText(), level->text()) << "typing replaces the whole level";
+
+  app.handle([&] { store().Submix[1].Name = "Wash"; });
+  QLineEdit* label = window().Submix_Text();
+  label->setFocus();
+  QTest::keyClicks(label, "typed");
+  QTest::mouseClick(window().Submix_Plus(), Qt::LeftButton);
+  EXPECT_EQ(label->text(), QStringLiteral("Wash")) << "the label shows the submix the desk holds";
+  QTest::mouseClick(window().Submix_Prog(), Qt::LeftButton);
+  EXPECT_EQ(store().Submix[1].Name, "Wash") << "Program stores what the label shows";
 }
 
 }  // namespace

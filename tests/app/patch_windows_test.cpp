@@ -100,6 +100,16 @@ TEST(ProgBarWidget, PaintsTheModelAndReportsClicks) {
                     Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(&widget, &press);
   EXPECT_EQ(clicks, 1);
+
+  // A monitor bar at level 1 of 255 still shows: one pixel from the bottom.
+  model.set_Max(255);
+  model.set_Vertical(true);
+  model.set_BorderStyle(0);
+  model.set_Value(1);
+  widget.resize(14, 96);
+  const QImage low = widget.grab().toImage();
+  EXPECT_EQ(low.pixelColor(7, 95), QColor(0, 0, 255)) << "level 1 fills the bottom pixel";
+  EXPECT_EQ(low.pixelColor(7, 94), QColor(255, 0, 0));
 }
 
 }  // namespace

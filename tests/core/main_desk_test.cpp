@@ -27,7 +27,7 @@ TEST_F(MainDeskTest, FadersButtonsAndPagingWorkOnTheShownPage) {
   EXPECT_EQ(desk().strips()[3].Text3, "4") << "no description: the channel number";
 
   desk().Inc_Channel_Click();
-  EXPECT_EQ(desk().Status(), " Faders 1 Selected");
+  EXPECT_EQ(desk().Status(), " Faders  1 Selected");
   const ChannelStrip& strip = desk().strips()[0];
   EXPECT_EQ(strip.Text3, "Spot");
   EXPECT_EQ(strip.Text3_colour, (Paint{Rgb{255, 0, 0}}));
@@ -90,6 +90,29 @@ TEST_F(MainDeskTest, ExitAsksOnlyWhenTheShowIsUnsaved) {
   EXPECT_EQ(t.dialogs.messages().size(), 1u);
   EXPECT_EQ(desk().Status(), " Exit Software");
   EXPECT_FALSE(t.console->output_cycle().Timer1().enabled()) << "the exit path stops output";
+}
+
+TEST_F(MainDeskTest, StartUpAndResetLeaveThePanelAsTheirStepsSay) {
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(desk().strips()[4].Slider1_tooltip, "level on channel 5");
+    EXPECT_EQ(desk().strips()[4].Text3_tooltip, " Ch 5 5");
+    EXPECT_EQ(desk().Submix_Text(), " ");
+    EXPECT_EQ(desk().Text9(), "1");
+    // A show's names and a stepped-to submix, then Reset Desk.
+    store().Fader_Names[4].Desc = "Spot";
+    store().Submix[3].Name = "Wash";
+    desk().Submix_Plus_Click();
+    desk().Refresh_Desk_Panel();
+    t.dialogs.answer_message(MessageResult::Ok);
+    desk().resetdesk_Click();
+  }
+}
+
+TEST_F(MainDeskTest, RecallShowsTheRecalledSubmixNameOverWhatWasTyped) {
+  store().Submix[0].Name = "Front";
+  desk().Submix_Text_Change("half typed");
+  desk().Submix_Recal_Click();
+  EXPECT_EQ(desk().Submix_Text(), "Front");
 }
 
 TEST_F(MainDeskTest, KeysAndFaderMovesReachTheirHooks) {
