@@ -33,7 +33,9 @@ VRLogSlider::VRLogSlider() {
   thumb_top_ = top_ + height_ - thumb_height_ / 2;
 }
 
-bool VRLogSlider::maps_logarithmically() const { return log_axis_ && min_ > 0 && max_ > min_; }
+bool VRLogSlider::maps_logarithmically() const {
+  return log_axis_ && min_ > 0 && max_ > 0 && max_ != min_;
+}
 
 double VRLogSlider::position_of(double v) const {
   const double bottom = top_ + height_;
@@ -118,12 +120,13 @@ void VRLogSlider::set_thumb_height(double height) {
 
 std::vector<VRLogSlider::Tick> VRLogSlider::ticks() const {
   std::vector<Tick> result;
-  if (min_ <= 0 || max_ <= min_) return result;
+  if (min_ <= 0 || max_ <= 0 || max_ == min_) return result;
   const double bottom = top_ + height_;
   const double low = std::log10(min_);
   const double span = std::log10(max_) - low;
-  const int first = static_cast<int>(std::floor(low + 1e-9));
-  const int last = static_cast<int>(std::floor(std::log10(max_) + 1e-9));
+  // Decades from the smaller end to the larger, whichever end is at the bottom.
+  const int first = static_cast<int>(std::floor(std::min(low, low + span) + 1e-9));
+  const int last = static_cast<int>(std::floor(std::max(low, low + span) + 1e-9));
   for (int d = first; d <= last; ++d) {
     for (int k = 1; k <= 10; ++k) {
       if (k == 10 && d < last) continue;  // the next decade's first tick

@@ -13,12 +13,16 @@ namespace lumaris {
 // Positions are in the widget's own vertical coordinates (down is larger). The
 // axis runs from its top T (MaxValue) to its bottom T + H (MinValue).
 //
-// A logarithmic axis needs a positive range: with MinValue <= 0 or
-// MaxValue <= MinValue the control maps linearly instead. A value of 0 or below on
-// a logarithmic axis sits at the bottom end, and Value still reads what was set.
+// A logarithmic axis needs positive ends: with MinValue or MaxValue at 0 or below
+// (or both equal) the control maps linearly instead. A range whose minimum lies
+// above its maximum maps logarithmically like any other: the bottom is still
+// MinValue. A value of 0 or below on a logarithmic axis sits at the bottom end,
+// and Value still reads what was set.
 class VRLogSlider {
  public:
   static constexpr int kLabelDigits = 3;  // significant digits of the min and max labels
+  static constexpr double kDefaultMin = 0.1;    // seconds
+  static constexpr double kDefaultMax = 240.0;  // four minutes
 
   struct Tick {
     double position;
@@ -72,8 +76,8 @@ class VRLogSlider {
   void range_changed();
 
   double value_ = 0.0;  // internal units: user units x ScaleFactor
-  double min_ = 0.1;
-  double max_ = 240.0;
+  double min_ = kDefaultMin;
+  double max_ = kDefaultMax;
   bool log_axis_ = true;
   double scale_ = 1.0;
   double top_ = 0.0;

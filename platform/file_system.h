@@ -26,7 +26,11 @@ class FileSystem {
   // Reads the whole file. Files larger than `limit` bytes are refused.
   virtual FileStatus read_file(const std::string& path, std::size_t limit,
                                std::string& contents) = 0;
-  // Creates a new, empty file in the folder of `target` that no one else uses.
+  // The file that a save to `path` replaces: `path` itself, or the file its
+  // symbolic links lead to (which need not exist yet).
+  virtual std::string save_target(const std::string& path) = 0;
+  // Creates a new, empty file in the folder of `target` that no one else uses,
+  // with the permissions of `target` when that exists.
   virtual FileStatus create_temporary(const std::string& target, std::string& temp_path,
                                       int& handle) = 0;
   virtual FileStatus write_all(int handle, std::string_view bytes) = 0;

@@ -71,9 +71,27 @@ FileStatus PosixFileSystem::read_file(const std::string& path, std::size_t limit
   return FileStatus::success();
 }
 
+std::string PosixFileSystem::save_target(const std::string& path) {
+  std::string target = path;
+  // As many links as the kernel itself follows before it gives up.
+  for (int hops = 0; hops < 40; ++hops) {
+    struct stat info {};
+    if (::lstat(target.c_str(), &info) != 0 || !S_ISLNK(info.st_mode)) return target;
+    std::string link(static_cast<std::size_t>(info.st_size > 0 ? info.st_size : 4096) + 1, '\0');
+    const ssize_t length = ::readlink(target.c_str(), link.data(), link.size());
+    if (length <= 0 || static_cast<std::size_t>(length) >= link.size()) return target;
+    link.resize(static_cast<std::size_t>(length));
+    // A relative link is relative to the folder that holds it.
+    target = link.front() == '/' ? link : folder_of(target) + "/" + link;
+  }
+  return target;
+}
+
 FileStatus PosixFileSystem::create_temporary(const std::string& target, std::string& temp_path,
                                              int& handle) {
   const std::string folder = folder_of(target);
+  struct stat existing {};
+  const bool replaces = ::stat(target.c_str(), &existing) == 0;
   const std::string stem = folder + "/." + base_name_of(target) + ".saving-" +
                            std::to_string(::getpid()) + "-";
   for (int attempt = 0; attempt < 100; ++attempt) {
@@ -81,6 +99,14 @@ FileStatus PosixFileSystem::create_temporary(const std::string& target, std::str
     // 0666 under the umask, as any new file the desk writes.
     const int fd = ::open(temp_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (fd >= 0) {
+      // The replaced file keeps its permissions: a show kept private stays private.
+      if (replaces && ::fchmod(fd, existing.st_mode & 07777) != 0) {
+        const int error = errno;
+        ::close(fd);
+        ::unlink(temp_path.c_str());
+        temp_path.clear();
+        return from_errno(error);
+      }
       handle = fd;
       return FileStatus::success();
     }

@@ -8,6 +8,7 @@ namespace lumaris {
 class PosixFileSystem final : public FileSystem {
  public:
   FileStatus read_file(const std::string& path, std::size_t limit, std::string& contents) override;
+  std::string save_target(const std::string& path) override;
   FileStatus create_temporary(const std::string& target, std::string& temp_path,
                               int& handle) override;
   FileStatus write_all(int handle, std::string_view bytes) override;

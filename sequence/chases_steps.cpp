@@ -30,7 +30,9 @@ void Chases::Set_Fade(double seconds) {
   ChaseRec& c = chase();
   c.Time[cur_step_] = seconds;
   fade_text_ = significant_text(seconds, VRLogSlider::kLabelDigits);
-  if (global_fade_ && global_fade_enabled_) {
+  // A running chase checks and disables the box so that the slider acts on every
+  // step: disabled by the run is not disabled by the lock.
+  if (global_fade_ && (global_fade_enabled_ || running())) {
     for (int s = 0; s <= chase_steps(c); ++s) c.Time[s] = seconds;
   }
 }
@@ -42,7 +44,7 @@ void Chases::Speed_Fade_Lock_Click(bool checked) {
     // The fade slider shows the step duration, and so does the step's fade time.
     show_fade(log_slider3_.Value());
     Set_Fade(log_slider3_.Value());
-  } else if (!running()) {
+  } else {
     global_fade_enabled_ = true;
   }
 }

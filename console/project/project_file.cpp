@@ -26,18 +26,43 @@ constexpr const char* kLoadedMain = "Project Loaded ";
 constexpr const char* kLoadedPlayback = "Project Loaded";
 constexpr const char* kSkippedStatusMiddle = " Blocks Skipped";
 constexpr const char* kSkippedStatusMiddleOne = " Block Skipped";
+constexpr const char* kClampedStatusMiddle = " Values Clamped";
+constexpr const char* kClampedStatusMiddleOne = " Value Clamped";
+constexpr const char* kCutStatus = " File damaged: loaded up to line";
 constexpr const char* kNotLoadedMain = " Project Not Loaded ";
 constexpr const char* kNotLoadedPlayback = " Project Not Loaded";
 constexpr const char* kLoadErrorTitle = " Load Error";
 constexpr const char* kCouldNotRead = "Could not read ";
 constexpr const char* kNotAShow = " is not a Lumaris project file.";
 constexpr const char* kNothingLoaded = "Nothing was loaded.";
-constexpr const char* kSkippedTitle = " Damaged Project";
+constexpr const char* kDamagedTitle = " Damaged Project";
+constexpr const char* kCutIntro = "The file ends before its last line: ";
+constexpr const char* kCutIntroEnd = " was loaded up to line ";
 constexpr const char* kSkippedIntro = "Some blocks of ";
 constexpr const char* kSkippedIntroEnd = " could not be read and were skipped:";
-constexpr const char* kSkippedMore = "... and ";
-constexpr const char* kSkippedMoreEnd = " more";
-constexpr std::size_t kSkippedListed = 20;
+constexpr const char* kClampedIntro = "Some values of ";
+constexpr const char* kClampedIntroEnd = " were beyond what the desk can hold and were brought into range:";
+constexpr const char* kListedMore = "... and ";
+constexpr const char* kListedMoreEnd = " more";
+constexpr const char* kSaveToKeep = "Check the show before saving: saving writes what was loaded.";
+constexpr std::size_t kProblemsListed = 20;
+
+// ", 2 Blocks Skipped" and the like; nothing for none.
+std::string counted(std::size_t count, const char* one, const char* many) {
+  if (count == 0) return {};
+  return "," + str_number(static_cast<long>(count)) + (count == 1 ? one : many);
+}
+
+void list_problems(std::string& text, const ProblemList& problems) {
+  const std::vector<LoadProblem>& kept = problems.kept();
+  for (std::size_t i = 0; i < kept.size() && i < kProblemsListed; ++i) {
+    text.append("\n").append(kept[i].block).append(": ").append(kept[i].reason);
+  }
+  if (problems.count() > kProblemsListed) {
+    text.append("\n").append(kListedMore);
+    text.append(std::to_string(problems.count() - kProblemsListed)).append(kListedMoreEnd);
+  }
+}
 
 constexpr const char* kSaveProjectTitle = "Save DMX Project";
 constexpr const char* kSaveSubmixTitle = "Save DMX Submixes";
@@ -110,29 +135,45 @@ bool ProjectFile::load_path(const std::string& path) {
   if (last_load_.has_project && store.BCF_Mode > 0) start_surface_from_show();
   c.sequence_desk().Refresh_Desk();
 
-  const std::size_t skipped = last_load_.skipped.size();
-  if (skipped == 0) {
+  if (!last_load_.damaged()) {
     c.status().show(kLoadedMain, kLoadedPlayback);
-  } else {
-    const std::string status = std::string(kLoadedPlayback) + "," + str_number(static_cast<long>(skipped)) +
-                               (skipped == 1 ? kSkippedStatusMiddleOne : kSkippedStatusMiddle);
-    c.status().show(status + " ", status);
-    report_skipped(path);
+    return true;
   }
+  std::string status;
+  if (last_load_.cut_at_line > 0) {
+    status = kCutStatus + str_number(last_load_.cut_at_line);
+  } else {
+    status = std::string(kLoadedPlayback) +
+             counted(last_load_.skipped.count(), kSkippedStatusMiddleOne, kSkippedStatusMiddle) +
+             counted(last_load_.clamped.count(), kClampedStatusMiddleOne, kClampedStatusMiddle);
+  }
+  c.status().show(status + " ", status);
+  // What was lost or changed is not in the file any more than on the desk: the
+  // desk holds a show that differs from the file, and Exit must ask.
+  store.Project_Changed = true;
+  report_damage(path);
   return true;
 }
 
-void ProjectFile::report_skipped(const std::string& path) {
-  std::string text = kSkippedIntro + path + kSkippedIntroEnd;
-  const std::vector<SkippedBlock>& skipped = last_load_.skipped;
-  for (std::size_t i = 0; i < skipped.size() && i < kSkippedListed; ++i) {
-    text.append("\n").append(skipped[i].block).append(": ").append(skipped[i].reason);
+void ProjectFile::report_damage(const std::string& path) {
+  std::string text;
+  auto paragraph = [&text](const std::string& intro) {
+    if (!text.empty()) text.append("\n\n");
+    text.append(intro);
+  };
+  if (last_load_.cut_at_line > 0) {
+    paragraph(kCutIntro + path + kCutIntroEnd + std::to_string(last_load_.cut_at_line) + ".");
   }
-  if (skipped.size() > kSkippedListed) {
-    text.append("\n").append(kSkippedMore);
-    text.append(std::to_string(skipped.size() - kSkippedListed)).append(kSkippedMoreEnd);
+  if (!last_load_.skipped.empty()) {
+    paragraph(kSkippedIntro + path + kSkippedIntroEnd);
+    list_problems(text, last_load_.skipped);
   }
-  console_.dialogs().message({kSkippedTitle, text, MessageIcon::Exclamation});
+  if (!last_load_.clamped.empty()) {
+    paragraph(kClampedIntro + path + kClampedIntroEnd);
+    list_problems(text, last_load_.clamped);
+  }
+  paragraph(kSaveToKeep);
+  console_.dialogs().message({kDamagedTitle, text, MessageIcon::Exclamation});
 }
 
 bool ProjectFile::ask_save_name(const char* title) {

@@ -34,13 +34,13 @@ class ProjectFile final : public ShowFiles {
   void Save_Patch() override;
   void Save_Sequence() override;
 
-  // What the last load found (skipped blocks and counts).
+  // What the last load found (counts, skipped blocks, clamped values, a cut).
   const LoadReport& last_load() const { return last_load_; }
 
  private:
   void load_from_dialog();
   bool load_path(const std::string& path);
-  void report_skipped(const std::string& path);
+  void report_damage(const std::string& path);
   // The control surface connects from a loaded show here once it exists.
   void start_surface_from_show() {}
 

@@ -82,8 +82,10 @@ std::string date_text(const CalendarDate& date) {
 }
 
 std::string seconds_text(double seconds) {
-  char text[64];
-  const std::to_chars_result result = std::to_chars(text, text + sizeof text, seconds);
+  // The largest double has 309 digits before the point.
+  char text[400];
+  const std::to_chars_result result =
+      std::to_chars(text, text + sizeof text, seconds, std::chars_format::fixed);
   std::string value(text, result.ptr);
   if (value.rfind("0.", 0) == 0) {
     value.erase(0, 1);

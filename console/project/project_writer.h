@@ -32,7 +32,8 @@ std::string file_bytes(const std::string& document);
 // "dd/mm/yyyy".
 std::string date_text(const CalendarDate& date);
 // A step's speed or time as the file writes it after its literal "0": the
-// shortest decimal form, "." as separator, no zero before the point (0.5 -> ".5").
+// shortest decimal form in fixed notation, never an exponent (100000 ->
+// "100000"), "." as separator, no zero before the point (0.5 -> ".5").
 std::string seconds_text(double seconds);
 
 }  // namespace lumaris

@@ -16,7 +16,7 @@ namespace lumaris {
 namespace {
 
 constexpr int kClean = 0;
-constexpr int kSkipped = 1;
+constexpr int kDamaged = 1;
 constexpr int kNotAShow = 2;
 
 constexpr const char* kCannotRead = "lumaris: cannot read ";
@@ -48,11 +48,23 @@ bool load_show(const std::string& path, LoadedShow& show, std::ostream& err) {
   return true;
 }
 
-void print_skipped(const LoadReport& report, std::ostream& out) {
-  out << "Skipped blocks: " << report.skipped.size() << "\n";
-  for (const SkippedBlock& block : report.skipped) {
-    out << "  " << block.block << ": " << block.reason << "\n";
+// The first problems of a kind and a count of the rest.
+void print_problems(const char* heading, const ProblemList& problems, std::ostream& out) {
+  out << heading << ": " << problems.count() << "\n";
+  for (const LoadProblem& problem : problems.kept()) {
+    out << "  " << problem.block << ": " << problem.reason << "\n";
   }
+  if (problems.count() > problems.kept().size()) {
+    out << "  ... and " << problems.count() - problems.kept().size() << " more\n";
+  }
+}
+
+void print_damage(const LoadReport& report, std::ostream& out) {
+  if (report.cut_at_line > 0) {
+    out << "File ends early: reading stopped at line " << report.cut_at_line << "\n";
+  }
+  print_problems("Skipped blocks", report.skipped, out);
+  print_problems("Clamped values", report.clamped, out);
 }
 
 }  // namespace
@@ -79,8 +91,8 @@ int run_show_check(const std::string& show, std::ostream& out, std::ostream& err
   out << "Screens: " << report.screens << "\n";
   out << "Pages: " << report.pages << "\n";
   out << "Art-Net rows: " << report.art_rows << "\n";
-  print_skipped(report, out);
-  return report.skipped.empty() ? kClean : kSkipped;
+  print_damage(report, out);
+  return report.damaged() ? kDamaged : kClean;
 }
 
 int run_show_resave(const std::string& in, const std::string& out_path, std::ostream& out,
@@ -99,8 +111,8 @@ int run_show_resave(const std::string& in, const std::string& out_path, std::ost
     return kNotAShow;
   }
   out << "Saved " << out_path << " (version " << store.Project_Version << ")\n";
-  if (!loaded.report.skipped.empty()) print_skipped(loaded.report, out);
-  return loaded.report.skipped.empty() ? kClean : kSkipped;
+  if (loaded.report.damaged()) print_damage(loaded.report, out);
+  return loaded.report.damaged() ? kDamaged : kClean;
 }
 
 }  // namespace lumaris

@@ -34,41 +34,6 @@ std::int64_t tag_number_value(std::string_view content) {
   return static_cast<std::int64_t>(rounded);
 }
 
-namespace {
-
-std::size_t start_of(std::size_t position) { return position == 0 ? 0 : position - 1; }
-
-}  // namespace
-
-std::string Get_Tag_Text(std::size_t& position, std::string_view text, std::string_view tag) {
-  const std::optional<TagSpan> span = find_tag(text, start_of(position), tag);
-  if (!span) return {};
-  position = span->after + 1;
-  return std::string(text.substr(span->content_begin, span->content_end - span->content_begin));
-}
-
-std::int64_t Get_Tag_Number(std::size_t& position, std::string_view text, std::string_view tag) {
-  const std::optional<TagSpan> span = find_tag(text, start_of(position), tag);
-  if (!span) return 0;
-  position = span->after + 1;
-  return tag_number_value(
-      text.substr(span->content_begin, span->content_end - span->content_begin));
-}
-
-std::int64_t Get_Tag_Pair(std::size_t& position, std::string_view text, std::string_view tag,
-                          std::int64_t& second) {
-  second = 0;
-  const std::optional<TagSpan> span = find_tag(text, start_of(position), tag);
-  if (!span) return 0;
-  position = span->after + 1;
-  const std::string_view content =
-      text.substr(span->content_begin, span->content_end - span->content_begin);
-  const std::size_t colon = content.find(':');
-  if (colon == std::string_view::npos) return 0;
-  second = tag_number_value(content.substr(colon + 1));
-  return tag_number_value(content.substr(0, colon));
-}
-
 std::vector<std::string_view> split_items(std::string_view list, char separator) {
   std::vector<std::string_view> items;
   std::size_t begin = 0;

@@ -26,15 +26,6 @@ std::int64_t tag_number_value(std::string_view content);
 // Whether the text is a number in the file's sense.
 bool tag_is_numeric(std::string_view content);
 
-// The three search routines. `position` is a 1-based character index (0 counts
-// as 1); after a find it points just past the element, and stays where it was
-// when the element is missing.
-std::string Get_Tag_Text(std::size_t& position, std::string_view text, std::string_view tag);
-std::int64_t Get_Tag_Number(std::size_t& position, std::string_view text, std::string_view tag);
-// "a:b" gives a, with b in `second`; both 0 when missing or without ":".
-std::int64_t Get_Tag_Pair(std::size_t& position, std::string_view text, std::string_view tag,
-                          std::int64_t& second);
-
 // The items of a ":"- or ","-separated list, each item as text; an empty list
 // still has one (empty) item.
 std::vector<std::string_view> split_items(std::string_view list, char separator);

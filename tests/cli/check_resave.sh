@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# --check exit codes on a clean, a damaged and a non-show file; --resave of a
+# --check exit codes on a clean, a damaged, a cut and a non-show file; --resave of a
 # golden show reproduces it apart from the date and the advanced version.
 set -u
 lumaris=$1
@@ -24,6 +24,10 @@ expect_code 0 --check "$data/full_show.xml"
 grep -qx 'Screens: 4' "$work/out" || { echo "FAIL: --check did not count the screens"; failures=$((failures + 1)); }
 expect_code 1 --check "$data/damaged_show.xml"
 grep -q 'Submix block 1: Num 40 is out of range' "$work/out" || { echo "FAIL: --check did not name the skipped block"; failures=$((failures + 1)); }
+# A show cut short in a Button block: loadable, damaged, and the line is named.
+head -c 3000 "$data/full_show.xml" >"$work/cut.xml"
+expect_code 1 --check "$work/cut.xml"
+grep -q 'reading stopped at line' "$work/out" || { echo "FAIL: --check did not say where the cut show stopped"; failures=$((failures + 1)); }
 expect_code 2 --check "$data/not_a_show.xml"
 expect_code 2 --check "$work/no_such_show.xml"
 

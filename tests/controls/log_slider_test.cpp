@@ -88,7 +88,19 @@ TEST(VRLogSlider, LinearAxisAndTheNonPositiveFallbacks) {
   EXPECT_EQ(slider.thumb_top(), 600.0);
   EXPECT_EQ(slider.Value(), 0.0);
 
+  // A range whose minimum lies above its maximum is still logarithmic: halfway
+  // between 100 at the bottom and 1 at the top is 10.
+  slider.set_MinValue(100);
+  slider.set_MaxValue(1);
+  slider.Set_From_Position(350);
+  EXPECT_NEAR(slider.Value(), 10.0, 1e-12);
+  slider.set_Value(10);
+  EXPECT_NEAR(slider.thumb_top(), 350.0, 1e-9);
+  EXPECT_EQ(slider.ticks().size(), 19u);  // 1..9, 10..90 and 100
+  EXPECT_DOUBLE_EQ(slider.ticks().front().position, 100.0);
+
   // A minimum of 0 makes the logarithmic axis map linearly.
+  slider.set_MaxValue(240);
   slider.set_MinValue(0);
   slider.Set_From_Position(350);
   EXPECT_DOUBLE_EQ(slider.Value(), 120.0);
@@ -112,6 +124,8 @@ TEST(SignificantText, RoundsToTheDigitsOrSwitchesToExponentForm) {
   EXPECT_EQ(significant_text(12.34, 3), "12.3");
   EXPECT_EQ(significant_text(999.4, 3), "999");
   EXPECT_EQ(significant_text(-2.5, 3), "-2.5");
+  EXPECT_EQ(significant_text(1.375, 3), "1.38");  // halves to even
+  EXPECT_EQ(significant_text(1.125, 3), "1.12");
   EXPECT_EQ(significant_text(1234, 3), "1.234E+03");
   EXPECT_EQ(significant_text(0.0001, 3), "1.000E-04");
 }

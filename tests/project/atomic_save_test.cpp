@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -36,7 +37,9 @@ TEST_F(AtomicSaveTest, ReplacesTheFileAndLeavesNothingBehind) {
   EXPECT_TRUE(status.ok) << status.reason;
   EXPECT_EQ(file_contents(path), "new bytes");
   EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
-  EXPECT_EQ(files.syncs(), 1);  // flushed before the rename
+  // Flushed before the rename, and the rename made durable after it.
+  EXPECT_EQ(files.calls(), (std::vector<std::string>{"create temporary", "write", "sync", "close",
+                                                     "rename", "sync folder"}));
   PosixFileSystem real;
   const FileStatus gone = save_file_atomically(real, folder.file("gone/show.xml"), "x");
   EXPECT_FALSE(gone.ok);
@@ -59,6 +62,27 @@ TEST_F(AtomicSaveTest, EveryFailingStepOrAFullDiskKeepsTheOldFileByteForByte) {
   EXPECT_EQ(status.reason, "No space left on device");
   EXPECT_EQ(file_contents(path), kOld);
   EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
+}
+
+// A show reached through a symbolic link is saved into the file the link names,
+// which keeps its permissions; the link stays a link.
+TEST_F(AtomicSaveTest, SavingThroughALinkReplacesItsTargetAndKeepsTheTargetsMode) {
+  ASSERT_EQ(::mkdir(folder.file("shows").c_str(), 0755), 0);
+  const std::string target = folder.file("shows/gala.xml");
+  write_bytes(target, kOld);
+  ASSERT_EQ(::chmod(target.c_str(), 0640), 0);
+  const std::string link = folder.file("current.xml");
+  ASSERT_EQ(::symlink("shows/gala.xml", link.c_str()), 0);  // relative to the link's folder
+
+  const FileStatus status = save_file_atomically(files, link, "new bytes");
+  ASSERT_TRUE(status.ok) << status.reason;
+  struct stat info {};
+  ASSERT_EQ(::lstat(link.c_str(), &info), 0);
+  EXPECT_TRUE(S_ISLNK(info.st_mode));
+  EXPECT_EQ(file_contents(target), "new bytes");
+  ASSERT_EQ(::stat(target.c_str(), &info), 0);
+  EXPECT_EQ(info.st_mode & 07777, 0640u);
+  EXPECT_EQ(folder.names(), (std::vector<std::string>{"current.xml", "show.xml", "shows"}));
 }
 
 // A real file system without space: a 64 KiB tmpfs in a mount namespace of a

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "core/main_desk.h"
+#include "sequence/chases.h"
 #include "tests/support/faulty_file_system.h"
 #include "tests/support/show_builders.h"
 #include "tests/support/temp_folder.h"
@@ -95,6 +96,58 @@ TEST_F(ProjectFileTest, AFailedSaveKeepsTheOldFileAndTheUnsavedMark) {
   EXPECT_NE(file_contents(path).find("<Version>2</Version>"), std::string::npos);
 }
 
+TEST_F(ProjectFileTest, TheHighestVersionIsSavedAsItIs) {
+  t.store().Project_Version = INT16_MAX;
+  t.dialogs.answer_file(folder.file("old.xml"));
+  file().Save_As_Project();
+  EXPECT_NE(file_contents(folder.file("old.xml")).find("<Version>32767</Version>"), std::string::npos);
+}
+
+// A damaged file loads what it can; the status line says so and the desk counts
+// as changed, so that Exit asks before the damage is taken for the show.
+TEST_F(ProjectFileTest, ADamagedFileSaysSoAndLeavesTheProjectChanged) {
+  const std::string cut = folder.file("cut.xml");
+  std::ofstream(cut, std::ios::binary) << "<Lumaris_XML>\r\t<Project>\r\t\t<Name>Cut</Name>\r"
+                                          "\t</Project>\r\t<Submix>\r\t\t<Num>1";
+  EXPECT_TRUE(file().Load_File(cut));
+  EXPECT_EQ(status().main(), " File damaged: loaded up to line 5 ");
+  EXPECT_EQ(status().playback(), " File damaged: loaded up to line 5");
+  EXPECT_EQ(t.store().Project_Name, "Cut");
+  EXPECT_TRUE(t.store().Project_Changed);
+  ASSERT_EQ(t.dialogs.messages().size(), 1u);
+  EXPECT_NE(t.dialogs.messages()[0].text.find("loaded up to line 5"), std::string::npos);
+
+  const std::string odd = folder.file("odd.xml");
+  std::ofstream(odd, std::ios::binary) << "<Lumaris_XML><Project><Adapter>9</Adapter></Project>"
+                                          "<Chase><Num>0</Num><Steps>0</Steps></Chase></Lumaris_XML>";
+  t.store().Project_Changed = false;
+  EXPECT_TRUE(file().Load_File(odd));
+  EXPECT_EQ(status().main(), "Project Loaded, 2 Values Clamped ");
+  EXPECT_TRUE(t.store().Project_Changed);
+}
+
+// Hostile times and counts from a file run on the sequence desk without
+// undefined behaviour (the sanitizer build is the judge).
+TEST_F(ProjectFileTest, AHostileChaseRunsSafely) {
+  const std::string path = folder.file("hostile.xml");
+  std::ofstream(path, std::ios::binary)
+      << "<Lumaris_XML><Chase><Num>0</Num><Steps>2</Steps><Loop>-32768</Loop>"
+         "<Step><Num>1</Num><Speed>0.5</Speed><Time>0.5</Time><Data>0</Data></Step>"
+         "<Step><Num>2</Num><Speed>-0.1</Speed><Time>2e-10</Time><Data>255</Data><Fade>1</Fade></Step>"
+         "<Step><Num>0</Num><Speed>1e308</Speed><Time>-1e308</Time></Step></Chase></Lumaris_XML>";
+  ASSERT_TRUE(file().Load_File(path));
+  Chases& desk = t.console->sequence_desk();
+  desk.Show();
+  desk.Chase_Go_Button_Click();
+  for (int ms = 0; ms < 3000; ++ms) {
+    t.scheduler.advance(1);
+    for (const std::int32_t level : t.store().Chase_Out) {
+      ASSERT_GE(level, 0) << "at " << ms << " ms";
+      ASSERT_LE(level, 255) << "at " << ms << " ms";
+    }
+  }
+}
+
 TEST_F(ProjectFileTest, LoadFromTheMainDeskMenuRedrawsTheDesk) {
   t.store().Project_Changed = true;
   t.dialogs.answer_file(test_data("full_show.xml"));
@@ -131,6 +184,7 @@ TEST_F(ProjectFileTest, SkippedBlocksAreCountedAndNamedInOneMessage) {
   t.dialogs.answer_file(test_data("damaged_show.xml"));
   file().Load();
   EXPECT_EQ(status().main(), "Project Loaded, 5 Blocks Skipped ");
+  EXPECT_TRUE(t.store().Project_Changed);
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   EXPECT_EQ(t.dialogs.messages()[0].title, " Damaged Project");
   const std::string& text = t.dialogs.messages()[0].text;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 #include "tests/support/show_builders.h"
@@ -18,8 +19,26 @@ TEST(ShowCheck, ACleanShowListsWhatItHolds) {
   EXPECT_EQ(out.str(), "Show: " + test_data("full_show.xml") +
                            "\nName: Winter Gala\nVersion: 7\nDate: 22/11/2026\nSubmixes: 3\n"
                            "Patched slots: 66\nNamed channels: 3\nButtons: 18\nFaders: 13\nChases: 1\n"
-                           "Screens: 4\nPages: 2\nArt-Net rows: 2\nSkipped blocks: 0\n");
+                           "Screens: 4\nPages: 2\nArt-Net rows: 2\nSkipped blocks: 0\nClamped values: 0\n");
   EXPECT_EQ(err.str(), "");
+}
+
+// A hostile file of many bad blocks lists the first hundred and counts the rest;
+// a file cut short says where reading stopped.
+TEST(ShowCheck, ADamagedShowListsAHundredProblemsOfEachKindAndWhereItStopped) {
+  TempFolder folder;
+  std::string text = "<Lumaris_XML>\r";
+  for (int n = 0; n < 150; ++n) text += "<Page></Page>\r";
+  text += "<Chase><Num>1</Num><Steps>0</Steps></Chase>\r<Submix>\r";
+  std::ofstream(folder.file("cut.xml"), std::ios::binary) << text;
+  std::ostringstream out, err;
+  EXPECT_EQ(run_show_check(folder.file("cut.xml"), out, err), 1);
+  const std::string listing = out.str();
+  EXPECT_NE(listing.find("File ends early: reading stopped at line 153\n"), std::string::npos);
+  EXPECT_NE(listing.find("Skipped blocks: 151\n"), std::string::npos);
+  EXPECT_NE(listing.find("  Page block 99: Num is missing\n  ... and 51 more\n"),
+            std::string::npos);
+  EXPECT_NE(listing.find("Clamped values: 1\n  Chase block 1: Steps 0 set to 1\n"), std::string::npos);
 }
 
 TEST(ShowResave, AnUnwritableTargetIsReported) {

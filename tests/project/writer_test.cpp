@@ -38,11 +38,22 @@ TEST_F(WriterTest, EveryGoldenFileIsReproducedByteForByte) {
   EXPECT_EQ(save(&ProjectFile::Save_As_Project), file_contents(test_data("full_show.xml")));
 }
 
-TEST(WriterSections, StepTimesCarryALiteralZeroInFrontAndDatesAreDayMonthYear) {
-  EXPECT_EQ("0" + seconds_text(0.25), "0.25");
-  EXPECT_EQ("0" + seconds_text(1), "01");
-  EXPECT_EQ("0" + seconds_text(12.75), "012.75");
-  EXPECT_EQ("0" + seconds_text(0), "00");
+// Step times are written in fixed notation after a literal "0", never in
+// exponent form, whatever their size.
+TEST(WriterSections, StepTimesCarryALiteralZeroInFrontAndNeverAnExponent) {
+  Store store;
+  reset_store(store);
+  ChaseRec& chase = store.Chase_Table[0];
+  chase.Steps = 2;
+  chase.Speed[0] = 0.25, chase.Time[0] = 1;
+  chase.Speed[1] = 100000, chase.Time[1] = 0;
+  chase.Speed[2] = 12.75, chase.Time[2] = 0.0000001;
+  const std::string text = Chase_Section(store);
+  for (const char* line : {"\t\t\t<Speed>0.25</Speed>\r\t\t\t<Time>01</Time>\r",
+                           "\t\t\t<Speed>0100000</Speed>\r\t\t\t<Time>00</Time>\r",
+                           "\t\t\t<Speed>012.75</Speed>\r\t\t\t<Time>0.0000001</Time>\r"}) {
+    EXPECT_NE(text.find(line), std::string::npos) << line;
+  }
   EXPECT_EQ(date_text({2027, 1, 5}), "05/01/2027");
 }
 

@@ -163,4 +163,76 @@ TEST(ChaseEditing, TimeSlidersWriteTheStepAndOptionallyEveryStep) {
   for (int step = 0; step <= 3; ++step) EXPECT_EQ(c.Time[step], 240.0);
 }
 
+TEST(ChaseEditing, RearrangingStepsOrRoutingAChannelMarksTheProjectChanged) {
+  SequenceDesk s;
+  s.program(3, 1.0, 1.0);
+  Store& store = s.t.store();
+  const std::pair<const char*, void (Chases::*)()> edits[] = {
+      {"Insert", &Chases::Insert_Click},
+      {"Remove", &Chases::Remove_Step_Click},
+      {"Shift +", &Chases::Shift_Pos_Click},
+      {"Shift -", &Chases::Shift_Neg_Click},
+  };
+  for (const auto& [name, edit] : edits) {
+    store.Project_Changed = false;
+    (s.desk->*edit)();
+    EXPECT_TRUE(store.Project_Changed) << name;
+  }
+  store.Project_Changed = false;
+  s.desk->Text1_Change(3, "4.5");  // 3.5 rounds to the even 4: desk channel 5
+  EXPECT_EQ(s.chase().Channels[3], 4);
+  EXPECT_TRUE(store.Project_Changed);
+}
+
+TEST(ChaseEditing, ChoosingAChaseShowsItsFirstStepAndItsLoopSettings) {
+  SequenceDesk s;
+  s.program(3, 1.0, 1.0);
+  s.desk->Chase_Plus_Click();
+  s.desk->Chase_Plus_Click();
+  ChaseRec& other = s.t.store().Chase_Table[4];
+  other.Steps = 3;
+  other.Loop = 5;
+  other.Data[1][0] = 70;
+  s.desk->Chase_Sel_Click(4);
+  EXPECT_EQ(s.desk->Cur_Step(), 1);
+  EXPECT_EQ(s.desk->channels()[0].Slider1, 255 - 70);
+  EXPECT_FALSE(s.desk->Loop_Box());
+  EXPECT_EQ(s.desk->Loop_Times_txt(), "5");
+  s.desk->Loop_Box_Click(true);  // endless
+  EXPECT_EQ(other.Loop, 0);
+  s.desk->Chase_Name_Change("Strobe");
+  EXPECT_EQ(s.desk->caption(), "Sequence Desk Strobe");
+  EXPECT_EQ(s.desk->Chase_Sel_entries()[4], "Strobe");
+}
+
+TEST(ChaseEditing, ClearZeroesTheLevelChannelsOfTheShownStepOnly) {
+  SequenceDesk s;
+  s.program(2, 1.0, 1.0);
+  ChaseRec& c = s.chase();
+  for (int i = 0; i < kChaseChannels; ++i) c.Data[1][i] = c.Data[2][i] = 90;
+  s.desk->Menu_Click("Clear_Step");
+  for (int i = 0; i < kLevelChannels; ++i) EXPECT_EQ(c.Data[1][i], 0) << i;
+  EXPECT_EQ(c.Data[1][18], 90);  // the moving desk's channels, its panel hidden
+  EXPECT_EQ(c.Data[2][0], 90);
+  EXPECT_EQ(s.desk->channels()[17].Slider1, 255);
+}
+
+// The lock copies the step duration into the fade; the time texts round halves to even.
+TEST(ChaseEditing, TheLockGivesTheFadeTheStepDuration) {
+  SequenceDesk s;
+  s.program(2, 1.0, 1.0);
+  s.desk->Set_Speed(1.375);
+  EXPECT_EQ(s.desk->Speed_Text(), "1.38");
+  s.desk->Set_Speed(1.125);
+  EXPECT_EQ(s.desk->Speed_Text(), "1.12");
+  s.desk->LogSlider3().set_Value(1.125);
+  s.desk->Speed_Fade_Lock_Click(true);
+  EXPECT_EQ(s.chase().Time[1], 1.125);
+  EXPECT_EQ(s.desk->Fade_Text(), "1.12");
+  EXPECT_EQ(s.desk->LogSlider4().Value(), 1.125);
+  EXPECT_FALSE(s.desk->Global_fade_enabled());
+  s.desk->Speed_Fade_Lock_Click(false);
+  EXPECT_TRUE(s.desk->Global_fade_enabled());
+}
+
 }  // namespace lumaris

@@ -219,4 +219,92 @@ TEST(ChaseRuntime, LiveModeShowsEditsWhileStopped) {
   EXPECT_EQ(s.out(50), 204);
 }
 
+TEST(ChaseRuntime, LiveOutputPausesWhileAChaseRunsAndComesBackAfterStop) {
+  SequenceDesk s;
+  s.program(1, 1.0, 1.0);
+  s.desk->Live_Mode_Sel_Click(true);
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_FALSE(s.runtime().Live_Output());
+  EXPECT_FALSE(s.runtime().Live_Mode_Sel_enabled());
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_TRUE(s.runtime().Live_Output());
+  EXPECT_TRUE(s.runtime().Live_Mode_Sel_enabled());
+  EXPECT_TRUE(s.desk->channels()[0].level_enabled);
+  s.desk->Slider2_Change(128);  // 127 / 255 of 200 is 99.6: rounded, not cut
+  s.desk->Slider1_Change(0, 255 - 200);
+  EXPECT_EQ(s.out(0), 100);
+}
+
+TEST(ChaseRuntime, GoStartsAtStepOneOnlyWhenTheChaseLoopsForEver) {
+  SequenceDesk s;
+  s.program(4, 1.0, 1.0);
+  s.desk->Chase_Plus_Click();
+  s.desk->Chase_Plus_Click();  // step 3 shown
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_EQ(s.desk->Cur_Step(), 1);
+  s.desk->Chase_Go_Button_Click();  // stops on step 2
+  s.desk->Loop_Box_Click(false);
+  s.desk->Chase_Plus_Click();  // step 3 shown again
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_EQ(s.desk->Cur_Step(), 3);
+  EXPECT_EQ(s.desk->Prev_Step(), 2);
+}
+
+// Timer1 runs round(Speed x 1000 + 1) ms for the step being played: 1.0625 s is
+// 1063.5 ms, which rounds to the even 1064.
+TEST(ChaseRuntime, EveryStepChangeRenewsTheStepTimer) {
+  SequenceDesk s;
+  s.program(3, 1.0, 1.0);
+  s.chase().Speed[2] = 1.0625;
+  s.chase().Speed[3] = 0.5;
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_EQ(s.runtime().Timer1().interval(), 1001);
+  s.t.scheduler.advance(1001);
+  EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
+  s.t.scheduler.advance(1064);
+  ASSERT_EQ(s.desk->Cur_Step(), 3);
+  EXPECT_EQ(s.runtime().Timer1().interval(), 501);
+  s.desk->Chase_Minus_Click();
+  EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
+}
+
+// While a chase runs both global boxes are checked and disabled, so that the
+// time sliders act on every step; Stop gives the boxes back as they were.
+TEST(ChaseRuntime, BothTimeSlidersActOnEveryStepWhileRunningAndStopGivesTheBoxesBack) {
+  SequenceDesk s;
+  s.program(3, 1.0, 1.0);
+  s.desk->Global_Speed_Click(true);
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_TRUE(s.desk->Global_fade());
+  EXPECT_FALSE(s.desk->Global_fade_enabled());
+  EXPECT_FALSE(s.desk->Global_Speed_enabled());
+  VRLogSlider& fade = s.desk->LogSlider4();
+  fade.Set_From_Position(fade.axis_top());
+  for (int step = 0; step <= 3; ++step) EXPECT_EQ(s.chase().Time[step], 240.0) << step;
+  s.desk->Speed_Fade_Lock_Click(true);
+  s.desk->Speed_Fade_Lock_Click(false);  // unlocking enables the box, running or not
+  EXPECT_TRUE(s.desk->Global_fade_enabled());
+  fade.Set_From_Position(fade.axis_top() + fade.axis_height());
+  for (int step = 0; step <= 3; ++step) EXPECT_EQ(s.chase().Time[step], 0.1) << step;
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_TRUE(s.desk->Global_Speed());
+  EXPECT_FALSE(s.desk->Global_fade());
+  EXPECT_TRUE(s.desk->Global_Speed_enabled());
+  EXPECT_TRUE(s.desk->Global_fade_enabled());
+}
+
+TEST(ChaseRuntime, ASecondGoCountsItsRepeatsAfresh) {
+  SequenceDesk s;
+  s.program(2, 1.0, 1.0);
+  s.desk->Loop_Box_Click(false);  // repeat count 1: two passes
+  s.desk->Chase_Go_Button_Click();
+  s.t.scheduler.advance(4004);
+  ASSERT_FALSE(s.runtime().Chase_Running());
+  s.desk->Chase_Go_Button_Click();  // from step 2, still shown: two more ends of a pass
+  s.t.scheduler.advance(3002);
+  EXPECT_TRUE(s.runtime().Chase_Running());
+  s.t.scheduler.advance(1);
+  EXPECT_FALSE(s.runtime().Chase_Running());
+}
+
 }  // namespace lumaris

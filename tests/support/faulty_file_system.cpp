@@ -23,8 +23,11 @@ FileStatus FaultyFileSystem::read_file(const std::string& path, std::size_t limi
   return real_.read_file(path, limit, contents);
 }
 
+std::string FaultyFileSystem::save_target(const std::string& path) { return real_.save_target(path); }
+
 FileStatus FaultyFileSystem::create_temporary(const std::string& target, std::string& temp_path,
                                               int& handle) {
+  calls_.push_back("create temporary");
   if (auto status = injected(Step::CreateTemporary)) return *status;
   FileStatus status = real_.create_temporary(target, temp_path, handle);
   if (status.ok) open_temporaries_.push_back(temp_path);
@@ -32,6 +35,7 @@ FileStatus FaultyFileSystem::create_temporary(const std::string& target, std::st
 }
 
 FileStatus FaultyFileSystem::write_all(int handle, std::string_view bytes) {
+  calls_.push_back("write");
   if (auto status = injected(Step::Write)) return *status;
   if (space_left_ && bytes.size() > *space_left_) {
     real_.write_all(handle, bytes.substr(0, *space_left_));
@@ -43,18 +47,20 @@ FileStatus FaultyFileSystem::write_all(int handle, std::string_view bytes) {
 }
 
 FileStatus FaultyFileSystem::sync(int handle) {
-  ++syncs_;
+  calls_.push_back("sync");
   if (auto status = injected(Step::Sync)) return *status;
   return real_.sync(handle);
 }
 
 FileStatus FaultyFileSystem::close(int handle) {
+  calls_.push_back("close");
   const FileStatus closed = real_.close(handle);
   if (auto status = injected(Step::Close)) return *status;
   return closed;
 }
 
 FileStatus FaultyFileSystem::rename(const std::string& from, const std::string& to) {
+  calls_.push_back("rename");
   if (auto status = injected(Step::Rename)) return *status;
   FileStatus status = real_.rename(from, to);
   if (status.ok) std::erase(open_temporaries_, from);
@@ -66,6 +72,9 @@ void FaultyFileSystem::remove(const std::string& path) {
   real_.remove(path);
 }
 
-void FaultyFileSystem::sync_folder(const std::string& path) { real_.sync_folder(path); }
+void FaultyFileSystem::sync_folder(const std::string& path) {
+  calls_.push_back("sync folder");
+  real_.sync_folder(path);
+}
 
 }  // namespace lumaris

@@ -9,7 +9,8 @@
 namespace lumaris {
 
 // The computer's files, with one step of a save made to fail on demand, as a
-// full disk, a read-only folder or a vanished folder would make it fail.
+// full disk, a read-only folder or a vanished folder would make it fail, and a
+// record of the steps a save took.
 class FaultyFileSystem final : public FileSystem {
  public:
   enum class Step { Read, CreateTemporary, Write, Sync, Close, Rename };
@@ -20,6 +21,7 @@ class FaultyFileSystem final : public FileSystem {
   void fill_after(std::size_t bytes) { space_left_ = bytes; }
 
   FileStatus read_file(const std::string& path, std::size_t limit, std::string& contents) override;
+  std::string save_target(const std::string& path) override;
   FileStatus create_temporary(const std::string& target, std::string& temp_path,
                               int& handle) override;
   FileStatus write_all(int handle, std::string_view bytes) override;
@@ -31,7 +33,8 @@ class FaultyFileSystem final : public FileSystem {
 
   // Temporary files created and not yet renamed or removed.
   const std::vector<std::string>& leftovers() const { return open_temporaries_; }
-  int syncs() const { return syncs_; }
+  // The save's steps in the order they ran ("write", "sync", "rename", ...).
+  const std::vector<std::string>& calls() const { return calls_; }
 
  private:
   std::optional<FileStatus> injected(Step step);
@@ -45,7 +48,7 @@ class FaultyFileSystem final : public FileSystem {
   std::vector<Fault> faults_;
   std::optional<std::size_t> space_left_;
   std::vector<std::string> open_temporaries_;
-  int syncs_ = 0;
+  std::vector<std::string> calls_;
 };
 
 }  // namespace lumaris

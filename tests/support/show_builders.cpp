@@ -150,7 +150,7 @@ class Dice {
     return out;
   }
   std::string colour() { return chance(30) ? std::string() : std::to_string(between(0, 0xFFFFFF)); }
-  double seconds() { return between(0, 4000) / 8.0; }
+  double seconds() { return between(0, 1920) / 8.0; }  // 0 .. 240 s, as the sliders
 
  private:
   std::mt19937 engine_;
@@ -214,7 +214,7 @@ void build_random_show(Store& store, std::uint32_t seed) {
     chase.Steps = dice.num(2, kChaseSteps);
     chase.Fixture = dice.num(0, kFixtures - 1);
     chase.Loop = dice.num(0, 10);
-    for (int k = 0; k < kChaseChannels; ++k) chase.Channels[k] = dice.num(0, 63);
+    for (int k = 0; k < kChaseChannels; ++k) chase.Channels[k] = dice.num(0, 62);
     for (int t = 0; t <= chase.Steps; ++t) {
       chase.Speed[t] = dice.seconds();
       chase.Time[t] = dice.seconds();
