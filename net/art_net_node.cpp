@@ -73,9 +73,7 @@ void D_ArtNet::Art_Time_Tick() {
     }
   }
   // A failing send holds the indicator red; it blinks again once packets leave.
-  if (send_error_) {
-    main_desk_.set_Picture1(kRed);
-  } else {
+  if (!send_error_) {
     main_desk_.set_Picture1(main_desk_.Picture1() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
   }
 }

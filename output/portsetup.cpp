@@ -153,7 +153,7 @@ void Portsetup::driver_search() {
     text2_ = kDriverFound;
     usb.USB_Get_Error(1);
     usb.USB_Open_Device();
-    if (usb.USB_Get_Error(1) == 0 && usb.USB_Open()) {
+    if (usb.USB_Get_Error(1) == 0) {
       text2_ = kConnected;
       status.show_both(kUsbConnected);
     } else {
