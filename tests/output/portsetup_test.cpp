@@ -144,6 +144,7 @@ TEST_F(PortsetupTest, OpenDmxWithoutTheDriverSendsNothing) {
   EXPECT_TRUE(console->output_cycle().last_tick_failed());  // the indicator is dark
   EXPECT_TRUE(test.dialogs.messages().empty());
   EXPECT_EQ(test.console->status().main(), " Open USB Not Found !");
+  EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  driver not found");
 }
 
 TEST_F(PortsetupTest, Lpt2ThenCancelKeeps632) {
