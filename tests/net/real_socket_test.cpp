@@ -121,7 +121,7 @@ TEST(RealSocket, DatagramsTravelOverLoopbackAndBroadcastIsRefused) {
   });
 }
 
-TEST(RealSocket, DeskSendsArtDmxToTheDestinationAndAnswersPolls) {
+TEST(RealSocket, DeskSendsArtDmxAnswersPollsAndReportsARefusedDestination) {
   run_in_own_network([]() -> std::string {
     PosixUdpSocket socket;
     MemorySettings settings;
@@ -159,6 +159,20 @@ TEST(RealSocket, DeskSendsArtDmxToTheDestinationAndAnswersPolls) {
     if (text.find("ArtPoll Recieved\n") == std::string::npos) return "poll not logged: " + text;
     // The node hears its own 239-byte reply and does not know that opcode.
     if (text.find("Art-Net: NYI OpCode : 0x8448\n") == std::string::npos) return "no reply: " + text;
+
+    // A subnet's broadcast address as the destination: the kernel refuses every
+    // send; the operator is told why, and sending resumes with a usable address.
+    console.art_config().Button1_Click(0);
+    console.art_config().Destination_Change("127.255.255.255");
+    console.art_config().Destination_Set_Click();
+    desk.scheduler.advance(300);
+    const std::string refused =
+        " Art-Net Sending Failed: the destination is a broadcast address (Permission denied)";
+    if (console.status().main() != refused) return "refusal not shown: " + console.status().main();
+    console.art_config().Destination_Change("127.0.0.1");
+    console.art_config().Destination_Set_Click();
+    desk.scheduler.advance(100);
+    if (console.status().main() != " Art-Net Sending Again") return "recovery not shown";
     console.shutdown();
     return {};
   });
