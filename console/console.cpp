@@ -4,6 +4,7 @@
 
 #include "console/console_links.h"
 #include "console/output_cycle.h"
+#include "console/window_registry.h"
 #include "console/project/project_file.h"
 #include "core/channel_properties.h"
 #include "core/main_desk.h"
@@ -30,9 +31,10 @@ Console::Console(const PlatformServices& services)
   reset_store(*store_);
   project_file_ = std::make_unique<ProjectFile>(*this);
   links_ = std::make_unique<ConsoleLinks>(*this);
+  windows_ = std::make_unique<WindowRegistry>();
   const DeskContext::Seams seams{services_.scheduler, services_.dialogs,    services_.clock,
                                  services_.file_system, services_.settings, services_.diagnostics};
-  const DeskContext::Links links{links_.get(), project_file_.get(), links_.get(), links_.get()};
+  const DeskContext::Links links{windows_.get(), project_file_.get(), links_.get(), links_.get()};
   context_ = std::make_unique<DeskContext>(*store_, status_, seams, links);
 
   // Timers due at the same moment tick in the order they were made: the output
@@ -54,6 +56,28 @@ Console::Console(const PlatformServices& services)
   const std::vector<OutputSink*> sinks{output_devices_.get(), art_net_.get()};
   output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
                                                 *output_monitor_, *playback_desk_, sinks);
+  register_windows();
+}
+
+// The windows the desks open by name: the main desk's menu entries, and the
+// playback desk, which no menu entry opens.
+void Console::register_windows() {
+  WindowRegistry& w = *windows_;
+  EditPatchList& patch = *patch_editor_;
+  w.add("editpatch", {&patch, [&patch] { patch.Form_Load(); }, [&patch] { patch.Form_Load(); }});
+  ChannelNames& properties = *channel_properties_;
+  const auto refresh_properties = [&properties] { properties.Refresh(); };
+  w.add("Channel_Edit", {&properties, refresh_properties, refresh_properties});
+  ProjectText& info = *project_info_;
+  w.add("project_info", {&info, [&info] { info.Form_Load(); }, [&info] { info.Form_Load(); }});
+  w.add("Chase_Screen", {sequence_desk_.get(), {}, {}});
+  w.add("realoutput", {output_monitor_.get(), {}, {}});
+  Portsetup& setup = *port_setup_;
+  w.add("port_setup", {&setup, [&setup] { setup.Form_Load(); }, [&setup] { setup.Refresh(); }});
+  Art_Config& art = *art_config_;
+  const auto load_art = [&art] { art.Form_Load(); };
+  w.add("Art_setup", {&art, load_art, load_art});
+  if (playback_desk_->available()) w.add("Playdesk", {playback_desk_.get(), {}, {}});
 }
 
 Console::~Console() = default;

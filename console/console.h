@@ -22,6 +22,7 @@ class FileSystem;
 class Timer;
 
 class ConsoleLinks;
+class WindowRegistry;
 class SurfaceFeedback;
 class Hoofdblad;
 class OutputCycle;
@@ -75,6 +76,7 @@ class Console {
   FileSystem& file_system() { return *services_.file_system; }
   StatusLines& status() { return status_; }
   DeskContext& context() { return *context_; }
+  WindowRegistry& windows() { return *windows_; }
   // The control surface that follows the desks' faders and buttons; null: none.
   void attach_surface(SurfaceFeedback* surface);
 
@@ -93,6 +95,8 @@ class Console {
   ProjectFile& project_file() { return *project_file_; }
 
  private:
+  void register_windows();
+
   PlatformServices services_;
   std::unique_ptr<FileSystem> own_file_system_;
   std::unique_ptr<Store> store_;
@@ -101,6 +105,7 @@ class Console {
 
   std::unique_ptr<ProjectFile> project_file_;
   std::unique_ptr<ConsoleLinks> links_;
+  std::unique_ptr<WindowRegistry> windows_;
   std::unique_ptr<DeskContext> context_;
   std::unique_ptr<Timer> output_timer_;
   std::unique_ptr<Hoofdblad> main_desk_;

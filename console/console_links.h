@@ -4,21 +4,16 @@
 
 #include "core/desk_links.h"
 #include "core/surface_feedback.h"
-#include "core/window_opener.h"
 
 namespace lumaris {
 
 class Console;
 
-// The ways up from the desks to the console: opening windows by name, the other
-// desks, the program's exit path, and feedback to the control surface, which
+// The ways up from the desks to the console: the other desks, the program's exit path, and feedback to the control surface, which
 // goes nowhere until a surface is attached.
-class ConsoleLinks final : public WindowOpener, public DeskLinks, public SurfaceFeedback {
+class ConsoleLinks final : public DeskLinks, public SurfaceFeedback {
  public:
   explicit ConsoleLinks(Console& console) : console_(console) {}
-
-  bool can_open(const std::string& name) const override;
-  void open(const std::string& name) override;
 
   void Main_Change(int value) override;
   void Refresh_Playback_Panel() override;

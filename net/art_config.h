@@ -22,7 +22,9 @@ class Art_Config : public Window {
   Art_Config(DeskContext& context, D_ArtNet& node, Hoofdblad& main_desk);
   bool available() const { return true; }
 
-  // Opening the window: starts the node unless it is running.
+  // Opening the window: draws the rows from the desk and starts the node unless
+  // it is running. A running node is never started again, so every opening
+  // can run it; one that failed (another program held the port) is tried again.
   void Form_Load();
   void Button1_Click(int index);
   void Command1_Click();  // closes the window

@@ -65,6 +65,17 @@ void Portsetup::Form_Load() {
   selection_changed();
 }
 
+void Portsetup::Refresh() {
+  const int adapter = context_.store().Adapter;
+  chosen_ = adapter >= 0 && adapter < kAdapterCount ? adapter : 0;
+  list_index_ = chosen_;
+  adapter_name_ = kAdapterNames[chosen_];
+  rate_ = output_timer_.interval();
+  lay_out(chosen_);
+  show_rate();
+  port_option_from_address();
+}
+
 void Portsetup::Combo1_Click(int index) {
   list_index_ = std::clamp(index, 0, kAdapterCount - 1);
   selection_changed();
@@ -98,45 +109,65 @@ void Portsetup::port_option_from_address() {
   }
 }
 
-void Portsetup::selection_changed() {
-  chosen_ = list_index_;
-  adapter_name_ = kAdapterNames[chosen_];
-  StatusLines& status = context_.status();
-  switch (chosen_) {
+// Which controls the adapter needs.
+void Portsetup::lay_out(int adapter) {
+  switch (adapter) {
     case kAdapterNone:
       hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1, Text2});
       disable({Text1, HScroll1});
-      status.show_both(kNoDmxOut);
       break;
     case kAdapterParlex:
     case kAdapterManolator:
       show({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
       hide({Text2});
+      break;
+    case kAdapterOki:
+      show({Label1_0, Label1_1, Label2, Option1, Option2});
+      hide({Label3, Text1, Text2, HScroll1});
+      disable({Text1, HScroll1});
+      break;
+    case kAdapterOpenDmx:
+      show({Text2});
+      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      disable({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      break;
+    case kAdapterOksidizer:
+      show({Text2});
+      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      disable({HScroll1});
+      break;
+    default:
+      break;
+  }
+}
+
+void Portsetup::selection_changed() {
+  chosen_ = list_index_;
+  adapter_name_ = kAdapterNames[chosen_];
+  lay_out(chosen_);
+  StatusLines& status = context_.status();
+  switch (chosen_) {
+    case kAdapterNone:
+      status.show_both(kNoDmxOut);
+      break;
+    case kAdapterParlex:
+    case kAdapterManolator:
       show_rate();
       status.show_both(chosen_ == kAdapterParlex ? kParlexRunning
                                     : kManolatorConnected + str_number(rate_) + "ms");
       port_option_from_address();
       break;
     case kAdapterOki:
-      show({Label1_0, Label1_1, Label2, Option1, Option2});
-      hide({Label3, Text1, Text2, HScroll1});
-      disable({Text1, HScroll1});
       status.show_both(kOkiNoDmxOut);
       Oki_Wake_Up(devices_.seams().port_io, context_.store().Port_Address);
       port_option_from_address();
       rate_ = kOkiRate;
       break;
     case kAdapterOpenDmx:
-      show({Text2});
-      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
-      disable({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
       rate_ = kOpenDmxRate;
       driver_search();
       break;
     case kAdapterOksidizer:
-      show({Text2});
-      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
-      disable({HScroll1});
       status.show_both(kOksidizerConnecting);
       break;
     default:

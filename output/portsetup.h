@@ -40,8 +40,12 @@ class Portsetup : public Window {
   Portsetup(DeskContext& context, OutputDevices& devices, Timer& output_timer);
   bool available() const { return true; }
 
-  // Opening the window: reads the adapter and the output timer's interval.
+  // The first opening: reads the adapter and the output timer's interval and
+  // selects the adapter, as choosing it in the list does.
   void Form_Load();
+  // A later opening: shows the desk's adapter and refresh rate and changes
+  // nothing, so looking at the window never interrupts the output.
+  void Refresh();
   void Combo1_Click(int index);
   void Option1_Click();
   void Option2_Click();
@@ -65,6 +69,7 @@ class Portsetup : public Window {
 
  private:
   void selection_changed();
+  void lay_out(int adapter);
   void show(std::initializer_list<Control> which);
   void hide(std::initializer_list<Control> which);
   void disable(std::initializer_list<Control> which);

@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include "console/window_registry.h"
+#include "core/main_desk.h"
+#include "core/project_info.h"
+#include "output/portsetup.h"
+#include "tests/support/fake_d2xx.h"
+#include "tests/support/fake_port_io.h"
+#include "tests/support/test_console.h"
+
+namespace lumaris {
+namespace {
+
+constexpr int kOki = 2;
+constexpr int kOpenDmx = 3;
+
+struct WindowsTest : ::testing::Test {
+  FakeD2xx device;
+  FakePortIo port;
+  TestConsole test;
+
+  void SetUp() override {
+    test.services.d2xx = &device;
+    test.services.port_io = &port;
+    test.build();
+  }
+  void menu(const std::string& name) { test.console->main_desk().Menu_Click(name); }
+  Portsetup& setup() { return test.console->port_setup(); }
+};
+
+TEST_F(WindowsTest, ReopeningTheOutputSetupNeverTouchesTheAdapterAgain) {
+  test.store().Adapter = kOpenDmx;
+  menu("port_setup");
+  const std::size_t device_calls = device.calls().size();
+  ASSERT_GT(device_calls, 0u) << "the first opening searches for the device";
+  setup().Command2_Click();
+
+  menu("port_setup");
+  EXPECT_EQ(device.calls().size(), device_calls) << "looking at the window must not reopen the USB";
+  EXPECT_TRUE(setup().visible());
+  EXPECT_EQ(setup().Adapter_Name(), Portsetup::kAdapterNames[kOpenDmx]);
+
+  // A show loaded meanwhile chose the OKI adapter: the window shows it, and the
+  // port gets no wake-up pulse from looking.
+  setup().Command2_Click();
+  test.store().Adapter = kOki;
+  const std::size_t port_writes = port.writes.size();
+  const std::string status = test.console->status().main();
+  menu("port_setup");
+  EXPECT_EQ(setup().Adapter_Name(), Portsetup::kAdapterNames[kOki]);
+  EXPECT_EQ(setup().Combo1_ListIndex(), kOki);
+  EXPECT_FALSE(setup().control(Portsetup::Text1).visible);
+  EXPECT_TRUE(setup().control(Portsetup::Option1).visible);
+  EXPECT_EQ(port.writes.size(), port_writes);
+  EXPECT_EQ(test.console->status().main(), status);
+}
+
+TEST_F(WindowsTest, EveryWindowLoadsOnceAndLaterOpensShowTheStoreOfNow) {
+  WindowRegistry& windows = test.console->windows();
+  EXPECT_FALSE(windows.loaded("project_info"));
+  menu("project_info");
+  EXPECT_TRUE(windows.loaded("project_info"));
+  test.console->project_info().CancelButton_Click();
+  test.store().Project_Name = "Loaded meanwhile";
+  menu("project_info");
+  EXPECT_EQ(test.console->project_info().Prj_Name(), "Loaded meanwhile");
+
+  int loads = 0;
+  int refreshes = 0;
+  struct Plain : Window {
+    Plain() : Window("plain") {}
+  } plain;
+  windows.add("plain", {&plain, [&loads] { ++loads; }, [&refreshes] { ++refreshes; }});
+  windows.open("plain");
+  windows.open("plain");
+  plain.Hide();
+  windows.open("plain");
+  EXPECT_EQ(loads, 1);
+  EXPECT_EQ(refreshes, 2);
+  EXPECT_TRUE(plain.visible());
+  EXPECT_FALSE(windows.can_open("CLI_sel")) << "a window that does not exist cannot be opened";
+}
+
+}  // namespace
+}  // namespace lumaris
