@@ -80,7 +80,9 @@ void D_ArtNet::Art_Time_Tick() {
 
 std::string D_ArtNet::status() const {
   if (!art_time_->enabled()) return "Art-Net off";
-  if (!art_net_ok_) return "Art-Net not started";
+  // Art_Net_OK only says whether the next opening of the set-up initialises
+  // again; packets go out whenever there is a destination.
+  if (art_broadcast_.empty() || socket_ == nullptr) return "Art-Net not started";
   if (send_error_) return "Art-Net sending to " + art_broadcast_ + " fails: " + *send_error_;
   return "Art-Net sending to " + art_broadcast_;
 }

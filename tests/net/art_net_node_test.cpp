@@ -229,16 +229,22 @@ TEST(ArtNetNode, AFailingSendIsReportedOnceAndSendingResumesByItself) {
   EXPECT_EQ(t.store().DMX_Out[0], 255) << "the desk goes on";
   EXPECT_TRUE(t.udp.sent().empty());
 
+  t.config().Button1_Click(0);  // nothing to send: the failure is over, said again if it returns
+  EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net output");
+  t.config().Button1_Click(0);
+  t.desk.scheduler.advance(100);
+  EXPECT_EQ(said, (std::vector<std::string>{failed, failed}));
+
   t.udp.recover();
   t.desk.scheduler.advance(100);
   ASSERT_EQ(t.udp.sent().size(), 1u);
   EXPECT_EQ(data_of(t.udp.sent()[0])[0], 255);
-  EXPECT_EQ(said, (std::vector<std::string>{failed, " Art-Net Sending Again"}));
+  EXPECT_EQ(said, (std::vector<std::string>{failed, failed, " Art-Net Sending Again"}));
   EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen}) << "blinking again";
   EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net output");
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255");
   t.desk.scheduler.advance(300);
-  EXPECT_EQ(said.size(), 2u);
+  EXPECT_EQ(said.size(), 3u);
 }
 
 }  // namespace lumaris
