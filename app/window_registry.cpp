@@ -6,6 +6,8 @@
 #include "app/patch_editor_window.h"
 #include "app/project_info_window.h"
 #include "app/art_config_window.h"
+#include "app/function_setup_window.h"
+#include "app/playdesk_window.h"
 #include "app/portsetup_window.h"
 
 namespace lumaris {
@@ -20,6 +22,9 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<ChasesWindow>(app));
   windows.push_back(std::make_unique<ArtConfigWindow>(app));
   windows.push_back(std::make_unique<PortsetupWindow>(app));
+  windows.push_back(std::make_unique<PlaydeskWindow>(app));
+  windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Buttons));
+  windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Faders));
   return windows;
 }
 

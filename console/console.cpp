@@ -46,7 +46,7 @@ Console::Console(const PlatformServices& services)
   patch_editor_ = std::make_unique<EditPatchList>(*context_);
   channel_properties_ = std::make_unique<ChannelNames>(*context_, *main_desk_);
   project_info_ = std::make_unique<ProjectText>(*context_);
-  playback_desk_ = std::make_unique<Playdesk>(*context_);
+  playback_desk_ = std::make_unique<Playdesk>(*context_, *main_desk_);
   sequence_desk_ = std::make_unique<Chases>(*context_, *main_desk_);
   output_devices_ = std::make_unique<OutputDevices>(
       *context_, AdapterSeams{services_.d2xx, services_.port_io, services_.adapter_libraries});
@@ -86,6 +86,7 @@ void Console::attach_surface(SurfaceFeedback* surface) { links_->attach_surface(
 
 void Console::start() {
   main_desk_->Form_Load();
+  playback_desk_->Form_Load();
   output_cycle_->start();
 }
 

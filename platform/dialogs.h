@@ -25,8 +25,12 @@ struct FileDialogSpec {
   std::string initial_name;  // "*.xml" when nothing was chosen before
 };
 
-// Modal dialogs. A file dialog returns an empty text when cancelled; a colour
-// dialog returns nothing when cancelled.
+// Dialogs for the operator. A message box with only OK is a notice: it returns
+// at once and stays on screen until the operator closes it, so a notice raised
+// by a timer (an adapter failing mid-show) never holds up the show. A box that
+// asks (OK/Cancel) and the file and colour dialogs wait for the answer; the
+// show's timers keep running meanwhile. A file dialog returns an empty text when
+// cancelled; a colour dialog returns nothing when cancelled.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;

@@ -37,13 +37,19 @@ QString initial_path(const std::string& name) {
 }  // namespace
 
 MessageResult QtDialogs::message(const MessageBoxSpec& request) {
-  QMessageBox box(qt_icon(request.icon), QString::fromStdString(request.title),
-                  QString::fromStdString(request.text), QMessageBox::Ok, parent());
-  if (request.buttons == MessageButtons::OkCancel) {
-    box.addButton(QMessageBox::Cancel);
-    box.setDefaultButton(request.default_button == MessageResult::Cancel ? QMessageBox::Cancel
-                                                                      : QMessageBox::Ok);
+  if (request.buttons == MessageButtons::Ok) {
+    // A notice has one answer: show it and go on; it deletes itself when closed.
+    auto* notice = new QMessageBox(qt_icon(request.icon), QString::fromStdString(request.title),
+                                   QString::fromStdString(request.text), QMessageBox::Ok, parent());
+    notice->setAttribute(Qt::WA_DeleteOnClose);
+    notice->open();
+    return MessageResult::Ok;
   }
+  QMessageBox box(qt_icon(request.icon), QString::fromStdString(request.title),
+                  QString::fromStdString(request.text), QMessageBox::Ok | QMessageBox::Cancel,
+                  parent());
+  box.setDefaultButton(request.default_button == MessageResult::Cancel ? QMessageBox::Cancel
+                                                                    : QMessageBox::Ok);
   return box.exec() == QMessageBox::Ok ? MessageResult::Ok : MessageResult::Cancel;
 }
 

@@ -1,5 +1,7 @@
 #include "platform/qt/qt_scheduler.h"
 
+#include <algorithm>
+
 #include <QCoreApplication>
 #include <QTimer>
 
@@ -12,7 +14,7 @@ class QtTimer final : public Timer {
   QtTimer(QtScheduler& scheduler, bool high_resolution) : scheduler_(scheduler) {
     timer_.setTimerType(high_resolution ? Qt::PreciseTimer : Qt::CoarseTimer);
     QObject::connect(&timer_, &QTimer::timeout, [this] {
-      if (tick_) scheduler_.run_event(tick_);
+      if (tick_) scheduler_.run_event(tick_, this);
     });
   }
 
@@ -58,11 +60,14 @@ void QtScheduler::post(std::function<void()> work) {
       Qt::QueuedConnection);
 }
 
-bool QtScheduler::run_event(const std::function<void()>& work) {
-  if (in_event_) return false;
-  in_event_ = true;
+bool QtScheduler::run_event(const std::function<void()>& work, const void* source) {
+  if (source != nullptr &&
+      std::find(running_.begin(), running_.end(), source) != running_.end()) {
+    return false;
+  }
+  running_.push_back(source);
   work();
-  in_event_ = false;
+  running_.pop_back();
   if (after_event_) after_event_();
   return true;
 }

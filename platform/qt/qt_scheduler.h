@@ -1,15 +1,17 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "platform/scheduler.h"
 
 namespace lumaris {
 
 // Timers on QTimer (Qt::PreciseTimer for the high-resolution ones) on the thread
-// that owns the desk. Ticks never nest: a tick due while another engine event is
-// running (a modal dialog's event loop) is skipped, and the timer's next interval
-// brings the next one. After each tick the skin is told to re-sync its windows.
+// that owns the desk. While a dialog waits for the operator, its event loop keeps
+// running the show: every other timer ticks and datagrams arrive. Only a timer's
+// own tick never nests inside itself: one falling due while that timer's tick is
+// still running is skipped. After each event the skin re-syncs its windows.
 class QtScheduler final : public Scheduler {
  public:
   std::unique_ptr<Timer> create_timer(bool high_resolution = false) override;
@@ -17,12 +19,13 @@ class QtScheduler final : public Scheduler {
 
   void set_after_event(std::function<void()> after_event) { after_event_ = std::move(after_event); }
 
-  // Runs one engine event to completion, unless one is already running.
-  bool run_event(const std::function<void()>& work);
+  // Runs one engine event to completion, unless an event of the same source
+  // (a timer) is still running further up; then it is skipped and false returned.
+  bool run_event(const std::function<void()>& work, const void* source = nullptr);
 
  private:
   std::function<void()> after_event_;
-  bool in_event_ = false;
+  std::vector<const void*> running_;
 };
 
 }  // namespace lumaris

@@ -67,24 +67,6 @@ TEST_F(SendFrameTest, OkiReadsThenWritesTheFrameOnThePortAndEachFailingCallShows
   EXPECT_TRUE(libraries.calls.empty()) << "None from the next tick";
 }
 
-// The failure box is modal: while the operator reads it, timers keep firing in
-// its event loop. No output tick may start inside the failing one.
-TEST_F(SendFrameTest, NoOutputTickRunsInsideTheFailureMessageOfAnother) {
-  test.store().Adapter = 2;
-  libraries.write_status = 1;
-  int level_during_message = -1;
-  test.dialogs.during_next_message([&] {
-    test.store().Patch[0] = 1;
-    test.store().Desk_Level[0] = 99;
-    test.scheduler.advance(1000);  // fourteen output ticks fall due meanwhile
-    level_during_message = test.store().DMX_Out[0];
-  });
-  tick();
-  EXPECT_EQ(level_during_message, 0) << "no frame was built while the box was open";
-  EXPECT_EQ(test.dialogs.messages().size(), 1u);
-  EXPECT_EQ(test.store().Adapter, 0);
-}
-
 TEST_F(SendFrameTest, OksidizerIsHandedThe512BytesFromElementOneAndAFailureSetsNone) {
   test.store().Adapter = 5;
   console->output_devices().Send_Frame();

@@ -10,6 +10,7 @@ struct FakeScheduler::TimerState {
   int interval = 0;
   bool enabled = false;
   std::int64_t due = 0;
+  bool ticking = false;
   std::function<void()> tick;
 
   void restart() { due = *now + interval; }
@@ -81,12 +82,18 @@ void FakeScheduler::advance(std::int64_t ms) {
       }
     }
     if (next == nullptr) break;
-    now_ = next_due;
-    next->due = now_ + next->interval;
-    if (next->tick) next->tick();
+    now_ = std::max(now_, next_due);
+    next->due = next_due + next->interval;
+    // As on the desk's own event loop: a timer whose tick is still running
+    // further up (it waits in a dialog) skips the ticks that fall due meanwhile.
+    if (next->ticking || !next->tick) continue;
+    next->ticking = true;
+    next->tick();
+    const auto& timers = *timers_;
+    if (std::find(timers.begin(), timers.end(), next) != timers.end()) next->ticking = false;
     run_posted();
   }
-  now_ = target;
+  now_ = std::max(now_, target);
 }
 
 }  // namespace lumaris

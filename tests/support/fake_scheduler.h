@@ -12,7 +12,9 @@ namespace lumaris {
 
 // Virtual time. advance(ms) fires every due tick in time order (timers due at the
 // same moment fire in the order they were created), so timed behaviour is tested
-// to the millisecond without waiting.
+// to the millisecond without waiting. advance may be called from inside a tick,
+// as a dialog's event loop runs inside one: the other timers tick meanwhile and
+// the waiting timer skips its ticks, as on the real event loop.
 class FakeScheduler final : public Scheduler {
  public:
   FakeScheduler();

@@ -12,7 +12,8 @@ namespace lumaris {
 
 // Records every dialog the console opens and answers from a script. With no
 // scripted answer a message box takes its default button, a file dialog is
-// cancelled and a colour dialog is cancelled.
+// cancelled and a colour dialog is cancelled. As on screen, a notice (OK only)
+// returns at once; a box that asks waits, and work scheduled for it runs inside.
 class ScriptedDialogs final : public Dialogs {
  public:
   MessageResult message(const MessageBoxSpec& request) override;
@@ -23,7 +24,8 @@ class ScriptedDialogs final : public Dialogs {
   void answer_message(MessageResult result) { message_answers_.push_back(result); }
   void answer_file(std::string name) { file_answers_.push_back(std::move(name)); }
   void answer_colour(std::optional<Rgb> colour) { colour_answers_.push_back(colour); }
-  // Runs inside the next message box, as an event would inside a modal loop.
+  // Runs inside the next box that waits for an answer, as events do inside its
+  // event loop (typically scheduler.advance: the operator takes time to answer).
   void during_next_message(std::function<void()> work) { during_message_ = std::move(work); }
 
   const std::vector<MessageBoxSpec>& messages() const { return messages_; }

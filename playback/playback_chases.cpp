@@ -1,0 +1,157 @@
+#include "playback/playback_chases.h"
+
+#include <algorithm>
+
+#include "base/rounding.h"
+#include "core/desk_context.h"
+#include "sequence/chase_edit.h"
+
+namespace lumaris {
+
+PlaybackChases::PlaybackChases(DeskContext& context) : context_(context) {
+  seq_speed_.fill(100);
+  for (int q = 0; q < kStepTimers; ++q) {
+    timer1_[q] = context.scheduler().create_timer();
+    timer1_[q]->set_enabled(false);
+    timer1_[q]->on_tick([this, q] { Timer1_Tick(q); });
+  }
+  timer3_ = context.scheduler().create_timer();
+  timer3_->set_interval(kMixInterval);
+  timer3_->on_tick([this] { Timer3_Tick(); });
+  timer3_->set_enabled(true);
+}
+
+bool PlaybackChases::running(int q) const { return runnable(q) && timer1_[q]->enabled(); }
+
+void PlaybackChases::set_Seq_Level(int q, int level) {
+  if (valid(q)) seq_level_[q] = static_cast<std::int16_t>(std::clamp(level, 0, 255));
+}
+
+void PlaybackChases::set_Seq_Level_In(int q, int level) {
+  if (valid(q)) seq_level_in_[q] = static_cast<std::int16_t>(std::clamp(level, 0, 255));
+}
+
+void PlaybackChases::set_Seq_Speed(int q, int percent) {
+  if (valid(q)) seq_speed_[q] = static_cast<std::int16_t>(std::clamp(percent, 0, 255));
+}
+
+void PlaybackChases::clear_levels() {
+  seq_level_.fill(0);
+  seq_level_in_.fill(0);
+}
+
+void PlaybackChases::Start_Sequence(int q) {
+  if (!runnable(q)) return;
+  Run& run = runs_[q];
+  run.step = 1;
+  run.passes = 0;
+  enter_step(q, true);
+  set_step_interval(q);
+  timer1_[q]->set_enabled(true);
+}
+
+void PlaybackChases::Stop_Sequence(int q) {
+  if (runnable(q)) timer1_[q]->set_enabled(false);
+}
+
+void PlaybackChases::Stop_All() {
+  for (auto& timer : timer1_) timer->set_enabled(false);
+}
+
+void PlaybackChases::Set_Sequence_Level(int q, int level) {
+  if (!valid(q)) return;
+  if (level < 1) {
+    seq_level_[q] = 0;
+    Stop_Sequence(q);
+    return;
+  }
+  set_Seq_Level(q, level);
+  Start_Sequence(q);
+}
+
+void PlaybackChases::enter_step(int q, bool starting) {
+  const ChaseRec& chase = context_.store().Chase_Table[q];
+  Run& run = runs_[q];
+  run.fade_ticks = 0;
+  const double time = chase.Time[run.step];
+  for (int k = 0; k < kChaseChannels; ++k) {
+    const double data = chase.Data[run.step][k];
+    switch (chase.Fade[run.step][k]) {
+      case kChaseStep:
+        run.increment[k] = 0;
+        run.level[k] = data;
+        break;
+      case kChaseFade:
+        if (starting) run.level[k] = 0;
+        if (time > 0) {
+          run.increment[k] = (data - run.level[k]) / (time * 10);
+        } else {
+          run.increment[k] = 0;
+          run.level[k] = data;
+        }
+        break;
+      default:
+        run.increment[k] = 0;
+        break;
+    }
+  }
+}
+
+void PlaybackChases::set_step_interval(int q) {
+  const ChaseRec& chase = context_.store().Chase_Table[q];
+  const double ms = seq_speed_[q] * chase.Speed[runs_[q].step] * 10 + 1;
+  timer1_[q]->set_interval(round_half_even(std::clamp(ms, 1.0, 2147483647.0)));
+}
+
+void PlaybackChases::Timer1_Tick(int q) {
+  const ChaseRec& chase = context_.store().Chase_Table[q];
+  Run& run = runs_[q];
+  if (run.step < chase_steps(chase)) {
+    ++run.step;
+  } else {
+    if (chase.Loop != 0) {
+      ++run.passes;
+      if (run.passes > chase.Loop) {
+        Stop_Sequence(q);
+        if (finished_) finished_();
+        return;
+      }
+    }
+    run.step = 1;
+  }
+  enter_step(q, false);
+  set_step_interval(q);
+}
+
+// Counted in ticks, so a fade of a multiple of 0.1 s has exactly that many.
+bool PlaybackChases::in_fade(int q) const {
+  const ChaseRec& chase = context_.store().Chase_Table[q];
+  return runs_[q].fade_ticks < chase.Time[runs_[q].step] * 10 - 1e-9;
+}
+
+void PlaybackChases::Timer3_Tick() {
+  Store& store = context_.store();
+  auto& out = store.Playback_Seq_Out;
+  out.fill(0);
+  const bool take = store.Autotake_Running || store.Take_Manual;
+  const int x = store.Crossfade_Level;
+  for (int q = 0; q < kStepTimers; ++q) {
+    if (!running(q) || (seq_level_[q] < 1 && seq_level_in_[q] < 1)) continue;
+    const ChaseRec& chase = store.Chase_Table[q];
+    Run& run = runs_[q];
+    const bool fading = in_fade(q);
+    for (int k = 0; k < kChaseChannels; ++k) {
+      if (fading) run.level[k] += run.increment[k];
+      const int level = std::clamp(round_half_even(run.level[k]), 0, 255);
+      const int contribution =
+          take ? Level_Scale(level, 255 - x, seq_level_[q], 0, 3) + Level_Scale(level, x, seq_level_in_[q], 0, 3)
+               : Level_Scale(level, seq_level_[q], 0, 0, 2);
+      const int d = chase.Channels[k];
+      if (d < 0 || d >= kDeskChannels) continue;
+      if (contribution > out[d]) out[d] = static_cast<std::int16_t>(std::min(contribution, 255));
+    }
+    if (fading) ++run.fade_ticks;
+  }
+}
+
+}  // namespace lumaris

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "core/store.h"
+#include "platform/scheduler.h"
+
+namespace lumaris {
+
+class DeskContext;
+
+// The chases started from the playback desk, run on the desk's own timers and
+// independent of the sequence desk's run: one step timer Timer1(q) per chase
+// 0..31 and the mixing timer Timer3, which rebuilds Playback_Seq_Out every 100 ms.
+//
+// Loop counts as on the sequence desk: 0 plays for ever, n > 0 plays n + 1
+// passes. A chase channel lights the desk channel its Channels entry names
+// (stored as channel - 1), the same index Chase_Out uses. A chase lights only
+// while its step timer runs, so a stopped chase goes dark rather than freezing
+// on its last levels. A fade channel fades from where it stands to the step's
+// level over the step's fade time; with fade time 0 it jumps.
+class PlaybackChases {
+ public:
+  static constexpr int kStepTimers = 32;  // Timer1(0..31): chase 32 cannot run
+  static constexpr int kMixInterval = 100;
+
+  explicit PlaybackChases(DeskContext& context);
+
+  void Start_Sequence(int q);
+  // Timer1(q) stops.
+  void Stop_Sequence(int q);
+  // Every step timer stops; the levels are kept.
+  void Stop_All();
+  // Used by the control surface and the command line for Sequence faders.
+  void Set_Sequence_Level(int q, int level);
+
+  void Timer1_Tick(int q);
+  void Timer3_Tick();
+
+  int Seq_Level(int q) const { return valid(q) ? seq_level_[q] : 0; }
+  int Seq_Level_In(int q) const { return valid(q) ? seq_level_in_[q] : 0; }
+  int Seq_Speed(int q) const { return valid(q) ? seq_speed_[q] : 0; }
+  void set_Seq_Level(int q, int level);
+  void set_Seq_Level_In(int q, int level);
+  void set_Seq_Speed(int q, int percent);
+  // All 33 playback levels to 0 (Clear All, entering run mode).
+  void clear_levels();
+
+  bool running(int q) const;
+  int step(int q) const { return valid(q) ? runs_[q].step : 0; }
+  int passes(int q) const { return valid(q) ? runs_[q].passes : 0; }
+  Timer& Timer1(int q) { return *timer1_[q]; }
+  Timer& Timer3() { return *timer3_; }
+
+  // Told when a chase has played its passes and stopped, so the panel redraws.
+  void on_chase_finished(std::function<void()> handler) { finished_ = std::move(handler); }
+
+ private:
+  struct Run {
+    int step = 1;
+    int passes = 0;
+    int fade_ticks = 0;  // 100 ms ticks into the step's fade
+    std::array<double, kChaseChannels> level{};
+    std::array<double, kChaseChannels> increment{};
+  };
+
+  static bool valid(int q) { return q >= 0 && q < kChases; }
+  static bool runnable(int q) { return q >= 0 && q < kStepTimers; }
+  void enter_step(int q, bool starting);
+  void set_step_interval(int q);
+  bool in_fade(int q) const;
+
+  DeskContext& context_;
+  std::array<std::unique_ptr<Timer>, kStepTimers> timer1_;
+  std::unique_ptr<Timer> timer3_;
+  std::array<std::int16_t, kChases> seq_level_{};
+  std::array<std::int16_t, kChases> seq_level_in_{};
+  std::array<std::int16_t, kChases> seq_speed_{};
+  std::array<Run, kChases> runs_{};
+  std::function<void()> finished_;
+};
+
+}  // namespace lumaris

@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QSpinBox>
+#include <stdexcept>
+
+#include "app/desk_app.h"
+#include "app/main_desk_window.h"
+#include "app/playdesk_window.h"
+#include "app/function_setup_window.h"
+#include <QComboBox>
+#include "playback/button_setup.h"
+#include "playback/playdesk.h"
+
+namespace lumaris {
+
+namespace {
+
+PlaydeskWindow& playdesk_window(DeskApp& app) {
+  for (const auto& window : app.windows()) {
+    if (window->name() == "Playdesk") return static_cast<PlaydeskWindow&>(*window);
+  }
+  throw std::logic_error("no playback desk window");
+}
+
+QPushButton* button_with_text(QWidget* parent, const QString& text) {
+  for (QPushButton* b : parent->findChildren<QPushButton*>()) {
+    if (b->text() == text) return b;
+  }
+  return nullptr;
+}
+
+void mouse(QWidget* widget, QEvent::Type type, Qt::MouseButton button) {
+  const QPointF at(5, 5);
+  QMouseEvent event(type, at, widget->mapToGlobal(at), button, button, Qt::NoModifier);
+  QCoreApplication::sendEvent(widget, &event);
+}
+
+}  // namespace
+
+TEST(PlaydeskWindow, OpensFromTheMainDeskAndPlaysAndRecords) {
+  DeskApp app;
+  app.start();
+  app.show_main_window();
+  QPushButton* open = button_with_text(&app.main_window(), QStringLiteral("Playback Desk"));
+  ASSERT_NE(open, nullptr);
+  ASSERT_TRUE(open->isEnabled());
+  open->click();
+  PlaydeskWindow& window = playdesk_window(app);
+  ASSERT_TRUE(window.isVisible());
+  Store& store = app.console().store();
+  EXPECT_EQ(window.Command1(0)->text(), QStringLiteral("Submix 1"));
+
+  // A flash button lights while the mouse is down.
+  store.Submix[0].Chan[0] = 3;
+  store.Submix[0].Level[0] = 255;
+  mouse(window.Command1(0), QEvent::MouseButtonPress, Qt::LeftButton);
+  EXPECT_EQ(store.Playback_Live_Out[2], 255);
+  mouse(window.Command2(0), QEvent::MouseButtonRelease, Qt::LeftButton);
+  EXPECT_EQ(store.Playback_Live_Out[2], 0);
+
+  window.Slider1(0)->setValue(100);  // on screen, fills from the bottom: level 100
+  EXPECT_EQ(store.Playback_Fader_Level[0], 100);
+
+  window.Screen_Num_sel()->setValue(4);
+  window.screen_txt()->setText(QStringLiteral("Four"));
+  emit window.screen_txt()->textEdited(QStringLiteral("Four"));
+  window.Screen_Prog()->click();
+  EXPECT_EQ(store.Screens[4].Name, "Four");
+  EXPECT_EQ(store.Screens[4].Fad_Sel[0], 100);
+  EXPECT_EQ(window.Status()->text(), QStringLiteral(" Cue 4 Recorded"));
+  EXPECT_EQ(window.Screen_Num_sel()->value(), 5) << "the model's move reaches the selector";
+
+  window.Inc_Page(1)->click();
+  EXPECT_EQ(store.Playback_Page, 1);
+  EXPECT_EQ(window.Page_Details()->text(), QStringLiteral("Page 2"));
+  EXPECT_EQ(window.Command2(0)->text(), QStringLiteral("Off"));
+
+  mouse(window.Command1(2), QEvent::MouseButtonPress, Qt::RightButton);
+  EXPECT_TRUE(app.console().playback_desk().button_setup().visible());
+  EXPECT_EQ(app.console().playback_desk().button_setup().element(), 18);
+}
+
+}  // namespace lumaris
+
+namespace lumaris {
+
+TEST(FunctionSetupWindow, ShowsTheElementAndStoresOnOk) {
+  DeskApp app;
+  app.start();
+  app.show_main_window();
+  Playdesk& desk = app.console().playback_desk();
+  app.handle([&] { desk.Open_Button_Setup(0); });
+  FunctionSetupWindow* window = nullptr;
+  for (const auto& w : app.windows()) {
+    if (w->name() == "Button_Function_Form") window = static_cast<FunctionSetupWindow*>(w.get());
+  }
+  ASSERT_NE(window, nullptr);
+  ASSERT_TRUE(window->isVisible());
+  EXPECT_EQ(window->Fun_set()->currentText(), QStringLiteral("Submix"));
+  EXPECT_EQ(window->Number()->text(), QStringLiteral("1"));
+  window->Plus()->click();
+  EXPECT_EQ(window->Number()->text(), QStringLiteral("2"));
+  window->OK()->click();
+  EXPECT_EQ(app.console().store().Button_Functions[0].Value, 1);
+  EXPECT_FALSE(window->isVisible());
+}
+
+}  // namespace lumaris

@@ -1,0 +1,262 @@
+#include <gtest/gtest.h>
+
+#include "tests/playback/playback_desk.h"
+
+namespace lumaris {
+
+namespace {
+
+// Submix 1 (Value 0) holds channel 7 at full.
+void one_channel_submix(Store& store) {
+  store.Submix[0].Chan[0] = 7;
+  store.Submix[0].Level[0] = 255;
+}
+
+void preset_button(ButtonFunction& b, int channel, int level) {
+  b = ButtonFunction{};
+  b.Function = kFunctionPreset;
+  b.Channel1 = static_cast<std::int16_t>(channel);
+  b.Level = static_cast<std::int16_t>(level);
+  b.Latch = true;
+}
+
+}  // namespace
+
+TEST(PlaybackButtons, AFlashSubmixButtonLightsWhileHeldOnly) {
+  PlaybackDesk p;
+  one_channel_submix(p.store());
+  p.button(0).Level = 128;
+  p.press(0);
+  EXPECT_EQ(p.live(7), 128);
+  EXPECT_EQ(p.panel().buttons()[0].Picture1, kRed);
+  p.release(0);
+  EXPECT_EQ(p.live(7), 0);
+  EXPECT_EQ(p.panel().buttons()[0].Picture1, kLampOff);
+}
+
+TEST(PlaybackButtons, ALatchedButtonTogglesOnEachPress) {
+  PlaybackDesk p;
+  one_channel_submix(p.store());
+  p.button(0).Latch = true;
+  p.click(0);
+  EXPECT_TRUE(p.store().Playback_Button_State[0]);
+  EXPECT_EQ(p.live(7), 255);
+  p.click(0);
+  EXPECT_FALSE(p.store().Playback_Button_State[0]);
+  EXPECT_EQ(p.live(7), 0);
+}
+
+TEST(PlaybackButtons, OfTwoPresetButtonsOnAChannelTheHigherNumberWins) {
+  PlaybackDesk p;
+  preset_button(p.button(3), 20, 40);
+  preset_button(p.button(9), 20, 10);
+  p.click(9);
+  p.click(3);
+  EXPECT_EQ(p.live(20), 10);
+  // A fader raises over the buttons: it is applied after them.
+  p.fader(0).Function = kFunctionPreset;
+  p.fader(0).Channel2 = 20;
+  p.fader(0).Level = 255;
+  p.fader_to(0, 30);
+  EXPECT_EQ(p.live(20), 30);
+}
+
+TEST(PlaybackFaders, APresetFaderScalesItsLevel) {
+  PlaybackDesk p;
+  FaderFunction& f = p.fader(1);
+  f.Function = kFunctionPreset;
+  f.Channel1 = 4;
+  f.Channel3 = 64;
+  f.Level = 200;
+  p.fader_to(1, 128);
+  EXPECT_EQ(p.live(4), 100);
+  EXPECT_EQ(p.live(64), 100);
+  EXPECT_EQ(p.store().Playback_Fader_Level[1], 128);
+  EXPECT_EQ(p.panel().faders()[1].Slider1, 127);
+}
+
+TEST(PlaybackFaders, ColourAndSubmixFadersScaleEveryComponent) {
+  PlaybackDesk p;
+  one_channel_submix(p.store());
+  FaderFunction& colour = p.fader(2);
+  colour.Function = kFunctionColour;
+  colour.Channel1 = 1;
+  colour.Channel2 = 2;
+  colour.Channel3 = 3;
+  colour.Data1 = 255;
+  colour.Data3 = 100;
+  p.fader_to(2, 51);
+  p.fader_to(0, 51);  // the start-up fader 1 plays submix 1
+  EXPECT_EQ(p.live(1), 51);
+  EXPECT_EQ(p.live(2), 0) << "a component of 0 drives nothing";
+  EXPECT_EQ(p.live(3), 20);
+  EXPECT_EQ(p.live(7), 51);
+}
+
+TEST(PlaybackButtons, AColourButtonWithoutAFixedColourAsksAtEveryPressFromOff) {
+  PlaybackDesk p;
+  ButtonFunction& b = p.button(5);
+  b = ButtonFunction{};
+  b.Function = kFunctionColour;
+  b.Latch = true;
+  b.Channel1 = 10;
+  b.Channel2 = 11;
+  b.Channel3 = 12;
+  p.t.dialogs.answer_colour(Rgb{255, 0, 60});
+  p.click(5);
+  EXPECT_EQ(p.t.dialogs.colour_titles().size(), 1u);
+  EXPECT_EQ(p.t.dialogs.colour_titles()[0], " Choose a Colour");
+  EXPECT_EQ(p.live(10), 255);
+  EXPECT_EQ(p.live(11), 0);
+  EXPECT_EQ(p.live(12), 60);
+  EXPECT_EQ(p.panel().buttons()[5].Command1_colour, (Rgb{255, 0, 60}));
+  p.click(5);  // off: no question
+  EXPECT_EQ(p.t.dialogs.colour_titles().size(), 1u);
+  EXPECT_EQ(p.live(10), 0);
+  p.click(5);  // cancelled: stays off
+  EXPECT_EQ(p.t.dialogs.colour_titles().size(), 2u);
+  EXPECT_FALSE(p.store().Playback_Button_State[5]);
+
+  b.Preset = true;  // "Preset Colour ?": fixed, never asks
+  p.click(5);
+  EXPECT_EQ(p.t.dialogs.colour_titles().size(), 2u);
+  EXPECT_TRUE(p.store().Playback_Button_State[5]);
+}
+
+TEST(PlaybackButtons, CueButtonsRecallOutsideRunModeAndTakeInRunMode) {
+  PlaybackDesk p;
+  p.record(8, "Eight", 30, 99);
+  p.store().Desk_Level.fill(0);
+  ButtonFunction& cue = p.button(2);
+  cue = ButtonFunction{};
+  cue.Function = kFunctionCue;
+  cue.Value = 8;
+  p.desk->Refresh_Playback_Panel();
+  EXPECT_EQ(p.panel().buttons()[2].Command1, "Eight");
+  EXPECT_EQ(p.panel().buttons()[2].Command2, "Cue");
+  p.press(2);
+  EXPECT_EQ(p.store().Desk_Level[29], 99);
+  EXPECT_EQ(p.screens().Current_Screen(), 8);
+  EXPECT_EQ(p.status(), " Screen 8 Recalled");
+  EXPECT_EQ(p.panel().buttons()[2].Picture1, kRed);
+  p.release(2);
+  EXPECT_EQ(p.panel().buttons()[2].Picture1, kLampOff);
+
+  int taken = -1;
+  p.desk->set_autotake([&](int screen) { taken = screen; });
+  p.store().Run_Mode = true;
+  p.store().Desk_Level.fill(0);
+  p.screens().Screen_Num_sel_Change(1);
+  p.press(2);
+  EXPECT_EQ(taken, 8);
+  EXPECT_EQ(p.store().Desk_Level[29], 0) << "no recall in run mode";
+}
+
+TEST(PlaybackButtons, TheRightMouseButtonOpensTheSetUpOfTheElementOnShow) {
+  PlaybackDesk p;
+  p.desk->pages().Inc_Page_Click();
+  p.panel().Button_Press(3, MouseButton::Right);
+  EXPECT_TRUE(p.desk->button_setup().visible());
+  EXPECT_EQ(p.desk->button_setup().element(), 19);
+  EXPECT_FALSE(p.store().Playback_Button_State[19]);
+  p.panel().Fader_Setup_Click(11);
+  EXPECT_TRUE(p.desk->fader_setup().visible());
+  EXPECT_EQ(p.desk->fader_setup().element(), 23);
+}
+
+TEST(PlaybackPanel, CaptionsFollowTheFunctions) {
+  PlaybackDesk p;
+  Store& s = p.store();
+  s.Submix[1].Name = "Wash";
+  s.Submix[1].Colour = "255";
+  s.Chase_Table[4].Colour = "65280";
+  p.button(1).Value = 1;
+  p.button(2).Function = kFunctionSequence;
+  p.button(2).Value = 4;
+  preset_button(p.button(3), 1, 1);
+  p.button(3).Name = "Spot";
+  p.fader(3).Function = kFunctionSequence;
+  p.fader(3).Value = 2;
+  p.fader(3).Data1 = 1;
+  p.desk->Refresh_Playback_Panel();
+  const auto& b = p.panel().buttons();
+  EXPECT_EQ(b[0].Command1, "Submix 1");
+  EXPECT_EQ(b[1].Command1, "Wash");
+  EXPECT_EQ(b[1].Command1_colour, (Rgb{255, 0, 0}));
+  EXPECT_EQ(b[2].Command1, "Seq 5");
+  EXPECT_EQ(b[2].Command1_colour, (Rgb{0, 255, 0}));
+  EXPECT_EQ(b[2].Command2, "Seq");
+  EXPECT_EQ(b[3].Command1, "Spot");
+  EXPECT_EQ(b[3].Command2, "Preset");
+  const auto& f = p.panel().faders();
+  EXPECT_EQ(f[3].Text5, "Seq 3");
+  EXPECT_EQ(f[3].Text6, "Seq 3 Step Timing");
+  EXPECT_EQ(f[4].Text5, "Submix 5");
+  EXPECT_EQ(f[4].Text6, "");
+
+  p.desk->pages().Inc_Page_Click();  // page 2: everything Off
+  EXPECT_EQ(p.panel().buttons()[0].Command2, "Off");
+  EXPECT_EQ(p.panel().faders()[0].Text2, "Off");
+}
+
+TEST(PlaybackPanel, ClearAllAndClearEmptyTheDeskAndSaySo) {
+  PlaybackDesk p;
+  one_channel_submix(p.store());
+  p.button(0).Latch = true;
+  p.click(0);
+  p.fader_to(0, 200);
+  p.store().Desk_Level[3] = 50;
+  p.desk->Submix_Clear();
+  EXPECT_EQ(p.status(), " Submixes Cleared ");
+  EXPECT_EQ(p.store().Playback_Fader_Level[0], 0);
+  EXPECT_TRUE(p.store().Playback_Button_State[0]) << "Clear leaves the buttons";
+  EXPECT_EQ(p.store().Desk_Level[3], 50);
+  EXPECT_EQ(p.live(7), 255);
+
+  p.desk->Clear_All();
+  EXPECT_EQ(p.status(), " Desk Cleared ");
+  EXPECT_FALSE(p.store().Playback_Button_State[0]);
+  EXPECT_EQ(p.store().Desk_Level[3], 0);
+  EXPECT_EQ(p.live(7), 0);
+  EXPECT_EQ(p.panel().buttons()[0].Picture1, kLampOff);
+}
+
+TEST(PlaybackPanel, PagesStepThroughFiveAndNameThemselves) {
+  PlaybackDesk p;
+  PageControls& pages = p.desk->pages();
+  EXPECT_FALSE(pages.Dec_Page_enabled());
+  EXPECT_EQ(pages.Page_Details(), "Page 1");
+  for (int i = 0; i < 6; ++i) pages.Inc_Page_Click();
+  EXPECT_EQ(p.store().Playback_Page, 4);
+  EXPECT_FALSE(pages.Inc_Page_enabled());
+  EXPECT_TRUE(pages.Dec_Page_enabled());
+  EXPECT_EQ(pages.Page_Number(), "5");
+  EXPECT_EQ(p.panel().button_number(0), 64);
+
+  pages.Page_Details_Change("Page 5");
+  EXPECT_EQ(p.store().Pages[4].Name, "") << "the default caption is not a name";
+  pages.Page_Details_Change("Finale");
+  EXPECT_EQ(p.store().Pages[4].Name, "Finale");
+  pages.Page_text_Change("House lights at the end");
+  EXPECT_EQ(p.store().Pages[4].Text, "House lights at the end");
+  pages.Dec_Page_Click();
+  EXPECT_EQ(pages.Page_Details(), "Page 4");
+  EXPECT_EQ(pages.Page_text(), "");
+  pages.Inc_Page_Click();
+  EXPECT_EQ(pages.Page_Details(), "Finale");
+
+  EXPECT_EQ(pages.form_height(), 11340);
+  p.desk->Menu_Click("Page_Text_Enable");
+  EXPECT_TRUE(pages.Page_Text_Shown());
+  EXPECT_EQ(pages.form_height(), 15270);
+}
+
+TEST(PlaybackDeskMasters, MainStaysEqualOnBothDesks) {
+  PlaybackDesk p;
+  p.desk->Main_Change(90);
+  EXPECT_EQ(p.t.console->main_desk().main_value(), 90);
+  p.t.console->main_desk().Main_Change(20);
+  EXPECT_EQ(p.desk->main_value(), 20);
+}
+
+}  // namespace lumaris

@@ -1,0 +1,200 @@
+#include <gtest/gtest.h>
+
+#include "tests/playback/playback_desk.h"
+
+namespace lumaris {
+
+TEST(ButtonSetup, OkStoresWhatTheFunctionUsesAndMarksTheProject) {
+  PlaybackDesk p;
+  p.store().Project_Changed = false;
+  ButtonSetup& w = p.desk->button_setup();
+  p.desk->Open_Button_Setup(6);
+  EXPECT_EQ(w.caption(), "Button Setup");
+  EXPECT_EQ(w.Fun_set_entries().back(), "Cue");
+  w.Fun_set_Click(kFunctionPreset);
+  EXPECT_TRUE(w.layout().channels);
+  w.Channel_Change(0, "12");
+  w.Channel_Change(2, "64");
+  w.Slider1_Change(55);
+  w.F_Name_Change("Front");
+  w.Latch_Click(true);
+  w.OK_Click();
+  const ButtonFunction& b = p.button(6);
+  EXPECT_EQ(b.Function, kFunctionPreset);
+  EXPECT_EQ(b.Channel1, 12);
+  EXPECT_EQ(b.Channel3, 64);
+  EXPECT_EQ(b.Level, 200);
+  EXPECT_EQ(b.Name, "Front");
+  EXPECT_TRUE(b.Latch);
+  EXPECT_EQ(b.Value, 6) << "a Preset keeps the Value it had";
+  EXPECT_TRUE(p.store().Project_Changed);
+  EXPECT_FALSE(w.visible());
+  EXPECT_EQ(p.panel().buttons()[6].Command1, "Front");
+}
+
+TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefused) {
+  PlaybackDesk p;
+  ButtonSetup& w = p.desk->button_setup();
+  w.Open(0);
+  w.Channel_Change(1, "65");
+  ASSERT_EQ(p.t.dialogs.messages().size(), 1u);
+  EXPECT_EQ(p.t.dialogs.messages()[0].text, " Values must be between 0 and 64");
+  EXPECT_EQ(w.Channel(1), "0");
+  w.Colour_Channel_Change(0, "-1");
+  EXPECT_EQ(p.t.dialogs.messages().size(), 2u);
+  w.Channel_Change(1, "64");
+  EXPECT_EQ(p.t.dialogs.messages().size(), 2u);
+}
+
+TEST(ButtonSetup, PlusAndMinusKeepTheValueInRange) {
+  PlaybackDesk p;
+  ButtonSetup& w = p.desk->button_setup();
+  w.Open(0);  // Submix 1
+  EXPECT_EQ(w.Number(), "1");
+  w.Minus_Click();
+  EXPECT_EQ(w.Number(), "1");
+  for (int i = 0; i < 40; ++i) w.Plus_Click();
+  EXPECT_EQ(w.Number(), "32");
+  w.Fun_set_Click(kFunctionCue);
+  for (int i = 0; i < 200; ++i) w.Plus_Click();
+  EXPECT_EQ(w.Number(), "198");
+}
+
+TEST(ButtonSetup, AColourButtonStoresItsFixedColourOnlyWhenTicked) {
+  PlaybackDesk p;
+  ButtonSetup& w = p.desk->button_setup();
+  w.Open(1);
+  w.Fun_set_Click(kFunctionColour);
+  w.Colour_Channel_Change(0, "5");
+  w.Colour_Channel_Change(1, "6");
+  p.t.dialogs.answer_colour(Rgb{10, 20, 30});
+  w.Colour_box_Click();
+  EXPECT_EQ(w.Component_Label(2), "30");
+  w.Preset_Col_Click(true);
+  w.Pannel_Inc_Click();  // stores and moves on
+  EXPECT_EQ(w.element(), 2);
+  const ButtonFunction& b = p.button(1);
+  EXPECT_EQ(b.Channel1, 5);
+  EXPECT_EQ(b.Channel2, 6);
+  EXPECT_TRUE(b.Preset);
+  EXPECT_EQ(b.Data3, 30);
+  EXPECT_EQ(b.Colour, colour_to_text(Rgb{10, 20, 30}));
+  p.press(1);  // a flash button: lit while held
+  EXPECT_EQ(p.live(5), 10);
+  EXPECT_EQ(p.live(6), 20);
+}
+
+TEST(FaderSetup, ASequenceFaderKeepsItsLevelOrStepTimeChoice) {
+  PlaybackDesk p;
+  FaderSetup& w = p.desk->fader_setup();
+  p.desk->Menu_Click("Fader_Change");
+  EXPECT_TRUE(w.visible());
+  EXPECT_EQ(w.element(), 0);
+  EXPECT_EQ(w.Fun_set_entries().size(), 5u) << "no Cue for faders";
+  w.Fun_set_Click(kFunctionSequence);
+  w.Plus_Click();
+  w.Sequence_Fun_Click(1);
+  w.OK_Click();
+  EXPECT_EQ(p.fader(0).Function, kFunctionSequence);
+  EXPECT_EQ(p.fader(0).Value, 1);
+  EXPECT_EQ(p.fader(0).Data1, 1);
+  w.Open(0);
+  EXPECT_EQ(w.Sequence_Fun(), 1);
+  EXPECT_EQ(p.panel().faders()[0].Text6, "Seq 2 Step Timing");
+}
+
+struct EditedShow : PlaybackDesk {
+  EditedShow() {
+    store().Playback_Button_State[2] = true;
+    store().Playback_Fader_Level[1] = 128;
+    record(1, "One", 3, 100);
+    store().Desk_Level.fill(0);
+    store().Playback_Button_State.fill(false);
+    store().Playback_Fader_Level.fill(0);
+    record(2, "Two", 5, 40);
+    store().Project_Changed = false;
+  }
+  CueEditor& editor() { return desk->cue_editor(); }
+};
+
+TEST(CueEditor, ListsTheScreensAndWhatTheSelectedOneHolds) {
+  EditedShow p;
+  p.desk->Menu_Click("nameedit");
+  CueEditor& e = p.editor();
+  EXPECT_TRUE(e.visible());
+  EXPECT_EQ(e.caption(), "Edit Cues");
+  ASSERT_EQ(e.List1().size(), 3u);
+  EXPECT_EQ(e.List1()[0], "1 One");
+  EXPECT_EQ(e.List1()[2], "3 ");
+  EXPECT_EQ(e.selected_screen(), 1);
+  EXPECT_EQ(e.Text1(), "One");
+  EXPECT_EQ(e.Text2(), "20");
+  EXPECT_EQ(e.Next_Scn_index(), 1);
+  ASSERT_EQ(e.List2().size(), 3u);
+  EXPECT_EQ(e.List2()[0], "Preset Channel 3 @ 100");
+  EXPECT_EQ(e.List2()[1], "Button 2 Submix 2  ON");
+  EXPECT_EQ(e.List2()[2], "Fader 1 Submix 1  @ 128");
+}
+
+TEST(CueEditor, Slider1WritesTheLevelBackIntoTheScreen) {
+  EditedShow p;
+  CueEditor& e = p.editor();
+  e.Open(1);
+  e.List2_Click(2);
+  EXPECT_EQ(e.Text3(), "Fader 1");
+  EXPECT_EQ(e.Slider1(), 127);
+  e.Slider1_Change(55);
+  EXPECT_EQ(p.store().Screens[1].Fad_Sel[1], 200);
+  EXPECT_EQ(e.List2()[2], "Fader 1 Submix 1  @ 200");
+  e.List2_Click(0);
+  e.Slider1_Change(0);
+  EXPECT_EQ(p.store().Screens[1].Preset[2], 255);
+  EXPECT_EQ(e.Text5(), "255");
+  e.List2_Click(1);
+  EXPECT_FALSE(e.Slider1_enabled()) << "a button has no level";
+  EXPECT_TRUE(p.store().Project_Changed);
+}
+
+TEST(CueEditor, UpdateStoresNameTimeNextAndDelay) {
+  EditedShow p;
+  CueEditor& e = p.editor();
+  e.Open(2);  // preselected, as the instant panel opens it
+  EXPECT_EQ(e.Text1(), "Two");
+  e.Text1_Change("Second");
+  e.Text2_Change("7");
+  e.Next_Scn_Click(0);
+  e.Screen_Delay_Change(12);
+  e.Check2_Click(true);
+  e.Command3_Click();
+  const Screen& s = p.store().Screens[2];
+  EXPECT_EQ(p.status(), " Cue's Updated");
+  EXPECT_EQ(s.Name, "Second");
+  EXPECT_EQ(s.Time, 7);
+  EXPECT_EQ(s.Next, 1);
+  EXPECT_EQ(s.Delay, 12);
+  EXPECT_TRUE(s.Auto);
+  EXPECT_EQ(e.List1()[1], "2 Second");
+  EXPECT_TRUE(p.store().Project_Changed);
+}
+
+TEST(CueEditor, TableButtonsWorkOnTheSelectedScreen) {
+  EditedShow p;
+  CueEditor& e = p.editor();
+  e.Open(1);
+  e.Command2_Click();  // copy screen 1
+  e.List1_Click(2);    // screen 3
+  e.Command4_Click();
+  EXPECT_EQ(p.store().Screens[3].Name, "One");
+  EXPECT_EQ(e.List1()[2], "3 One");
+  e.List1_Click(0);
+  e.Command6_Click();
+  EXPECT_EQ(p.status(), " Cue 1 Deleted");
+  EXPECT_EQ(e.List1()[0], "1 Two");
+  EXPECT_EQ(e.List1().size(), 2u);
+  e.Command5_Click();
+  EXPECT_EQ(e.List1()[1], "2 Two");
+  e.Command1_Click();
+  EXPECT_FALSE(e.visible());
+}
+
+}  // namespace lumaris
