@@ -178,7 +178,6 @@ QWidget* MainDeskWindow::build_bottom_row() {
   picture2_ = new ColourBox(row);
   picture2_->setToolTip(QStringLiteral("DMX output"));
   picture1_ = new ColourBox(row);
-  picture1_->setToolTip(QStringLiteral("Art-Net output"));
   art_label_ = new QLabel(QStringLiteral("Art-Net"), row);
   status_ = new QLineEdit(row);
   status_->setReadOnly(true);
@@ -311,6 +310,7 @@ void MainDeskWindow::sync() {
   sync::enabled(playback_button_, d.button_enabled("Command21"));
   sync::background(picture2_, d.Picture2(), "QFrame");
   sync::background(picture1_, d.Picture1(), "QFrame");
+  sync::tooltip(picture1_, d.Picture1_ToolTipText());
   sync::enabled(art_label_, d.Art_Label_enabled());
   sync::text(status_, d.Status());
   for (const MenuEntry& entry : d.menu_entries()) {

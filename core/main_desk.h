@@ -96,6 +96,8 @@ class Hoofdblad : public Window {
   Rgb Picture2() const { return picture2_; }
   Paint Picture1() const { return picture1_; }
   bool Art_Label_enabled() const { return art_label_enabled_; }
+  // The Art-Net indicator's tip: what it shows, and why sending fails when it does.
+  const std::string& Picture1_ToolTipText() const { return picture1_tooltip_; }
   const std::string& Status() const;
   std::vector<MenuEntry> menu_entries() const;
   bool button_enabled(const std::string& name) const;
@@ -104,6 +106,8 @@ class Hoofdblad : public Window {
   void set_Picture2(Rgb colour) { picture2_ = colour; }
   void set_Picture1(Paint colour) { picture1_ = colour; }
   void set_Art_Label_enabled(bool enabled) { art_label_enabled_ = enabled; }
+  void set_Picture1_ToolTipText(std::string text) { picture1_tooltip_ = std::move(text); }
+  static constexpr const char* kPicture1ToolTip = "Art-Net output";
   void set_main_caption(std::string caption) { set_caption(std::move(caption)); }
 
   // The command line's key handler; keys go nowhere until it is set.
@@ -132,6 +136,7 @@ class Hoofdblad : public Window {
   Rgb picture2_ = kBlack;
   Paint picture1_;
   bool art_label_enabled_ = false;
+  std::string picture1_tooltip_ = kPicture1ToolTip;
   bool exit_requested_ = false;
   std::function<void(int)> cli_key_;
 };

@@ -37,10 +37,7 @@ Art_Config::Art_Config(DeskContext& context, D_ArtNet& node, Hoofdblad& main_des
 }
 
 void Art_Config::Form_Load() {
-  for (int i = 0; i < kRows; ++i) {
-    rows_[i].text1 = std::to_string(i);
-    rows_[i].caption = kEnable;
-  }
+  for (Row& row : rows_) row.caption = kEnable;
   Refresh_Buttons();
   destination_text_ = node_.destination();
   start_node();
@@ -67,6 +64,11 @@ void Art_Config::start_node() {
   }
 }
 
+std::string Art_Config::Text1(int i) const {
+  const ArtUniverse& row = context_.store().Art_Universes[i];
+  return std::to_string(row.Enable ? row.Universe : i);
+}
+
 void Art_Config::Refresh_Buttons() {
   const Store& store = context_.store();
   for (int i = 0; i < kRows; ++i) {
@@ -89,6 +91,7 @@ void Art_Config::Update_Send_Timer() {
     desk.set_Art_Label_enabled(true);
   } else {
     art_time.set_enabled(false);
+    node_.forget_send_error();
     desk.set_Picture1(Paint{});
     desk.set_Art_Label_enabled(false);
     node_.set_Art_Net_OK(false);  // the next opening initialises again

@@ -35,7 +35,9 @@ class Art_Config : public Window {
   void Destination_Change(const std::string& text) { destination_text_ = text; }
   void Destination_Set_Click();
 
-  const std::string& Text1(int i) const { return rows_[i].text1; }
+  // The universe row i sends on: the one in its ArtDmx header while it is enabled,
+  // its own index (what enabling it gives) while it is not.
+  std::string Text1(int i) const;
   const std::string& Button1(int i) const { return rows_[i].caption; }
   Paint Button1_colour(int i) const { return rows_[i].colour; }
   const std::string& Text2() const { return text2_; }
@@ -45,7 +47,6 @@ class Art_Config : public Window {
 
  private:
   struct Row {
-    std::string text1;
     std::string caption = "Enable";
     Paint colour;
   };

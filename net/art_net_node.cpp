@@ -26,6 +26,9 @@ constexpr const char* kLogUnknownOpCode = "Art-Net: NYI OpCode : 0x";
 constexpr const char* kLogDestination = "Art-Net destination set on this computer: ";
 constexpr const char* kLogBadSetting = "Art-Net destination setting ignored, not an address: ";
 constexpr const char* kNoSocket = "no network socket on this computer";
+constexpr const char* kSendFailed = " Art-Net Sending Failed: ";
+constexpr const char* kSendingAgain = " Art-Net Sending Again";
+constexpr const char* kIndicatorFailed = "Art-Net sending fails: ";
 
 constexpr const char* kBroadcast10 = "10.255.255.255";
 constexpr const char* kBroadcast2 = "2.255.255.255";
@@ -69,12 +72,19 @@ void D_ArtNet::Art_Time_Tick() {
       Art_Send_Dmx(store.Art_Universes[row].Universe, store.DMX_Out);
     }
   }
-  main_desk_.set_Picture1(main_desk_.Picture1() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
+  // A failing send holds the indicator red; it blinks again once packets leave.
+  if (!send_error_) {
+    main_desk_.set_Picture1(main_desk_.Picture1() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
+  }
 }
 
 std::string D_ArtNet::status() const {
   if (!art_time_->enabled()) return "Art-Net off";
-  return art_net_ok_ ? "Art-Net sending to " + art_broadcast_ : "Art-Net not started";
+  // Art_Net_OK only says whether the next opening of the set-up initialises
+  // again; packets go out whenever there is a destination.
+  if (art_broadcast_.empty() || socket_ == nullptr) return "Art-Net not started";
+  if (send_error_) return "Art-Net sending to " + art_broadcast_ + " fails: " + *send_error_;
+  return "Art-Net sending to " + art_broadcast_;
 }
 
 void D_ArtNet::Art_Log(const std::string& text) {
@@ -143,7 +153,29 @@ bool D_ArtNet::set_destination(const std::string& text) {
 void D_ArtNet::send(std::span<const std::uint8_t> packet) {
   if (art_broadcast_.empty() || socket_ == nullptr) return;
   socket_->set_remote_host(art_broadcast_);
-  socket_->send(packet);
+  note_send_result(socket_->send(packet));
+}
+
+// The operator hears of a failing send once, when it starts, and once when
+// packets leave again; the node keeps trying on every tick meanwhile.
+void D_ArtNet::note_send_result(std::optional<std::string> error) {
+  const bool was_failing = send_error_.has_value();
+  send_error_ = std::move(error);
+  if (send_error_ && !was_failing) {
+    context_.status().show_both(kSendFailed + *send_error_);
+    main_desk_.set_Picture1(kRed);
+    main_desk_.set_Picture1_ToolTipText(kIndicatorFailed + *send_error_);
+  } else if (!send_error_ && was_failing) {
+    context_.status().show_both(kSendingAgain);
+    main_desk_.set_Picture1(kBlack);
+    main_desk_.set_Picture1_ToolTipText(Hoofdblad::kPicture1ToolTip);
+  }
+}
+
+void D_ArtNet::forget_send_error() {
+  if (!send_error_) return;
+  send_error_.reset();
+  main_desk_.set_Picture1_ToolTipText(Hoofdblad::kPicture1ToolTip);
 }
 
 void D_ArtNet::Art_Send_Dmx(int universe, const std::array<std::uint8_t, kDmxSlots + 1>& frame) {

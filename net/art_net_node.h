@@ -40,7 +40,10 @@ class D_ArtNet final : public OutputSink {
   // timer, Art_Time, which runs while a row is enabled.
   void take_frame(const DmxFrame& /*frame*/) override {}
   void start() override {}
-  void stop() override { art_time_->set_enabled(false); }
+  void stop() override {
+    art_time_->set_enabled(false);
+    forget_send_error();
+  }
   std::string status() const override;
 
   Timer& Art_Time() { return *art_time_; }
@@ -69,9 +72,15 @@ class D_ArtNet final : public OutputSink {
   bool set_destination(const std::string& text);
   const std::string& destination() const { return destination_; }
 
+  // Why the last packet could not be sent; nothing while packets leave.
+  const std::optional<std::string>& send_error() const { return send_error_; }
+  // Nothing is sent any more (the last row was disabled): a failure is no longer news.
+  void forget_send_error();
+
  private:
   void apply_destination();
   void send(std::span<const std::uint8_t> packet);
+  void note_send_result(std::optional<std::string> error);
 
   DeskContext& context_;
   Hoofdblad& main_desk_;
@@ -86,6 +95,7 @@ class D_ArtNet final : public OutputSink {
   bool art_packet_seen_ = false;
   bool art_dmx_seen_ = false;
   std::array<std::uint8_t, 14> last_poll_{};
+  std::optional<std::string> send_error_;
 };
 
 }  // namespace lumaris

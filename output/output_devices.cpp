@@ -24,6 +24,7 @@ constexpr const char* kSearchingText2 = "Searching...";
 
 constexpr std::int32_t kOksidSendDmx = 4;
 constexpr const char* kNoDriver = "the FTDI driver is not installed";
+constexpr const char* kNoDriverStatus = " driver not found";
 constexpr std::int16_t kLibraryMissing = -1;
 
 }  // namespace
@@ -37,7 +38,13 @@ std::string OutputDevices::status() const {
   const int adapter = context_.store().Adapter;
   if (adapter < 0 || adapter >= Portsetup::kAdapterCount) return Portsetup::kAdapterNames[0];
   std::string text = Portsetup::kAdapterNames[adapter];
-  if (adapter == kAdapterOpenDmx) text += usb_connected_ == 1 ? " connected" : " searching";
+  if (adapter == kAdapterOpenDmx) {
+    if (driver_missing_) {
+      text += kNoDriverStatus;
+    } else {
+      text += usb_connected_ == 1 && opendmx_.USB_Open() ? " connected" : " searching";
+    }
+  }
   return text;
 }
 
@@ -90,12 +97,15 @@ void OutputDevices::send_oksidizer() {
 void OutputDevices::send_open_dmx() {
   // Without the driver library there is nothing to call: the tick ends as a call
   // into a missing library does, and the output indicator goes dark.
-  if (!opendmx_.driver_present()) throw std::runtime_error(kNoDriver);
+  driver_missing_ = !opendmx_.driver_present();
+  if (driver_missing_) throw std::runtime_error(kNoDriver);
   if (usb_searching_ == 1) {
     opendmx_.USB_Close_Device();
     opendmx_.USB_Reset_Device();
     opendmx_.USB_Open_Device();
-    if (opendmx_.USB_Get_Error(1) == 0) {
+    // Before quiet mode a failing open is only shown and leaves no code: the
+    // device counts as connected only when it is open.
+    if (opendmx_.USB_Get_Error(1) == 0 && opendmx_.USB_Open()) {
       if (setup_ && setup_->visible()) setup_->set_Text2(kConnectedText2);
       context_.status().show_both(kUsbConnectedStatus);
       usb_connected_ = 1;
@@ -106,8 +116,6 @@ void OutputDevices::send_open_dmx() {
     opendmx_.USB_Set_Start_Code(0);
     opendmx_.USB_Set_Data(context_.store().DMX_Out);
     opendmx_.USB_Send_Frame();
-    // A device that is not open cannot be connected, even when its failure was
-    // only shown to the operator (before quiet mode) and left no error code.
     if (opendmx_.USB_Get_Error(1) != 0 || !opendmx_.USB_Open()) {
       if (setup_ && setup_->visible()) setup_->set_Text2(kSearchingText2);
       context_.status().show_both(kUsbSearchingStatus);

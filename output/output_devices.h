@@ -63,6 +63,7 @@ class OutputDevices final : public OutputSink {
   OpenDmx opendmx_;
   int usb_connected_ = 1;
   int usb_searching_ = 1;
+  bool driver_missing_ = false;  // the last Open DMX USB tick found no driver library
   std::array<std::uint8_t, kDmxSlots + 1> oki_in_{};  // OKI_In: filled by the adapter, not read
 };
 

@@ -10,11 +10,8 @@ constexpr int kControlOffset = 2;
 constexpr int kStartWait = 50;
 constexpr int kStrobeWait = 20;
 
-// The adapters were timed against the processor, not the clock: an empty loop
-// the compiler must not remove.
-void count_loop(int rounds) {
-  volatile int n = 0;
-  while (n < rounds) n = n + 1;
+void wait(PortIo* port, int rounds) {
+  if (port != nullptr) port->Wait_Loop(rounds);
 }
 
 void out(PortIo* port, int address, int value) {
@@ -28,21 +25,21 @@ void out(PortIo* port, int address, int value) {
 void Send_Parallel_Frame(PortIo* port, int base, std::span<const std::uint8_t> frame, int slots) {
   const int control = base + kControlOffset;
   out(port, control, 3);
-  count_loop(kStartWait);
+  wait(port, kStartWait);
   out(port, control, 1);
   for (int i = 0; i < slots && i < static_cast<int>(frame.size()); ++i) {
     out(port, base, frame[i]);
     out(port, control, 0);
-    count_loop(kStrobeWait);
+    wait(port, kStrobeWait);
     out(port, control, 1);
-    count_loop(kStrobeWait);
+    wait(port, kStrobeWait);
   }
   out(port, control, 1);
 }
 
 void Oki_Wake_Up(PortIo* port, int base) {
   out(port, base + kControlOffset, 3);
-  count_loop(kStartWait);
+  wait(port, kStartWait);
   out(port, base + kControlOffset, 1);
   out(port, base, 255);
 }

@@ -30,8 +30,9 @@ class UdpSocket {
   virtual void set_remote_port(std::uint16_t port) = 0;
   // Whether datagrams may go to broadcast addresses at all. Off until asked for.
   virtual void set_broadcast(bool allowed) = 0;
-  // Sends one datagram to the remote host and port; errors are dropped.
-  virtual void send(std::span<const std::uint8_t> datagram) = 0;
+  // Sends one datagram to the remote host and port. Returns why it could not be
+  // sent, nothing when it left.
+  virtual std::optional<std::string> send(std::span<const std::uint8_t> datagram) = 0;
 
   // Called once per arrived datagram, on the thread that owns the socket.
   virtual void on_datagram(DatagramHandler handler) = 0;

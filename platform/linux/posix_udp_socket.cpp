@@ -14,6 +14,16 @@ namespace lumaris {
 
 namespace {
 constexpr std::size_t kReceiveBuffer = 2048;  // larger than any Art-Net packet
+constexpr const char* kNotOpen = "the socket is not open";
+constexpr const char* kNoDestination = "no destination address";
+// The kernel refuses a broadcast address with EACCES while broadcast is off; a
+// subnet's broadcast address (10.255.255.255 on a /8) looks like any other.
+constexpr const char* kBroadcastRefused = "the destination is a broadcast address";
+
+std::string send_error(int error) {
+  if (error == EACCES) return std::string(kBroadcastRefused) + " (" + std::strerror(error) + ")";
+  return std::strerror(error);
+}
 }
 
 std::string choose_local_address(const std::vector<InterfaceAddress>& interfaces) {
@@ -96,11 +106,11 @@ void PosixUdpSocket::apply_broadcast() {
   ::setsockopt(fd_, SOL_SOCKET, SO_BROADCAST, &on, sizeof on);
 }
 
-void PosixUdpSocket::send(std::span<const std::uint8_t> datagram) {
-  if (fd_ < 0 || !remote_host_) return;
+std::optional<std::string> PosixUdpSocket::send(std::span<const std::uint8_t> datagram) {
+  if (fd_ < 0) return std::string(kNotOpen);
+  if (!remote_host_) return std::string(kNoDestination);
   if (!broadcast_allowed_ && remote_host_->s_addr == htonl(INADDR_BROADCAST)) {
-    last_send_error_ = EACCES;
-    return;
+    return send_error(EACCES);
   }
   sockaddr_in to{};
   to.sin_family = AF_INET;
@@ -108,7 +118,8 @@ void PosixUdpSocket::send(std::span<const std::uint8_t> datagram) {
   to.sin_addr = *remote_host_;
   const ssize_t sent = ::sendto(fd_, datagram.data(), datagram.size(), MSG_NOSIGNAL,
                                 reinterpret_cast<const sockaddr*>(&to), sizeof to);
-  last_send_error_ = sent < 0 ? errno : 0;
+  if (sent < 0) return send_error(errno);
+  return std::nullopt;
 }
 
 void PosixUdpSocket::read_pending() {

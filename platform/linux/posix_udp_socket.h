@@ -38,7 +38,7 @@ class PosixUdpSocket final : public UdpSocket {
   void set_remote_host(const std::string& host) override;
   void set_remote_port(std::uint16_t port) override { remote_port_ = port; }
   void set_broadcast(bool allowed) override;
-  void send(std::span<const std::uint8_t> datagram) override;
+  std::optional<std::string> send(std::span<const std::uint8_t> datagram) override;
   void on_datagram(DatagramHandler handler) override { handler_ = std::move(handler); }
 
   // Reads every datagram waiting and hands each to the handler.
@@ -47,8 +47,6 @@ class PosixUdpSocket final : public UdpSocket {
   // Told the new descriptor after every bind and -1 after close, so that the
   // owner can watch it for arriving datagrams.
   void on_descriptor_change(std::function<void(int)> listener) { listener_ = std::move(listener); }
-  // The result of the last send: 0, or the errno it failed with.
-  int last_send_error() const { return last_send_error_; }
 
  private:
   void apply_broadcast();
@@ -57,7 +55,6 @@ class PosixUdpSocket final : public UdpSocket {
   std::optional<in_addr> remote_host_;
   std::uint16_t remote_port_ = 0;
   bool broadcast_allowed_ = false;
-  int last_send_error_ = 0;
   DatagramHandler handler_;
   std::function<void(int)> listener_;
 };

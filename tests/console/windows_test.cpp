@@ -44,14 +44,14 @@ TEST_F(WindowsTest, ReopeningTheOutputSetupNeverTouchesTheAdapterAgain) {
   // port gets no wake-up pulse from looking.
   setup().Command2_Click();
   test.store().Adapter = kOki;
-  const std::size_t port_writes = port.writes.size();
+  const std::size_t port_writes = port.events.size();
   const std::string status = test.console->status().main();
   menu("port_setup");
   EXPECT_EQ(setup().Adapter_Name(), Portsetup::kAdapterNames[kOki]);
   EXPECT_EQ(setup().Combo1_ListIndex(), kOki);
   EXPECT_FALSE(setup().control(Portsetup::Text1).visible);
   EXPECT_TRUE(setup().control(Portsetup::Option1).visible);
-  EXPECT_EQ(port.writes.size(), port_writes);
+  EXPECT_EQ(port.events.size(), port_writes);
   EXPECT_EQ(test.console->status().main(), status);
 }
 

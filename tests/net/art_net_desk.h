@@ -1,16 +1,19 @@
 #pragma once
 
 #include <cstdint>
+#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
+#include "console/project/project_file.h"
 #include "net/art_config.h"
 #include "net/art_net_node.h"
 #include "tests/support/fake_udp.h"
 #include "tests/support/memory_settings.h"
+#include "tests/support/temp_folder.h"
 #include "tests/support/test_console.h"
 
 namespace lumaris {
@@ -21,6 +24,7 @@ struct ArtNetDesk {
   MemorySettings settings;
   std::ostringstream log;
   TestConsole desk;
+  TempFolder folder;
 
   ArtNetDesk() {
     desk.services.art_socket = &udp;
@@ -33,6 +37,20 @@ struct ArtNetDesk {
   D_ArtNet& node() { return console().art_net(); }
   Art_Config& config() { return console().art_config(); }
   Hoofdblad& main_desk() { return console().main_desk(); }
+
+  // Loads a show whose Project section has one Network row per universe given.
+  bool load_show_with_rows(const std::vector<int>& universes) {
+    std::string text = "<Lumaris_XML>\r\t<Project>\r\t\t<Version>1</Version>\r"
+                       "\t\t<Adapter>0</Adapter>\r";
+    for (const int universe : universes) {
+      text += "\t\t<Network>\r\t\t\t<Universe>" + std::to_string(universe) +
+              "</Universe>\r\t\t</Network>\r";
+    }
+    text += "\t\t<BCF>0</BCF>\r\t</Project>\r</Lumaris_XML>\r";
+    const std::string path = folder.file("rows.xml");
+    std::ofstream(path, std::ios::binary) << text;
+    return console().project_file().Load_File(path);
+  }
 
   // The operator opens "Art Net Setup" from the main desk's menu.
   void open_setup() { main_desk().Menu_Click("Art_setup"); }

@@ -161,29 +161,90 @@ TEST(ArtNetNode, UnknownOpcodesAreLoggedAndNotAnswered) {
   EXPECT_TRUE(logged(t, "Art-Net: NYI OpCode : 0x-32768"));  // read as a signed 16-bit number
 }
 
-TEST(ArtNetNode, ALoadedShowWithRowsStartsTheNodeAsOpeningTheWindowWould) {
+TEST(ArtNetNode, ALoadedShowWithNetworkRowsSendsOnTheirUniversesWithoutTheWindow) {
   ArtNetDesk t;
   t.build();
-  t.config().Start_From_Show();  // no rows: nothing starts
-  EXPECT_FALSE(t.udp.bound_port().has_value());
-  EXPECT_EQ(t.console().status().main(), " Main Desk Running ");
-  std::vector<std::string> statuses;
-  t.console().status().on_main_change([&](const std::string& s) { statuses.push_back(s); });
-  t.store().Art_Universes[1] = {true, 1};
-  t.store().Art_Universes[6] = {true, 6};
-  t.config().Start_From_Show();
+  ASSERT_TRUE(t.load_show_with_rows({}));
+  EXPECT_FALSE(t.udp.bound_port().has_value()) << "no rows: nothing starts";
 
-  EXPECT_EQ(statuses, (std::vector<std::string>{" ART NET Loading.......", " Art-Net Initialized"}));
+  ASSERT_TRUE(t.load_show_with_rows({1, 0x93}));
   EXPECT_FALSE(t.config().visible());
   t.desk.scheduler.advance(100);
   ASSERT_EQ(t.udp.sent().size(), 2u);
   EXPECT_EQ(universe_of(t.udp.sent()[0]), 1);
-  EXPECT_EQ(universe_of(t.udp.sent()[1]), 6);
+  const auto& second = t.udp.sent()[1].bytes;
+  EXPECT_EQ((std::vector<std::uint8_t>{second[14], second[15]}),
+            (std::vector<std::uint8_t>{0x93, 0x00}))  // Universe 147, low byte first
+      << "neither swapped nor split into sub-net and universe";
 
-  t.open_setup();  // the window then shows the running node
+  t.open_setup();  // the window then shows the running node and what each row sends
   EXPECT_EQ(t.config().Text2(), " Art Net OK");
   EXPECT_EQ(t.console().status().main(), " ART NET OK ");
   EXPECT_EQ(t.config().Button1(1), "Disable");
+  EXPECT_EQ(t.config().Text1(0), "1");
+  EXPECT_EQ(t.config().Text1(1), "147");
+  EXPECT_EQ(t.config().Text1(2), "2") << "a disabled row shows the universe enabling gives it";
+  t.config().Button1_Click(1);
+  t.config().Button1_Click(1);
+  EXPECT_EQ(t.config().Text1(1), "1") << "enabled again: on its own index";
+}
+
+// Nine rows keep the send timer running, as they always have; only the eight
+// rows that have buttons send.
+TEST(ArtNetNode, OnlyTheEightRowsWithButtonsSendAndTheNinthKeepsTheTimerRunning) {
+  ArtNetDesk t;
+  t.build();
+  ASSERT_TRUE(t.load_show_with_rows({10, 11, 12, 13, 14, 15, 16, 17, 18}));
+  t.desk.scheduler.advance(100);
+  ASSERT_EQ(t.udp.sent().size(), 8u);
+  EXPECT_EQ(universe_of(t.udp.sent()[7]), 17);
+
+  t.open_setup();
+  for (int row = 0; row < 8; ++row) t.config().Button1_Click(row);  // all but the ninth off
+  EXPECT_TRUE(t.node().Art_Time().enabled());
+  EXPECT_TRUE(t.main_desk().Art_Label_enabled());
+  t.udp.clear_sent();
+  t.desk.scheduler.advance(100);
+  EXPECT_TRUE(t.udp.sent().empty());
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen}) << "the indicator still blinks";
+}
+
+TEST(ArtNetNode, AFailingSendIsReportedOnceAndSendingResumesByItself) {
+  ArtNetDesk t;
+  t.build();
+  t.open_setup();
+  t.config().Button1_Click(0);
+  std::vector<std::string> said;
+  t.console().status().on_main_change([&](const std::string& s) { said.push_back(s); });
+
+  t.udp.fail_sends("Network is unreachable");
+  t.main_desk().Command1_Click(0);
+  t.desk.scheduler.advance(500);
+  const std::string failed = " Art-Net Sending Failed: Network is unreachable";
+  EXPECT_EQ(said, std::vector<std::string>{failed});
+  EXPECT_EQ(t.console().status().playback(), failed);
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{kRed}) << "held red, not blinking";
+  EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net sending fails: Network is unreachable");
+  EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255 fails: Network is unreachable");
+  EXPECT_EQ(t.store().DMX_Out[0], 255) << "the desk goes on";
+  EXPECT_TRUE(t.udp.sent().empty());
+
+  t.config().Button1_Click(0);  // nothing to send: the failure is over, said again if it returns
+  EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net output");
+  t.config().Button1_Click(0);
+  t.desk.scheduler.advance(100);
+  EXPECT_EQ(said, (std::vector<std::string>{failed, failed}));
+
+  t.udp.recover();
+  t.desk.scheduler.advance(100);
+  ASSERT_EQ(t.udp.sent().size(), 1u);
+  EXPECT_EQ(data_of(t.udp.sent()[0])[0], 255);
+  EXPECT_EQ(said, (std::vector<std::string>{failed, failed, " Art-Net Sending Again"}));
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen}) << "blinking again";
+  EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net output");
+  EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255");
+  t.desk.scheduler.advance(300);
+  EXPECT_EQ(said.size(), 3u);
 }
 
 }  // namespace lumaris

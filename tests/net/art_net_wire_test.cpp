@@ -66,7 +66,7 @@ TEST(ArtNetWire, ArtDmxCarriesTheFrameByteForByte) {
   std::array<std::uint8_t, kDmxSlots + 1> frame{};
   for (int s = 0; s < kDmxSlots; ++s) frame[s] = static_cast<std::uint8_t>((s * 7 + 3) & 0xFF);
   frame[kDmxSlots] = 0xEE;  // slot 512 is never transmitted
-  t.node().Art_Send_Dmx(3, frame);
+  t.node().Art_Send_Dmx(0x93, frame);  // both nibbles set: neither swapped nor split
 
   ASSERT_EQ(t.udp.sent().size(), 1u);
   Bytes b;
@@ -76,7 +76,7 @@ TEST(ArtNetWire, ArtDmxCarriesTheFrameByteForByte) {
       .add({0x0E})                                  // ProtVerLo = 14
       .add({0x00})                                  // Sequence: off
       .add({0x00})                                  // Physical
-      .add({0x03, 0x00})                            // Universe 3, low byte first
+      .add({0x93, 0x00})                            // Universe 147, low byte first
       .add({0x02, 0x00});                           // Length 512, high byte first
   for (int s = 0; s < kDmxSlots; ++s) b.add({static_cast<std::uint8_t>((s * 7 + 3) & 0xFF)});
   ASSERT_EQ(b.v.size(), 530u);

@@ -104,8 +104,7 @@ TEST(RealSocket, DatagramsTravelOverLoopbackAndBroadcastIsRefused) {
     const std::vector<std::uint8_t> sent{'A', 'r', 't', '-', 'N', 'e', 't', 0, 0x00, 0x20, 0, 14};
     socket.set_remote_host("127.0.0.1");
     socket.set_remote_port(6454);
-    socket.send(sent);
-    if (socket.last_send_error() != 0) return "send to 127.0.0.1: " + std::string(std::strerror(socket.last_send_error()));
+    if (const auto error = socket.send(sent)) return "send to 127.0.0.1: " + *error;
     if (!read_when_ready(socket)) return "nothing arrived on 127.0.0.1:6454";
     if (received != sent) return "the datagram arrived changed";
 
@@ -113,16 +112,16 @@ TEST(RealSocket, DatagramsTravelOverLoopbackAndBroadcastIsRefused) {
     socket.set_broadcast(false);
     for (const char* broadcast : {"127.255.255.255", "255.255.255.255"}) {
       socket.set_remote_host(broadcast);
-      socket.send(sent);
-      if (socket.last_send_error() != EACCES) {
-        return std::string("sending to ") + broadcast + " was not refused";
+      const auto error = socket.send(sent);
+      if (!error || error->find("broadcast address") == std::string::npos) {
+        return std::string("sending to ") + broadcast + " was not refused as a broadcast";
       }
     }
     return {};
   });
 }
 
-TEST(RealSocket, DeskSendsArtDmxToTheDestinationAndAnswersPolls) {
+TEST(RealSocket, DeskSendsArtDmxAnswersPollsAndReportsARefusedDestination) {
   run_in_own_network([]() -> std::string {
     PosixUdpSocket socket;
     MemorySettings settings;
@@ -139,7 +138,7 @@ TEST(RealSocket, DeskSendsArtDmxToTheDestinationAndAnswersPolls) {
 
     console.art_config().Button1_Click(0);
     desk.scheduler.advance(100);  // one ArtDmx on universe 0, to 127.0.0.1:6454: ourselves
-    if (socket.last_send_error() != 0) return "ArtDmx not sent";
+    if (console.art_net().send_error()) return "ArtDmx not sent: " + *console.art_net().send_error();
     if (!read_when_ready(socket)) return "the ArtDmx did not arrive";
     desk.scheduler.run_posted();
     if (!console.art_net().Art_Dmx_Seen()) return "the ArtDmx was not recognised";
@@ -160,6 +159,20 @@ TEST(RealSocket, DeskSendsArtDmxToTheDestinationAndAnswersPolls) {
     if (text.find("ArtPoll Recieved\n") == std::string::npos) return "poll not logged: " + text;
     // The node hears its own 239-byte reply and does not know that opcode.
     if (text.find("Art-Net: NYI OpCode : 0x8448\n") == std::string::npos) return "no reply: " + text;
+
+    // A subnet's broadcast address as the destination: the kernel refuses every
+    // send; the operator is told why, and sending resumes with a usable address.
+    console.art_config().Button1_Click(0);
+    console.art_config().Destination_Change("127.255.255.255");
+    console.art_config().Destination_Set_Click();
+    desk.scheduler.advance(300);
+    const std::string refused =
+        " Art-Net Sending Failed: the destination is a broadcast address (Permission denied)";
+    if (console.status().main() != refused) return "refusal not shown: " + console.status().main();
+    console.art_config().Destination_Change("127.0.0.1");
+    console.art_config().Destination_Set_Click();
+    desk.scheduler.advance(100);
+    if (console.status().main() != " Art-Net Sending Again") return "recovery not shown";
     console.shutdown();
     return {};
   });

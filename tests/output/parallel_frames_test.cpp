@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <utility>
 #include <vector>
 
@@ -14,64 +13,60 @@
 namespace lumaris {
 namespace {
 
-using Writes = std::vector<std::pair<int, int>>;
+using Events = std::vector<std::pair<int, int>>;
+constexpr int kWait = FakePortIo::kWait;
 
-// The frame as the adapter sees it on the port at `base`: a 3/1 pulse on the
-// control register, then per slot the data byte strobed with 0 and back to 1,
-// and a closing 1.
-Writes expected_frame(int base, const std::vector<int>& slots) {
+// The frame as the adapter sees it on the port at `base`, counting loops included.
+Events expected_frame(int base, int slots) {
   const int control = base + 2;
-  Writes w = {{control, 3}, {control, 1}};
-  for (const int value : slots) {
-    w.push_back({base, value});  // data register
-    w.push_back({control, 0});   // strobe
-    w.push_back({control, 1});   // release
+  Events e = {
+      {control, 3},  // start pulse
+      {kWait, 50},   //   held for 50 rounds
+      {control, 1},  //   released
+  };
+  for (int s = 0; s < slots; ++s) {
+    e.push_back({base, (s * 7 + 1) % 256});  // slot s+1 on the data register
+    e.push_back({control, 0});               // strobe low
+    e.push_back({kWait, 20});                //   held low for 20 rounds
+    e.push_back({control, 1});               // strobe released
+    e.push_back({kWait, 20});                //   held high for 20 rounds
   }
-  w.push_back({control, 1});
-  return w;
+  e.push_back({control, 1});  // closing release
+  return e;
 }
 
-struct ParallelFrameTest : ::testing::Test {
-  FakePortIo port;
-  TestConsole test;
-  Console* console = nullptr;
-
-  void SetUp() override {
+TEST(ParallelFrame, ParlexSends65SlotsAndManolator255OnTheChosenPortWithTheirWaits) {
+  struct Case {
+    int adapter;
+    int port_address;
+    int slots;
+  };
+  for (const Case c : {Case{1, 888, 65}, Case{4, 632, 255}}) {
+    SCOPED_TRACE(c.adapter);
+    FakePortIo port;
+    TestConsole test;
     test.services.port_io = &port;
-    console = &test.build();
+    Console& console = test.build();
     // A frame whose slots all differ: slot s carries (s * 7 + 1) mod 256.
     for (int s = 0; s <= 512; ++s) {
       test.store().DMX_Out[s] = static_cast<std::uint8_t>((s * 7 + 1) % 256);
     }
+    test.store().Adapter = static_cast<std::int16_t>(c.adapter);
+    test.store().Port_Address = static_cast<std::int16_t>(c.port_address);
+    console.output_devices().Send_Frame();
+    ASSERT_EQ(port.events.size(), 3u + static_cast<std::size_t>(c.slots) * 5u + 1u);
+    EXPECT_EQ(port.events, expected_frame(c.port_address, c.slots));
+    // Spot checks worked out by hand.
+    const int control = c.port_address + 2;
+    EXPECT_EQ(port.events[8], std::make_pair(c.port_address, 8));  // slot 2: 1*7+1
+    EXPECT_EQ(port.events[9], std::make_pair(control, 0));
+    EXPECT_EQ(port.events[10], std::make_pair(kWait, 20));
+    const int last = 3 + (c.slots - 1) * 5;
+    EXPECT_EQ(port.events[last].second, c.slots == 65 ? 193 : 243);  // 449-256, 1779-6*256
   }
-  std::vector<int> slots(int n) const {
-    std::vector<int> v;
-    for (int s = 0; s < n; ++s) v.push_back((s * 7 + 1) % 256);
-    return v;
-  }
-};
-
-TEST_F(ParallelFrameTest, ParlexSendsSlots1To65OnLpt1) {
-  test.store().Adapter = 1;
-  console->output_devices().Send_Frame();
-  ASSERT_EQ(port.writes.size(), 2u + 65u * 3u + 1u);
-  EXPECT_EQ(port.writes, expected_frame(0x378, slots(65)));
-  // Spot checks written out by hand.
-  EXPECT_EQ(port.writes[5], std::make_pair(0x378, 8));         // slot 2
-  EXPECT_EQ(port.writes[2 + 64 * 3], std::make_pair(0x378, 193));  // slot 65: 64*7+1 = 449 - 256
-  EXPECT_EQ(port.writes.back(), std::make_pair(0x37A, 1));
 }
 
-TEST_F(ParallelFrameTest, ManolatorSendsSlots1To255OnLpt2) {
-  test.store().Adapter = 4;
-  test.store().Port_Address = 632;
-  console->output_devices().Send_Frame();
-  ASSERT_EQ(port.writes.size(), 2u + 255u * 3u + 1u);
-  EXPECT_EQ(port.writes, expected_frame(0x278, slots(255)));
-  EXPECT_EQ(port.writes[2 + 254 * 3], std::make_pair(0x278, 243));  // slot 255: 254*7+1 = 1779 - 6*256
-}
-
-TEST(ParallelFrameWithoutPort, WritesNothingAndDoesNotFail) {
+TEST(ParallelFrame, WithoutAPortNothingIsWrittenAndNothingFails) {
   TestConsole test;  // no port seam
   Console& console = test.build();
   test.store().Adapter = 4;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -38,20 +39,48 @@ struct PortsetupTest : ::testing::Test {
   int timer_interval() { return console->output_cycle().Timer1().interval(); }
 };
 
-TEST_F(PortsetupTest, OpeningShowsTheSavedAdapterAndNoneHidesEverything) {
+TEST_F(PortsetupTest, OpeningShowsTheSavedAdapterWithTheOutputTimersRate) {
   test.store().Adapter = 1;
   open();
+  EXPECT_EQ(setup->Combo1_ListIndex(), 1);
   EXPECT_EQ(setup->Adapter_Name(), " Parlex DMX Adapter ");
   EXPECT_EQ(setup->Text1_Text(), " 70 mS");
-  EXPECT_TRUE(shown(C::HScroll1));
-  EXPECT_FALSE(shown(C::Text2));
-  EXPECT_EQ(test.console->status().main(), " Parlex Adapter Running");
-  setup->Combo1_Click(0);
-  for (C c : {C::Label1_0, C::Label1_1, C::Label2, C::Option1, C::Option2, C::Label3, C::Text1,
-              C::HScroll1, C::Text2}) {
-    EXPECT_FALSE(shown(c)) << c;
+}
+
+// Each choice shows its own controls and says what it did; the others are hidden.
+TEST_F(PortsetupTest, EachAdapterShowsItsControlsAndItsStatus) {
+  const std::vector<C> all = {C::Label1_0, C::Label1_1, C::Label2, C::Option1, C::Option2,
+                              C::Label3,   C::Text1,    C::HScroll1, C::Text2};
+  const std::vector<C> port_and_rate = {C::Label1_0, C::Label1_1, C::Label2, C::Option1,
+                                        C::Option2,  C::Label3,   C::Text1,  C::HScroll1};
+  struct Case {
+    int index;
+    std::vector<C> shown;
+    std::vector<C> disabled;
+    const char* status;
+  };
+  const Case cases[] = {
+      {0, {}, {C::Text1, C::HScroll1}, " NO DMX OUT"},
+      {1, port_and_rate, {}, " Parlex Adapter Running"},
+      {2, {C::Label1_0, C::Label1_1, C::Label2, C::Option1, C::Option2}, {C::Text1, C::HScroll1},
+       " OKI 3-1 Adapter - NO DMX OUT"},
+      {3, {C::Text2}, port_and_rate, " Open USB Connected"},
+      {4, port_and_rate, {}, " Manolator Connectd  40ms"},  // the rate Open DMX USB set
+      {5, {C::Text2}, {C::HScroll1}, " Oksidizer USB2DMX Connecting....."},
+  };
+  open();
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.index);
+    setup->Combo1_Click(1);  // every control shown and enabled first
+    setup->Combo1_Click(c.index);
+    for (const C control : all) {
+      const bool expected = std::find(c.shown.begin(), c.shown.end(), control) != c.shown.end();
+      EXPECT_EQ(shown(control), expected) << "control " << control;
+    }
+    for (const C control : c.disabled) EXPECT_FALSE(enabled(control)) << "control " << control;
+    EXPECT_EQ(test.console->status().main(), c.status);
+    EXPECT_EQ(test.console->status().playback(), c.status);
   }
-  EXPECT_EQ(test.console->status().playback(), " NO DMX OUT");
 }
 
 TEST_F(PortsetupTest, ManolatorShowsItsRateAndTheScrollBarStaysInRange) {
@@ -68,18 +97,22 @@ TEST_F(PortsetupTest, ManolatorShowsItsRateAndTheScrollBarStaysInRange) {
 TEST_F(PortsetupTest, OkiSendsTheWakeUpPulseOnEachSelectionAndForces70ms) {
   open();
   setup->Option2_Click();
-  port.writes.clear();
+  port.events.clear();
   setup->HScroll1_Change(200);
   setup->Combo1_Click(2);
-  EXPECT_EQ(port.writes, (std::vector<std::pair<int, int>>{{0x27A, 3}, {0x27A, 1}, {0x278, 255}}));
+  EXPECT_EQ(port.events, (std::vector<std::pair<int, int>>{
+                             {0x27A, 3},                // control register: pulse
+                             {FakePortIo::kWait, 50},   // held for 50 rounds
+                             {0x27A, 1},                // released
+                             {0x278, 255},              // data register
+                         }));
   EXPECT_EQ(setup->refresh_rate(), 70);
   EXPECT_EQ(test.console->status().main(), " OKI 3-1 Adapter - NO DMX OUT");
-  EXPECT_FALSE(shown(C::HScroll1));
   setup->Command2_Click();
-  port.writes.clear();
+  port.events.clear();
   test.store().Adapter = 2;
   open();
-  EXPECT_EQ(port.writes.size(), 6u) << "opening on the OKI adapter selects it twice";
+  EXPECT_EQ(port.events.size(), 8u) << "opening on the OKI adapter selects it twice";
 }
 
 TEST_F(PortsetupTest, OpenDmxConnectsAtOnceSearchesWithoutTheDevice) {
@@ -111,6 +144,7 @@ TEST_F(PortsetupTest, OpenDmxWithoutTheDriverSendsNothing) {
   EXPECT_TRUE(console->output_cycle().last_tick_failed());  // the indicator is dark
   EXPECT_TRUE(test.dialogs.messages().empty());
   EXPECT_EQ(test.console->status().main(), " Open USB Not Found !");
+  EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  driver not found");
 }
 
 TEST_F(PortsetupTest, Lpt2ThenCancelKeeps632) {

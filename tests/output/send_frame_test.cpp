@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
 #include "console/output_cycle.h"
@@ -35,29 +36,24 @@ struct SendFrameTest : ::testing::Test {
   void tick() { test.scheduler.advance(console->output_cycle().Timer1().interval()); }
 };
 
-TEST_F(SendFrameTest, OkiReadsThenWritesTheWholeFrameOnThePort) {
+TEST_F(SendFrameTest, OkiReadsThenWritesTheFrameOnThePortAndEachFailingCallShowsTheMessage) {
   test.store().Adapter = 2;
   test.store().Port_Address = 632;
   console->output_devices().Send_Frame();
   ASSERT_EQ(libraries.calls.size(), 2u);
+  for (const auto& call : libraries.calls) {
+    EXPECT_EQ(call.port_or_command, 632) << call.name << " on the chosen port, LPT2";
+    EXPECT_EQ(call.second, 0) << call.name;
+  }
   EXPECT_EQ(libraries.calls[0].name, "Okdmx31Read");
   EXPECT_EQ(libraries.calls[1].name, "Okdmx31Write");
-  EXPECT_EQ(libraries.calls[1].port_or_command, 632);
   EXPECT_EQ(libraries.calls[1].data, (std::vector<std::uint8_t>{0, 1, 2, 3, 4, 5, 6, 7}));
   EXPECT_TRUE(test.dialogs.messages().empty());
-  EXPECT_EQ(test.store().Adapter, 2);
 
-  libraries.write_status = 3;  // only the write fails: one message
-  console->output_devices().Send_Frame();
-  EXPECT_EQ(test.dialogs.messages().size(), 1u);
-  EXPECT_EQ(test.store().Adapter, 0);
-}
-
-TEST_F(SendFrameTest, OkiFailingReadAndWriteShowsTheMessageTwiceAndFallsBackToNone) {
-  test.store().Adapter = 2;
-  libraries.read_status = 1;
+  libraries.read_status = 1;  // the read fails, and the write is tried all the same
   libraries.write_status = -5;
   console->output_devices().Send_Frame();
+  ASSERT_EQ(libraries.calls.size(), 4u);
   ASSERT_EQ(test.dialogs.messages().size(), 2u);
   for (const MessageBoxSpec& box : test.dialogs.messages()) {
     EXPECT_EQ(box.title, " DMX ERROR");
@@ -68,11 +64,10 @@ TEST_F(SendFrameTest, OkiFailingReadAndWriteShowsTheMessageTwiceAndFallsBackToNo
 
   libraries.calls.clear();
   tick();
-  EXPECT_TRUE(libraries.calls.empty());
-  EXPECT_EQ(test.dialogs.messages().size(), 2u);
+  EXPECT_TRUE(libraries.calls.empty()) << "None from the next tick";
 }
 
-TEST_F(SendFrameTest, OksidizerIsHandedThe512BytesFromElementOne) {
+TEST_F(SendFrameTest, OksidizerIsHandedThe512BytesFromElementOneAndAFailureSetsNone) {
   test.store().Adapter = 5;
   console->output_devices().Send_Frame();
   ASSERT_EQ(libraries.calls.size(), 1u);
@@ -83,43 +78,50 @@ TEST_F(SendFrameTest, OksidizerIsHandedThe512BytesFromElementOne) {
 
   libraries.oksid_status = 1;  // with the set-up window closed the status says why
   console->output_devices().Send_Frame();
-  EXPECT_EQ(test.console->status().main(), " USB DMX Adapter Not Connected or Not Responding");
-}
-
-TEST_F(SendFrameTest, OksidizerFailureSetsNoneAndMovesAnOpenSetupListToNone) {
-  test.store().Adapter = 5;
-  Portsetup& setup = console->port_setup();
-  setup.Form_Load();
-  setup.Show();
-  libraries.oksid_status = 7;
-
-  console->output_devices().Send_Frame();
-
   ASSERT_EQ(test.dialogs.messages().size(), 1u);
   EXPECT_EQ(test.dialogs.messages()[0].text, " USB DMX Adapter Not Connected or Not Responding");
+  EXPECT_EQ(test.console->status().main(), " USB DMX Adapter Not Connected or Not Responding");
   EXPECT_EQ(test.store().Adapter, 0);
+
+  Portsetup& setup = console->port_setup();  // an open window follows to None
+  setup.Form_Load();
+  setup.Combo1_Click(5);
+  setup.Show();
+  test.store().Adapter = 5;
+  console->output_devices().Send_Frame();
   EXPECT_EQ(setup.Combo1_ListIndex(), 0);
   EXPECT_EQ(setup.Adapter_Name(), " None ");
   EXPECT_EQ(test.console->status().main(), " NO DMX OUT");  // the None selection speaks last
 }
 
-TEST_F(SendFrameTest, OpenDmxFromALoadedShowWithoutTheDeviceKeepsSearching) {
+// A headless log is the status line's history: it must never say the device is
+// connected while it is not.
+TEST_F(SendFrameTest, OpenDmxFromALoadedShowWithoutTheDeviceSearchesAndNeverSaysConnected) {
   device.unplug();
+  std::vector<std::string> said;
+  test.console->status().on_main_change([&](const std::string& text) { said.push_back(text); });
   test.store().Adapter = 3;
+  EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  searching")
+      << "not connected before the first open";
   tick();
   ASSERT_EQ(test.dialogs.messages().size(), 3u);  // shown once, before quiet mode
   EXPECT_EQ(test.dialogs.messages()[2].text, "Open Failed!");
-  EXPECT_EQ(test.console->status().main(), " Open USB Searching")
-      << "a device that never opened is not reported connected";
+  EXPECT_EQ(said, (std::vector<std::string>{"Failed To Close USB Device! ",
+                                            "Failed To Reset USB Device! ",
+                                            "Open USB Device Failed! ", " Open USB Searching"}));
   device.clear();
+  said.clear();
   tick();
   EXPECT_EQ(count("FT_Open(0)"), 1) << "searched again, quietly";
   EXPECT_EQ(test.dialogs.messages().size(), 3u);
+  EXPECT_TRUE(said.empty());
+  EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  searching");
   device.plug();
   device.clear();
   tick();
   EXPECT_EQ(count("FT_Write(512)"), 1) << "the frame goes out in the tick the device answers";
-  EXPECT_EQ(test.console->status().main(), " Open USB Connected");
+  EXPECT_EQ(said, std::vector<std::string>{" Open USB Connected"});
+  EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  connected");
 }
 
 // The Open DMX USB adapter chosen in the set-up window and saved.

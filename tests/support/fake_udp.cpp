@@ -13,10 +13,12 @@ std::optional<std::string> FakeUdp::bind(std::uint16_t port, const std::string&)
   return std::nullopt;
 }
 
-void FakeUdp::send(std::span<const std::uint8_t> datagram) {
-  if (!bound_port_) return;
+std::optional<std::string> FakeUdp::send(std::span<const std::uint8_t> datagram) {
+  if (!bound_port_) return "not bound";
+  if (send_error_) return send_error_;
   sent_.push_back({remote_host_, remote_port_, broadcast_allowed_,
                    std::vector<std::uint8_t>(datagram.begin(), datagram.end())});
+  return std::nullopt;
 }
 
 void FakeUdp::deliver(const std::vector<std::uint8_t>& datagram) {

@@ -26,13 +26,16 @@ class FakeUdp final : public UdpSocket {
   void set_remote_host(const std::string& host) override { remote_host_ = host; }
   void set_remote_port(std::uint16_t port) override { remote_port_ = port; }
   void set_broadcast(bool allowed) override { broadcast_allowed_ = allowed; }
-  void send(std::span<const std::uint8_t> datagram) override;
+  std::optional<std::string> send(std::span<const std::uint8_t> datagram) override;
   void on_datagram(DatagramHandler handler) override { handler_ = std::move(handler); }
 
   // The test's side.
   void set_local(std::string address) { local_address_ = std::move(address); }
   // The next bind fails with this description, as when the port is taken.
   void fail_next_bind(std::string description) { bind_error_ = std::move(description); }
+  // Every send fails with this description, nothing leaves, until recover().
+  void fail_sends(std::string description) { send_error_ = std::move(description); }
+  void recover() { send_error_.reset(); }
   void deliver(const std::vector<std::uint8_t>& datagram);
   std::optional<std::uint16_t> bound_port() const { return bound_port_; }
   bool broadcast_allowed() const { return broadcast_allowed_; }
@@ -42,6 +45,7 @@ class FakeUdp final : public UdpSocket {
  private:
   std::string local_address_ = "192.168.1.5";
   std::optional<std::string> bind_error_;
+  std::optional<std::string> send_error_;
   std::optional<std::uint16_t> bound_port_;
   std::string remote_host_;
   std::uint16_t remote_port_ = 0;
