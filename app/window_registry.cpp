@@ -1,5 +1,6 @@
 #include "app/channel_properties_window.h"
 #include "app/chases_window.h"
+#include "app/cue_editor_window.h"
 #include "app/desk_app.h"
 #include "app/main_desk_window.h"
 #include "app/output_monitor_window.h"
@@ -25,6 +26,7 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<PlaydeskWindow>(app));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Buttons));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Faders));
+  windows.push_back(std::make_unique<CueEditorWindow>(app));
   return windows;
 }
 

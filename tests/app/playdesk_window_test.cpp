@@ -110,3 +110,79 @@ TEST(FunctionSetupWindow, ShowsTheElementAndStoresOnOk) {
 }
 
 }  // namespace lumaris
+
+#include <QListWidget>
+
+#include "app/cue_editor_window.h"
+#include "playback/cue_editor.h"
+
+namespace lumaris {
+
+namespace {
+
+template <typename W>
+W& window_named(DeskApp& app, const std::string& name) {
+  for (const auto& w : app.windows()) {
+    if (w->name() == name) return static_cast<W&>(*w);
+  }
+  throw std::logic_error("no window " + name);
+}
+
+}  // namespace
+
+TEST(CueEditorWindow, EditCuesListsTheScreensAndItsSliderWritesTheLevelBack) {
+  DeskApp app;
+  app.start();
+  app.show_main_window();
+  Store& store = app.console().store();
+  store.Screens[1].Name = "Opening";
+  store.Screens[2].Name = "Close";
+  store.Screens[2].Preset[4] = 100;
+  store.Screen_Count = 3;
+  Playdesk& desk = app.console().playback_desk();
+  app.handle([&] { desk.Show(); });
+  playdesk_window(app).menu_action("nameedit")->trigger();
+  auto& window = window_named<CueEditorWindow>(app, "namedit");
+  ASSERT_TRUE(window.isVisible());
+  ASSERT_EQ(window.List1()->count(), 3);
+  EXPECT_EQ(window.List1()->item(1)->text(), QStringLiteral("2 Close"));
+  EXPECT_EQ(window.Next_Scn()->count(), 3);
+
+  window.List1()->setCurrentRow(1);
+  EXPECT_EQ(window.Text1()->text(), QStringLiteral("Close"));
+  ASSERT_EQ(window.List2()->count(), 1);
+  window.List2()->setCurrentRow(0);
+  EXPECT_EQ(window.Text5()->text(), QStringLiteral("100"));
+  window.Slider1()->setValue(180);  // on screen, fills from the bottom: level 180
+  EXPECT_EQ(store.Screens[2].Preset[4], 180);
+  EXPECT_EQ(window.List2()->item(0)->text(), QStringLiteral("Preset Channel 5 @ 180"));
+
+  window.Text1()->setText(QStringLiteral("Finale"));
+  emit window.Text1()->textEdited(QStringLiteral("Finale"));
+  window.Update()->click();
+  EXPECT_EQ(store.Screens[2].Name, "Finale");
+  EXPECT_EQ(window.List1()->item(1)->text(), QStringLiteral("2 Finale"));
+  EXPECT_EQ(playdesk_window(app).Status()->text(), QStringLiteral(" Cue's Updated"));
+
+  window.Save_and_Exit()->click();
+  EXPECT_FALSE(window.isVisible());
+}
+
+// The screenshot run prepares every window in turn on one console; none of them
+// may leave a change behind that a later screenshot shows.
+TEST(Screenshots, PreparingEveryWindowLeavesTheFreshPlaybackDeskAlone) {
+  DeskApp app;
+  app.start();
+  app.show_main_window();
+  for (const auto& window : app.windows()) {
+    app.handle([&] { window->prepare_screenshot(); });
+    for (const auto& variant : window->screenshot_variants()) app.handle(variant.second);
+  }
+  const Store& store = app.console().store();
+  for (int b = 0; b < kButtonsPerPage; ++b) EXPECT_EQ(store.Button_Functions[b].Function, kFunctionSubmix) << b;
+  auto& setup = window_named<FunctionSetupWindow>(app, "Button_Function_Form");
+  setup.sync();
+  EXPECT_EQ(setup.Fun_set()->currentText(), QStringLiteral("Submix"));
+}
+
+}  // namespace lumaris

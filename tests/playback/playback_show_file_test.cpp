@@ -1,0 +1,74 @@
+#include <gtest/gtest.h>
+
+#include "console/project/project_file.h"
+#include "tests/playback/playback_desk.h"
+#include "tests/support/show_builders.h"
+#include "tests/support/temp_folder.h"
+
+namespace lumaris {
+namespace {
+
+// A show with buttons and faders of every stored function on several pages,
+// recorded screens and named pages, loaded through the main desk's Load and
+// saved through Save As, as the operator does it.
+class PlaybackShowFile : public ::testing::Test {
+ protected:
+  PlaybackShowFile() {
+    d.t.dialogs.answer_file(test_data("playback_show.xml"));
+    d.t.console->main_desk().Menu_Click("LoadXML");
+  }
+
+  std::string save() {
+    const std::string path = folder.file("saved.xml");
+    d.t.dialogs.answer_file(path);
+    d.t.console->project_file().Save_As_Project();
+    return file_contents(path);
+  }
+
+  PlaybackDesk d;
+  TempFolder folder;
+};
+
+TEST_F(PlaybackShowFile, ALoadedShowIsOnThePlaybackDeskAndSavesBackUnchanged) {
+  const PlaybackPanel& panel = d.panel();
+  EXPECT_EQ(panel.buttons()[0].Command1, "Submix 3");
+  EXPECT_EQ(panel.buttons()[5].Command1, "Spot");
+  EXPECT_EQ(panel.buttons()[5].Command2, "Preset");
+  EXPECT_EQ(panel.buttons()[6].Command2, "Off") << "a button the file does not name is unused";
+  EXPECT_EQ(panel.faders()[0].Text5, "Submix 2");
+  EXPECT_EQ(d.desk->pages().Page_Details(), "Act 1");
+  d.desk->pages().Inc_Page_Click();
+  EXPECT_EQ(panel.buttons()[1].Command1, "Sea");
+  EXPECT_EQ(panel.faders()[1].Text6, "Seq 4 Step Timing");
+  EXPECT_EQ(d.desk->pages().Page_Details(), "Page 2");
+  d.desk->Menu_Click("nameedit");
+  EXPECT_EQ(d.desk->cue_editor().List1(), (std::vector<std::string>{"1 Opening", "2 Chase", "3 "}));
+
+  std::string expected = file_contents(test_data("playback_show.xml"));
+  expected.replace(expected.find("<Version>3</Version>"), 20, "<Version>4</Version>");  // every save counts
+  EXPECT_EQ(save(), expected);
+}
+
+TEST_F(PlaybackShowFile, WhatTheOperatorChangesOnThePlaybackDeskIsSaved) {
+  d.screens().Screen_Num_sel_Change(3);
+  d.screens().screen_txt_Change("Finale");
+  d.press(0);  // latched: stays on
+  d.release(0);
+  d.fader_to(0, 255);
+  d.screens().Screen_Prog_Click();
+
+  ButtonSetup& setup = d.desk->button_setup();
+  setup.Open(5);
+  setup.Slider1_Change(255 - 150);
+  setup.OK_Click();
+
+  d.desk->pages().Inc_Page_Click();
+  d.desk->pages().Page_Details_Change("Page 2");  // the default caption is not a name
+  d.desk->pages().Page_Details_Change("Act 2");
+
+  EXPECT_TRUE(d.store().Project_Changed);
+  EXPECT_EQ(save(), file_contents(test_data("playback_show_edited.xml")));
+}
+
+}  // namespace
+}  // namespace lumaris
