@@ -16,6 +16,8 @@
 #include "console/project/show_tools.h"
 #include "platform/headless_dialogs.h"
 #include "platform/qt/qt_scheduler.h"
+#include "playback/playdesk.h"
+#include "playback/run_mode.h"
 
 namespace {
 
@@ -48,11 +50,28 @@ bool display_available() {
   return set("DISPLAY") || set("WAYLAND_DISPLAY") || set("QT_QPA_PLATFORM");
 }
 
-void load_show(lumaris::Console& console, const std::string& show) {
-  if (show.empty()) return;
+bool load_show(lumaris::Console& console, const std::string& show) {
+  if (show.empty()) return false;
   if (!console.project_file().Load_File(show)) {
     std::cerr << "lumaris: could not load " << show << "\n";
+    return false;
   }
+  return true;
+}
+
+// --run: the console enters run mode as if Run_Switch were clicked, so that a
+// chain of Auto screens plays with nobody at the desk. Without a show there is
+// nothing to run.
+void load_and_run(lumaris::Console& console, const ProgramOptions& line) {
+  const bool loaded = load_show(console, line.show);
+  if (!line.run) return;
+  if (!loaded) {
+    std::cerr << "lumaris: --run needs a show\n";
+    return;
+  }
+  lumaris::Playdesk& desk = console.playback_desk();
+  desk.Show();
+  if (!console.store().Run_Mode) desk.run_mode().Run_Switch_Click();
 }
 
 // The console with no window: store, output cycle, adapters and Art-Net. Ends
@@ -82,7 +101,7 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
 
   scheduler.run_event([&] {
     console.start();
-    load_show(console, line.show);
+    load_and_run(console, line);
   });
   app.exec();
   console.shutdown();
@@ -98,7 +117,7 @@ int run_desktop(int argc, char** argv, const ProgramOptions& line) {
   platform.fill(services);
   lumaris::DeskApp desk(services);
   desk.start();
-  desk.handle([&] { load_show(desk.console(), line.show); });
+  desk.handle([&] { load_and_run(desk.console(), line); });
   desk.show_main_window();
   QTimer stop_watch;
   watch_for_stop_signals(stop_watch);

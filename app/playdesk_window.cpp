@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QSlider>
 #include <QSpinBox>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -18,6 +19,7 @@
 #include "app/widgets/colour_box.h"
 #include "app/widgets/log_slider_widget.h"
 #include "app/widgets/sync.h"
+#include "playback/run_mode.h"
 #include "playback/page_controls.h"
 #include "playback/playback_panel.h"
 #include "playback/playdesk.h"
@@ -116,8 +118,9 @@ PlaydeskWindow::PlaydeskWindow(DeskApp& app)
     const std::string text = page_text_->toPlainText().toStdString();
     handle([&](Playdesk& d) { d.pages().Page_text_Change(text); });
   });
+  layout->addWidget(build_run_row());
   layout->addWidget(build_bottom_row());
-  resize(1240, 760);
+  resize(1240, 800);
 }
 
 Window& PlaydeskWindow::model() { return desk(); }
@@ -291,8 +294,59 @@ QWidget* PlaydeskWindow::build_bottom_row() {
   return row;
 }
 
+// Run mode: Run/STOP, the two sides A and B, the crossfader (255 = side A up),
+// the next screen, Auto Take and the Instant Cues button.
+QWidget* PlaydeskWindow::build_run_row() {
+  auto* row = new QWidget(this);
+  auto* layout = new QHBoxLayout(row);
+  run_switch_ = plain_button(QStringLiteral("Run"), row, QStringLiteral("Select Run Mode"));
+  run_a_ = new QLabel(row);
+  run_a_->setMinimumWidth(140);
+  run_a_->setAutoFillBackground(true);
+  run_crossfade_ = new QSlider(Qt::Horizontal, row);
+  run_crossfade_->setRange(0, 255);
+  run_crossfade_->setToolTip(QStringLiteral("CrossFader"));
+  run_b_ = new QLabel(row);
+  run_b_->setMinimumWidth(140);
+  run_b_->setAutoFillBackground(true);
+  run_screen_sel_ = new QSpinBox(row);
+  run_screen_sel_->setRange(0, 199);
+  run_fade_time_ = new QLabel(row);
+  run_autotake_ = plain_button(QStringLiteral("Auto Take"), row, QStringLiteral("Auto Screen Change in Run Mode"));
+  instant_screens_ = plain_button(QStringLiteral("Instant Cues"), row, QStringLiteral("Select Instant Screen Pannel"));
+  layout->addWidget(run_switch_);
+  layout->addWidget(run_b_);
+  layout->addWidget(run_crossfade_, 1);
+  layout->addWidget(run_a_);
+  layout->addWidget(run_screen_sel_);
+  layout->addWidget(run_fade_time_);
+  layout->addWidget(run_autotake_);
+  layout->addWidget(instant_screens_);
+  connect(run_switch_, &QPushButton::clicked, [this] { handle([](Playdesk& d) { d.run_mode().Run_Switch_Click(); }); });
+  connect(run_autotake_, &QPushButton::clicked, [this] { handle([](Playdesk& d) { d.run_mode().Run_Autotake_Click(); }); });
+  connect(instant_screens_, &QPushButton::clicked, [this] { handle([](Playdesk& d) { d.Instant_screens_Click(); }); });
+  connect(run_crossfade_, &QSlider::valueChanged, [this](int v) { handle([v](Playdesk& d) { d.run_mode().Run_Crossfade_Change(v); }); });
+  connect(run_screen_sel_, &QSpinBox::valueChanged, [this](int v) { handle([v](Playdesk& d) { d.run_mode().Run_screen_sel_Change(v); }); });
+  return row;
+}
+
 void PlaydeskWindow::sync() {
   Playdesk& d = desk();
+  const RunMode& r = d.run_mode();
+  sync::text(run_switch_, r.Run_Switch_caption());
+  sync::background(run_switch_, r.Run_Switch_colour(), "QPushButton");
+  sync::text(run_autotake_, r.Run_Autotake_caption());
+  sync::background(run_autotake_, r.Run_Autotake_colour(), "QPushButton");
+  sync::text(run_a_, r.Run_A_Num().empty() ? std::string() : "A  " + r.Run_A_Num() + "  " + r.Run_A());
+  sync::text(run_b_, r.Run_B_Num().empty() ? std::string() : "B  " + r.Run_B_Num() + "  " + r.Run_B());
+  sync::background(run_a_, r.side_a_colour(), "QLabel");
+  sync::background(run_b_, r.side_b_colour(), "QLabel");
+  sync::value(run_crossfade_, r.Run_Crossfade());
+  sync::text(run_fade_time_, r.Run_Fade_Time());
+  if (run_screen_sel_->value() != r.Run_screen_sel()) {
+    const QSignalBlocker block(run_screen_sel_);
+    run_screen_sel_->setValue(r.Run_screen_sel());
+  }
   sync::title(this, d.caption());
   const ScreenPanel& s = d.screens();
   if (screen_sel_->value() != s.Screen_Num_sel()) {

@@ -15,6 +15,7 @@ class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QSlider;
 class QSpinBox;
 class QTextEdit;
 
@@ -45,6 +46,9 @@ class PlaydeskWindow final : public ToolWindow, public DeskWindow {
   QSpinBox* Screen_Num_sel() const { return screen_sel_; }
   QLineEdit* screen_txt() const { return screen_txt_; }
   QLineEdit* Status() const { return status_; }
+  QPushButton* Run_Switch() const { return run_switch_; }
+  QPushButton* Run_Autotake() const { return run_autotake_; }
+  QSlider* Run_Crossfade() const { return run_crossfade_; }
   QPushButton* Inc_Page(int k) const { return inc_page_[k]; }
   QLineEdit* Page_Details() const { return page_details_; }
   QAction* menu_action(const std::string& name) const;
@@ -69,6 +73,7 @@ class PlaydeskWindow final : public ToolWindow, public DeskWindow {
   QWidget* build_buttons();
   QWidget* build_faders();
   QWidget* build_bottom_row();
+  QWidget* build_run_row();
   void build_menus();
 
   DeskApp& app_;
@@ -92,6 +97,14 @@ class PlaydeskWindow final : public ToolWindow, public DeskWindow {
   LevelSlider* main_ = nullptr;
   LevelSlider* preset_ = nullptr;
   QLineEdit* status_ = nullptr;
+  QPushButton* run_switch_ = nullptr;
+  QPushButton* run_autotake_ = nullptr;
+  QPushButton* instant_screens_ = nullptr;
+  QLabel* run_a_ = nullptr;
+  QLabel* run_b_ = nullptr;
+  QSlider* run_crossfade_ = nullptr;
+  QSpinBox* run_screen_sel_ = nullptr;
+  QLabel* run_fade_time_ = nullptr;
   std::map<std::string, QAction*> actions_;
 };
 

@@ -11,6 +11,7 @@ std::string usage_text() {
          "  --screenshot DIR [SHOW] render every window to DIR/<window>.png and exit\n"
          "  --check SHOW            load SHOW into a fresh desk and report what it holds\n"
          "  --resave IN OUT         load IN into a fresh desk and save it whole as OUT\n"
+         "  --run                   with a show: enter run mode at start, so Auto screens play by themselves\n"
          "  --artnet-target ADDR    send Art-Net to ADDR instead of the broadcast address\n"
          "  --verbose               print the Art-Net log to stderr\n"
          "  --help                  show this text\n"
@@ -39,6 +40,8 @@ ProgramOptions parse_program_options(const std::vector<std::string>& args) {
       return line;
     } else if (arg == "--headless") {
       line.mode = ProgramOptions::Mode::Headless;
+    } else if (arg == "--run") {
+      line.run = true;
     } else if (arg == "--verbose") {
       line.verbose = true;
     } else if (arg == "--screenshot") {

@@ -15,6 +15,7 @@ struct ProgramOptions {
   std::string resave_out;       // --resave IN OUT
   std::optional<std::string> artnet_target;
   bool verbose = false;
+  bool run = false;             // --run: enter run mode once the show is loaded
   std::string error;
 };
 

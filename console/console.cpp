@@ -17,6 +17,7 @@
 #include "output/portsetup.h"
 #include "platform/posix_file_system.h"
 #include "platform/scheduler.h"
+#include "playback/instant_cues.h"
 #include "playback/playdesk.h"
 #include "sequence/chases.h"
 
@@ -56,6 +57,7 @@ Console::Console(const PlatformServices& services)
   const std::vector<OutputSink*> sinks{output_devices_.get(), art_net_.get()};
   output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
                                                 *output_monitor_, *playback_desk_, sinks);
+  playback_desk_->set_output_interval([this] { return output_timer_->interval(); });
   register_windows();
 }
 
@@ -77,7 +79,10 @@ void Console::register_windows() {
   Art_Config& art = *art_config_;
   const auto load_art = [&art] { art.Form_Load(); };
   w.add("Art_setup", {&art, load_art, load_art});
-  if (playback_desk_->available()) w.add("Playdesk", {playback_desk_.get(), {}, {}});
+  if (playback_desk_->available()) {
+    w.add("Playdesk", {playback_desk_.get(), {}, {}});
+    w.add("instant_screen", {&playback_desk_->instant_cues(), {}, {}});
+  }
 }
 
 Console::~Console() = default;

@@ -6,9 +6,11 @@
 #include "playback/button_setup.h"
 #include "playback/cue_editor.h"
 #include "playback/fader_setup.h"
+#include "playback/instant_cues.h"
 #include "playback/page_controls.h"
 #include "playback/playback_chases.h"
 #include "playback/playback_panel.h"
+#include "playback/run_mode.h"
 #include "playback/screen_panel.h"
 #include "playback/screen_table.h"
 
@@ -45,7 +47,25 @@ Playdesk::Playdesk(DeskContext& context, Hoofdblad& main_desk)
   button_setup_ = std::make_unique<ButtonSetup>(context, [this] { redraw(); });
   fader_setup_ = std::make_unique<FaderSetup>(context, [this] { redraw(); });
   chases_->on_chase_finished([this] { panel_->Refresh_Playback_Panel(); });
+  instant_ = std::make_unique<instant_screen>(
+      context, instant_screen::Desk{[this](int screen) { run_mode_->Autotake(screen); },
+                                    [this](int screen) { Open_Cue_Editor(screen); }});
+  RunMode::Desk run_desk;
+  run_desk.refresh_main_desk = panel_desk.refresh_main_desk;
+  run_desk.refresh_playback = [this] { redraw(); };
+  run_desk.set_preset_value = [this](int value) { Preset_Change(value); };
+  run_desk.show_screen = [this](int screen) { screens_->follow_screen(screen); };
+  run_desk.run_mode_changed = [this](bool on) {
+    screens_->set_run_mode(on);
+    if (instant_->visible()) instant_->Refresh_Instant_Panel();
+  };
+  run_mode_ = std::make_unique<RunMode>(context, *chases_, run_desk);
+  set_autotake([this](int screen) { run_mode_->Autotake(screen); });
 }
+
+void Playdesk::Instant_screens_Click() { instant_->Show(); }
+
+void Playdesk::set_output_interval(std::function<int()> interval) { run_mode_->set_output_interval(std::move(interval)); }
 
 Playdesk::~Playdesk() = default;
 

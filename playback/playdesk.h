@@ -19,6 +19,8 @@ class PlaybackChases;
 class CueEditor;
 class ButtonSetup;
 class FaderSetup;
+class RunMode;
+class instant_screen;
 
 // The playback desk `Playdesk`: the screen panel, the pages, the programmable
 // buttons and faders, the Main and Preset masters, Clear All and Clear, the
@@ -70,6 +72,13 @@ class Playdesk : public Window {
   CueEditor& cue_editor() { return *cue_editor_; }
   ButtonSetup& button_setup() { return *button_setup_; }
   FaderSetup& fader_setup() { return *fader_setup_; }
+  RunMode& run_mode() { return *run_mode_; }
+  const RunMode& run_mode() const { return *run_mode_; }
+  instant_screen& instant_cues() { return *instant_; }
+  // `Instant_screens` ("Instant Cues"): opens the instant cue window.
+  void Instant_screens_Click();
+  // The output cycle's interval, which paces automatic takes.
+  void set_output_interval(std::function<int()> interval);
 
  private:
   void cue_pressed(int screen);
@@ -89,6 +98,8 @@ class Playdesk : public Window {
   std::unique_ptr<CueEditor> cue_editor_;
   std::unique_ptr<ButtonSetup> button_setup_;
   std::unique_ptr<FaderSetup> fader_setup_;
+  std::unique_ptr<RunMode> run_mode_;
+  std::unique_ptr<instant_screen> instant_;
 };
 
 }  // namespace lumaris

@@ -45,6 +45,12 @@ class ScreenPanel {
 
   // Run mode disables recording, recall and the selector.
   void set_run_mode(bool run_mode) { run_mode_ = run_mode; }
+  // Run mode moves the selector to a screen without recalling it.
+  void follow_screen(int n) {
+    if (!ScreenTable::valid(n)) return;
+    current_ = n;
+    Show_Screen();
+  }
 
   int Current_Screen() const { return current_; }
   int Screen_Num_sel() const { return current_; }
