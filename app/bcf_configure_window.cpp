@@ -14,8 +14,7 @@
 namespace lumaris {
 
 namespace {
-constexpr const char* kHint =
-    "Plug in the BCF2000 by USB in its standard preset, then connect.";
+constexpr const char* kHint = "Plug in the BCF2000 by USB, then connect.";
 constexpr const char* kConnectCaption = "Connect";
 constexpr const char* kControlCaption = "BCF2000 Control";
 constexpr const char* kCloseCaption = "Close";
