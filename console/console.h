@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -37,6 +39,11 @@ class Portsetup;
 class D_ArtNet;
 class Art_Config;
 class ProjectFile;
+class OlaClient;
+class SacnOutput;
+class SacnConfig;
+class OlaOutput;
+class OlaConfig;
 
 // The outside world as the console sees it. Scheduler, dialogs and clock are
 // required; a missing hardware seam behaves as hardware that does not answer.
@@ -51,6 +58,11 @@ struct PlatformServices {
   Settings* settings = nullptr;
   std::ostream* diagnostics = nullptr;  // the Art-Net log and similar; null discards
   FileSystem* file_system = nullptr;    // null: the computer's own files
+  UdpSocket* sacn_socket = nullptr;
+  OlaClient* ola_client = nullptr;      // null: this program has no OLA
+  // Command-line choices for this run only; never saved.
+  std::optional<std::string> sacn_target;
+  std::optional<std::uint32_t> ola_universe;
 };
 
 // One console: the store, the platform seams and every window model, built and
@@ -93,6 +105,10 @@ class Console {
   D_ArtNet& art_net() { return *art_net_; }
   Art_Config& art_config() { return *art_config_; }
   ProjectFile& project_file() { return *project_file_; }
+  SacnOutput& sacn_output() { return *sacn_output_; }
+  SacnConfig& sacn_config() { return *sacn_config_; }
+  OlaOutput& ola_output() { return *ola_output_; }
+  OlaConfig& ola_config() { return *ola_config_; }
 
  private:
   void register_windows();
@@ -119,6 +135,10 @@ class Console {
   std::unique_ptr<OutputDevices> output_devices_;
   std::unique_ptr<Portsetup> port_setup_;
   std::unique_ptr<Art_Config> art_config_;
+  std::unique_ptr<SacnOutput> sacn_output_;
+  std::unique_ptr<SacnConfig> sacn_config_;
+  std::unique_ptr<OlaOutput> ola_output_;
+  std::unique_ptr<OlaConfig> ola_config_;
   std::unique_ptr<OutputCycle> output_cycle_;
 };
 
