@@ -82,7 +82,7 @@ TEST_F(OlaDesk, MissingOrVanishingOladIsRetriedOnceASecondWhileTheDeskRuns) {
   EXPECT_FALSE(olad.frames.empty());
 }
 
-TEST_F(OlaDesk, RunUniverseIsNotSavedAndABuildWithoutOlaRefusesToEnable) {
+TEST_F(OlaDesk, RunUniverseSendsAndIsNeverSaved) {
   desk.services.ola_universe = 7;
   build(&olad);
   tick();
