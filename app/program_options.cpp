@@ -13,6 +13,8 @@ std::string usage_text() {
          "  --resave IN OUT         load IN into a fresh desk and save it whole as OUT\n"
          "  --run                   with a show: enter run mode at start, so Auto screens play by themselves\n"
          "  --artnet-target ADDR    send Art-Net to ADDR instead of the broadcast address\n"
+         "  --sacn-target ADDR      this run only: send the sACN rows (or universe 1) to ADDR\n"
+         "  --ola-universe N        this run only: send the frame to universe N of the local olad\n"
          "  --verbose               print the Art-Net log to stderr\n"
          "  --help                  show this text\n"
          "  --version               show the version\n";
@@ -69,6 +71,22 @@ ProgramOptions parse_program_options(const std::vector<std::string>& args) {
                     "\"");
       }
       line.artnet_target = *target;
+    } else if (arg == "--sacn-target") {
+      const auto target = next();
+      if (!target || !is_unicast_target(*target)) {
+        return fail("--sacn-target needs an IPv4 address such as 127.0.0.1, not \"" +
+                    target.value_or("") + "\"");
+      }
+      line.sacn_target = *target;
+    } else if (arg == "--ola-universe") {
+      const auto universe = next();
+      const bool digits = universe && !universe->empty() && universe->size() <= 10 &&
+                          universe->find_first_not_of("0123456789") == std::string::npos;
+      if (!digits || std::stoull(*universe) > 0xFFFFFFFFull) {
+        return fail("--ola-universe needs an OLA universe number 0-4294967295, not \"" +
+                    universe.value_or("") + "\"");
+      }
+      line.ola_universe = static_cast<std::uint32_t>(std::stoull(*universe));
     } else if (arg.size() > 1 && arg[0] == '-') {
       return fail("unknown option " + arg);
     } else {

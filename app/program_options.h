@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +15,8 @@ struct ProgramOptions {
   std::string screenshot_dir;   // --screenshot DIR
   std::string resave_out;       // --resave IN OUT
   std::optional<std::string> artnet_target;
+  std::optional<std::string> sacn_target;     // --sacn-target ADDR, this run only
+  std::optional<std::uint32_t> ola_universe;  // --ola-universe N, this run only
   bool verbose = false;
   bool run = false;             // --run: enter run mode once the show is loaded
   std::string error;

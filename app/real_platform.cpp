@@ -5,6 +5,9 @@
 
 #include "net/art_net_node.h"
 #include "platform/linux/libftdi_d2xx.h"
+#ifdef LUMARIS_HAVE_OLA
+#include "platform/linux/ola_streaming_client.h"
+#endif
 #include "platform/linux/ppdev_port_io.h"
 #include "platform/linux/vendor_libraries.h"
 #include "platform/midi.h"
@@ -18,7 +21,12 @@ RealPlatform::RealPlatform(const ProgramOptions& line)
     : verbose_(line.verbose),
       d2xx_(std::make_unique<LibftdiD2xx>()),
       port_io_(std::make_unique<PpdevPortIo>(&std::cerr)),
-      adapter_libraries_(std::make_unique<VendorLibraries>()) {
+      adapter_libraries_(std::make_unique<VendorLibraries>()),
+      sacn_target_(line.sacn_target),
+      ola_universe_(line.ola_universe) {
+#ifdef LUMARIS_HAVE_OLA
+  ola_client_ = std::make_unique<OlaStreamingClient>();
+#endif
   // --artnet-target is the Destination field set from the command line: it is
   // kept, like the field, with this computer's settings. The parser has checked it.
 #ifdef LUMARIS_HAVE_RTMIDI
@@ -46,6 +54,10 @@ void RealPlatform::fill(PlatformServices& services) {
   services.diagnostics = verbose_ ? &std::cerr : nullptr;
   services.art_socket = &art_socket_;
   services.settings = &settings_;
+  services.sacn_socket = &sacn_socket_;
+  services.ola_client = ola_client_.get();
+  services.sacn_target = sacn_target_;
+  services.ola_universe = ola_universe_;
   services.d2xx = d2xx_.get();
   services.port_io = port_io_.get();
   services.adapter_libraries = adapter_libraries_.get();

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "app/program_options.h"
 #include "console/console.h"
 #include "platform/linux/posix_udp_socket.h"
+#include "platform/ola_client.h"
 #include "platform/qt/qt_settings.h"
 
 class QSocketNotifier;
@@ -39,6 +43,10 @@ class RealPlatform {
   std::unique_ptr<Midi> midi_;  // null where the program was built without RtMidi
   QtSettings settings_;
   PosixUdpSocket art_socket_;
+  PosixUdpSocket sacn_socket_;  // sends only; nothing is read from it
+  std::unique_ptr<OlaClient> ola_client_;
+  std::optional<std::string> sacn_target_;
+  std::optional<std::uint32_t> ola_universe_;
   std::unique_ptr<QSocketNotifier> art_notifier_;
 };
 

@@ -12,6 +12,8 @@
 #include "app/function_setup_window.h"
 #include "app/playdesk_window.h"
 #include "app/portsetup_window.h"
+#include "app/ola_config_window.h"
+#include "app/sacn_config_window.h"
 
 namespace lumaris {
 
@@ -25,6 +27,8 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<ChasesWindow>(app));
   windows.push_back(std::make_unique<ArtConfigWindow>(app));
   windows.push_back(std::make_unique<PortsetupWindow>(app));
+  windows.push_back(std::make_unique<SacnConfigWindow>(app));
+  windows.push_back(std::make_unique<OlaConfigWindow>(app));
   windows.push_back(std::make_unique<PlaydeskWindow>(app));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Buttons));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Faders));

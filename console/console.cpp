@@ -13,6 +13,10 @@
 #include "core/project_info.h"
 #include "net/art_config.h"
 #include "net/art_net_node.h"
+#include "net/sacn_config.h"
+#include "net/sacn_output.h"
+#include "output/ola_config.h"
+#include "output/ola_output.h"
 #include "output/output_devices.h"
 #include "output/portsetup.h"
 #include "platform/posix_file_system.h"
@@ -56,7 +60,14 @@ Console::Console(const PlatformServices& services)
   port_setup_ = std::make_unique<Portsetup>(*context_, *output_devices_, *output_timer_);
   output_devices_->set_setup_window(*port_setup_);
   art_config_ = std::make_unique<Art_Config>(*context_, *art_net_, *main_desk_);
-  const std::vector<OutputSink*> sinks{output_devices_.get(), art_net_.get()};
+  sacn_output_ = std::make_unique<SacnOutput>(*context_, services_.sacn_socket);
+  if (services_.sacn_target) sacn_output_->set_run_target(*services_.sacn_target);
+  sacn_config_ = std::make_unique<SacnConfig>(*context_, *sacn_output_);
+  ola_output_ = std::make_unique<OlaOutput>(*context_, services_.ola_client);
+  if (services_.ola_universe) ola_output_->set_run_universe(*services_.ola_universe);
+  ola_config_ = std::make_unique<OlaConfig>(*context_, *ola_output_);
+  const std::vector<OutputSink*> sinks{output_devices_.get(), art_net_.get(), sacn_output_.get(),
+                                       ola_output_.get()};
   output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
                                                 *output_monitor_, *playback_desk_, sinks);
   playback_desk_->set_output_interval([this] { return output_timer_->interval(); });
@@ -88,6 +99,12 @@ void Console::register_windows() {
   w.add("BCF", {&surface, [&surface] { surface.Form_Load(); }, {}});
   BCF_configure& surface_setup = *surface_setup_;
   w.add("BCF2000_setup", {&surface_setup, [&surface_setup] { surface_setup.Form_Load(); }, {}});
+  SacnConfig& sacn = *sacn_config_;
+  const auto load_sacn = [&sacn] { sacn.Form_Load(); };
+  w.add("sACN_setup", {&sacn, load_sacn, load_sacn});
+  OlaConfig& ola = *ola_config_;
+  const auto load_ola = [&ola] { ola.Form_Load(); };
+  w.add("OLA_setup", {&ola, load_ola, load_ola});
   if (playback_desk_->available()) {
     w.add("Playdesk", {playback_desk_.get(), {}, {}});
     w.add("instant_screen", {&playback_desk_->instant_cues(), {}, {}});

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -40,6 +42,11 @@ class Art_Config;
 class ProjectFile;
 class BCF;
 class BCF_configure;
+class OlaClient;
+class SacnOutput;
+class SacnConfig;
+class OlaOutput;
+class OlaConfig;
 
 // The outside world as the console sees it. Scheduler, dialogs and clock are
 // required; a missing hardware seam behaves as hardware that does not answer.
@@ -55,6 +62,11 @@ struct PlatformServices {
   Settings* settings = nullptr;
   std::ostream* diagnostics = nullptr;  // the Art-Net log and similar; null discards
   FileSystem* file_system = nullptr;    // null: the computer's own files
+  UdpSocket* sacn_socket = nullptr;
+  OlaClient* ola_client = nullptr;      // null: this program has no OLA
+  // Command-line choices for this run only; never saved.
+  std::optional<std::string> sacn_target;
+  std::optional<std::uint32_t> ola_universe;
 };
 
 // One console: the store, the platform seams and every window model, built and
@@ -99,6 +111,10 @@ class Console {
   ProjectFile& project_file() { return *project_file_; }
   BCF& surface() { return *surface_; }
   BCF_configure& surface_setup() { return *surface_setup_; }
+  SacnOutput& sacn_output() { return *sacn_output_; }
+  SacnConfig& sacn_config() { return *sacn_config_; }
+  OlaOutput& ola_output() { return *ola_output_; }
+  OlaConfig& ola_config() { return *ola_config_; }
 
  private:
   void register_windows();
@@ -125,6 +141,10 @@ class Console {
   std::unique_ptr<OutputDevices> output_devices_;
   std::unique_ptr<Portsetup> port_setup_;
   std::unique_ptr<Art_Config> art_config_;
+  std::unique_ptr<SacnOutput> sacn_output_;
+  std::unique_ptr<SacnConfig> sacn_config_;
+  std::unique_ptr<OlaOutput> ola_output_;
+  std::unique_ptr<OlaConfig> ola_config_;
   std::unique_ptr<OutputCycle> output_cycle_;
   std::unique_ptr<BCF> surface_;
   std::unique_ptr<BCF_configure> surface_setup_;

@@ -214,6 +214,8 @@ std::vector<MenuEntry> Hoofdblad::menu_entries() const {
       {"&Setup", "port_setup", "&Output Device Setup", windows.can_open("port_setup")},
       {"&Setup", "BCF2000_setup", "&BCF2000 Setup", windows.can_open("BCF2000_setup")},
       {"&Setup", "Art_setup", "&Art-Net Setup", windows.can_open("Art_setup")},
+      {"&Setup", "sACN_setup", "&sACN Setup", windows.can_open("sACN_setup")},
+      {"&Setup", "OLA_setup", "O&LA Output Setup", windows.can_open("OLA_setup")},
       {"&Help", "Aboutmenu", "&About", true},
   };
 }

@@ -52,6 +52,10 @@ std::optional<std::string> PosixUdpSocket::bind(std::uint16_t port,
     ::close(fd);
     return std::string(std::strerror(error));
   }
+  // A socket bound to one interface's address sends its multicast there too.
+  if (!local_address.empty()) {
+    ::setsockopt(fd, IPPROTO_IP, IP_MULTICAST_IF, &address.sin_addr, sizeof address.sin_addr);
+  }
   fd_ = fd;
   apply_broadcast();
   if (listener_) listener_(fd_);
