@@ -3,7 +3,6 @@
 #include <QSocketNotifier>
 #include <iostream>
 
-#include "net/art_net_node.h"
 #include "platform/linux/libftdi_d2xx.h"
 #include "platform/linux/ppdev_port_io.h"
 #include "platform/linux/vendor_libraries.h"
@@ -15,9 +14,6 @@ RealPlatform::RealPlatform(const ProgramOptions& line)
       d2xx_(std::make_unique<LibftdiD2xx>()),
       port_io_(std::make_unique<PpdevPortIo>(&std::cerr)),
       adapter_libraries_(std::make_unique<VendorLibraries>()) {
-  // --artnet-target is the Destination field set from the command line: it is
-  // kept, like the field, with this computer's settings. The parser has checked it.
-  if (line.artnet_target) settings_.write(D_ArtNet::kDestinationSetting, *line.artnet_target);
   art_socket_.on_descriptor_change([this](int descriptor) { watch_art_socket(descriptor); });
 }
 
