@@ -12,6 +12,7 @@
 #include "app/desk_app.h"
 #include "app/palette.h"
 #include "app/real_platform.h"
+#include "app/screenshot_names.h"
 #include "core/main_desk.h"
 #include "console/project/project_file.h"
 #include "console/project/show_tools.h"
@@ -149,7 +150,7 @@ int run_desktop(int argc, char** argv, const ProgramOptions& line) {
   return code;
 }
 
-// Renders every window offscreen to DIR/<window name>.png.
+// Renders every window offscreen to DIR/<label>_<window name>.png.
 int run_screenshots(int argc, char** argv, const ProgramOptions& line) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
@@ -172,7 +173,8 @@ int run_screenshots(int argc, char** argv, const ProgramOptions& line) {
     QWidget* widget = window.widget();
     widget->show();
     QCoreApplication::processEvents();
-    const QString path = dir.filePath(QString::fromStdString(window.name() + suffix) + ".png");
+    const std::string file = lumaris::screenshot_file_name(window.name(), window.model().caption());
+    const QString path = dir.filePath(QString::fromStdString(file + suffix) + ".png");
     if (widget->grab().save(path)) {
       std::cout << path.toStdString() << "\n";
     } else {

@@ -8,7 +8,7 @@ std::string usage_text() {
   return "Usage: lumaris [options] [SHOW]\n"
          "  SHOW                    a show file (.xml) to load at start\n"
          "  --headless [SHOW]       run without a window: output cycle, adapters and Art-Net\n"
-         "  --screenshot DIR [SHOW] render every window to DIR/<window>.png and exit\n"
+         "  --screenshot DIR [SHOW] render every window to DIR/<name>_<window>.png and exit\n"
          "  --check SHOW            load SHOW into a fresh desk and report what it holds\n"
          "  --resave IN OUT         load IN into a fresh desk and save it whole as OUT\n"
          "  --run                   with a show: enter run mode at start, so Auto screens play by themselves\n"
