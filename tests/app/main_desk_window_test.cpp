@@ -55,6 +55,14 @@ TEST_F(MainDeskWindowTest, ModelChangesReachTheWidgetsAndAbsentWindowsAreDisable
   EXPECT_TRUE(window().menu_action("editpatch")->isEnabled());
 }
 
+TEST_F(MainDeskWindowTest, DoubleClickAndRightPressOpenTheChannelOfTheShownPage) {
+  QTest::mouseClick(window().Inc_Channel(), Qt::LeftButton);
+  QTest::mouseDClick(window().Text1(3), Qt::LeftButton);
+  EXPECT_EQ(store().Edit_Channel, 35) << "page 1 strip 3 is channel 36";
+  QTest::mousePress(window().Slider1(5), Qt::RightButton);
+  EXPECT_EQ(store().Edit_Channel, 37);
+}
+
 TEST_F(MainDeskWindowTest, ClickingALevelBoxSelectsItAndTheSubmixLabelFollowsTheDesk) {
   QLineEdit* level = window().Text1(3);
   QTest::mouseClick(level, Qt::LeftButton);

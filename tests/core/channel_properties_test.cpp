@@ -47,7 +47,9 @@ TEST_F(ChannelPropertiesTest, ListsTheSixLowestSlotsAndPagingStopsAtTheEnds) {
   open(11);
   const char* expected[] = {"4", "8", "12", "65", "101", "201"};
   for (int i = 0; i < 6; ++i) EXPECT_EQ(properties->Show_DMX(i), expected[i]) << i;
+  store().Project_Changed = false;
   properties->Pannel_Inc_Click();  // a channel on one slot empties the other boxes
+  EXPECT_TRUE(store().Project_Changed) << "paging marks the project changed";
   EXPECT_EQ(properties->Show_DMX(0), "13");
   for (int i = 1; i < 6; ++i) EXPECT_EQ(properties->Show_DMX(i), "") << i;
 
@@ -79,7 +81,9 @@ TEST_F(ChannelPropertiesTest, AFiveCharacterNameIsCutToFourCharactersAfterTheWar
 
 TEST_F(ChannelPropertiesTest, DescriptionAndColourReachTheDesk) {
   open(4);
+  store().Project_Changed = false;
   properties->Channel_Description_Change("Cyc blue");
+  EXPECT_TRUE(store().Project_Changed);
   EXPECT_EQ(strip(4).Text3_tooltip, " Ch 5 5");  // not yet redrawn
   properties->Channel_Description_Validate();
   EXPECT_EQ(strip(4).Text3_tooltip, " Ch 5 Cyc blue");

@@ -92,6 +92,34 @@ TEST_F(MainDeskTest, ExitAsksOnlyWhenTheShowIsUnsaved) {
   EXPECT_FALSE(t.console->output_cycle().Timer1().enabled()) << "the exit path stops output";
 }
 
+TEST_F(MainDeskTest, PagingClearAndChannelPropertiesActOnTheWholeDesk) {
+  desk().Inc_Channel_Click();
+  desk().Open_Channel_Properties(3);
+  EXPECT_EQ(store().Edit_Channel, 35) << "page 1 strip 3 is channel 36";
+  desk().Dec_Channels_Click();
+  EXPECT_FALSE(desk().Dec_Channels_enabled()) << "back on page 0";
+  EXPECT_TRUE(desk().Inc_Channel_enabled());
+
+  store().Desk_Level[40] = 90;  // a channel of the page not on show
+  desk().Clearall_Click();
+  EXPECT_EQ(store().Desk_Level[40], 0);
+}
+
+TEST_F(MainDeskTest, ResetBringsMastersTitleAndPlaybackDeskBackToStart) {
+  desk().channels_Change(100);
+  desk().Submix_Master_Change(30);
+  store().Project_Title = "Hamlet";
+  store().Playback_Button_State[2] = true;
+  store().Playback_Fader_Level[1] = 200;
+  t.dialogs.answer_message(MessageResult::Ok);
+  desk().resetdesk_Click();
+  EXPECT_EQ(desk().channels_value(), 0);
+  EXPECT_EQ(desk().submix_master_value(), 255);
+  EXPECT_EQ(store().Project_Title, "untitled");
+  EXPECT_FALSE(store().Playback_Button_State[2]);
+  EXPECT_EQ(store().Playback_Fader_Level[1], 0);
+}
+
 TEST_F(MainDeskTest, StartUpAndResetLeaveThePanelAsTheirStepsSay) {
   for (int round = 0; round < 2; ++round) {
     EXPECT_EQ(desk().strips()[4].Slider1_tooltip, "level on channel 5");

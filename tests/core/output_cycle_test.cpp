@@ -138,5 +138,47 @@ TEST_F(OutputCycleTest, FailedTickPaintsIndicatorBlackAndNextTickStartsAfresh) {
   EXPECT_EQ(slot(1), 120);
 }
 
+TEST_F(OutputCycleTest, MastersAndTheSubmixRoundToTheNearestLevel) {
+  desk().Slider1_Change(0, 255 - 200);  // channel 1 at 200
+  desk().channels_Change(128);          // 200 * 127 / 255 = 99.6
+  tick();
+  EXPECT_EQ(slot(1), 100);
+
+  desk().channels_Change(0);
+  desk().Main_Change(128);
+  tick();
+  EXPECT_EQ(slot(1), 100) << "the grand master rounds as well";
+
+  desk().Main_Change(0);
+  store().Desk_Level[0] = 0;
+  store().Desk_Level[1] = 200;
+  desk().Submix_Prog_Click();  // submix 1: channel 2 at 200
+  store().Desk_Level[1] = 0;
+  desk().Submix_Master_Change(128);
+  tick();
+  EXPECT_EQ(slot(2), 100) << "a submix under a half-way master rounds";
+}
+
+TEST_F(OutputCycleTest, OnlyLevelsTheFrameCannotHoldFailTheTick) {
+  store().Patch[3] = 65;  // the always-dark entry: a valid patch
+  tick();
+  EXPECT_FALSE(t.console->output_cycle().last_tick_failed());
+  EXPECT_EQ(slot(4), 0);
+
+  store().Patch[3] = 66;
+  tick();
+  EXPECT_TRUE(t.console->output_cycle().last_tick_failed()) << "no channel 66";
+  store().Patch[3] = 1;
+
+  // Every source of channel 1 below zero: nothing can be sent for it.
+  store().Desk_Level[0] = -5;
+  store().Chase_Out[0] = -5;
+  store().Playback_Seq_Out[0] = -5;
+  store().Playback_Live_Out[0] = -5;
+  t.console->output_cycle().Timer1_Tick();  // before the playback desk's timer rebuilds its levels
+  EXPECT_TRUE(t.console->output_cycle().last_tick_failed());
+  EXPECT_EQ(desk().Picture2(), kBlack);
+}
+
 }  // namespace
 }  // namespace lumaris

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "playback/playback_panel.h"
+#include "playback/playdesk.h"
+
 #include "core/main_desk.h"
 #include "tests/support/test_console.h"
 
@@ -55,6 +58,18 @@ TEST_F(SubmixTest, RecallRestoresExactlyTheProgrammedLevelsAndZeroesTheRest) {
   EXPECT_EQ(desk().strips()[8].Slider1, 40) << "page 1 fader 8 is channel 41";
   EXPECT_EQ(desk().strips()[8].Text1, "215");
   EXPECT_EQ(desk().Status(), " Submix 0 Recalled");
+}
+
+TEST_F(SubmixTest, AllSixtyFourChannelsComeBackAndThePlaybackDeskShowsTheNewName) {
+  for (int ch = 0; ch < kDeskChannels; ++ch) store().Desk_Level[ch] = static_cast<std::int16_t>(ch + 1);
+  desk().Submix_Text_Change("Everything");
+  desk().Submix_Prog_Click();
+  EXPECT_EQ(t.console->playback_desk().panel().buttons()[0].Command1, "Everything")
+      << "the playback button of submix 1 shows its new name";
+  store().Desk_Level.fill(0);
+  desk().Submix_Recal_Click();
+  EXPECT_EQ(store().Desk_Level[63], 64) << "the 64th entry is recalled too";
+  EXPECT_EQ(store().Desk_Level[0], 1);
 }
 
 TEST_F(SubmixTest, SelectionWrapsAtBothEndsAndShowsNameAndColour) {
