@@ -17,7 +17,7 @@ if [ ${#missing[@]} -eq 0 ]; then exit 0; fi
 sudo_cmd=""
 if [ "$(id -u)" -ne 0 ]; then
   if ! command -v sudo >/dev/null 2>&1; then
-    echo "Lumaris needs ${#missing[@]} Debian packages installed once, as root; run: su -c \"apt-get install -y ${missing[*]}\"" >&2
+    echo "Missing Debian packages and no sudo here: run once as root  su -c \"apt-get install -y ${missing[*]}\"  then again" >&2
     exit 1
   fi
   sudo_cmd="sudo"
