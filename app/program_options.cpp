@@ -8,16 +8,27 @@ std::string usage_text() {
   return "Usage: lumaris [options] [SHOW]\n"
          "  SHOW                    a show file (.xml) to load at start\n"
          "  --headless [SHOW]       run without a window: output cycle, adapters and Art-Net\n"
-         "  --screenshot DIR [SHOW] render every window to DIR/<window>.png and exit\n"
+         "  --screenshot DIR [SHOW] render every window to DIR/<name>_<window>.png and exit\n"
          "  --check SHOW            load SHOW into a fresh desk and report what it holds\n"
          "  --resave IN OUT         load IN into a fresh desk and save it whole as OUT\n"
          "  --run                   with a show: enter run mode at start, so Auto screens play by themselves\n"
-         "  --artnet-target ADDR    send Art-Net to ADDR instead of the broadcast address\n"
+         "  --artnet-target ADDR    this run only: send Art-Net to ADDR instead of the broadcast\n"
+         "                          address (\"\" = broadcast); Art-Net Setup keeps a lasting one\n"
          "  --sacn-target ADDR      this run only: send the sACN rows (or universe 1) to ADDR\n"
          "  --ola-universe N        this run only: send the frame to universe N of the local olad\n"
          "  --verbose               print the Art-Net log to stderr\n"
          "  --help                  show this text\n"
          "  --version               show the version\n";
+}
+
+std::string artnet_target_not_an_address(const std::string& target) {
+  return "--artnet-target needs an IPv4 address such as 127.0.0.1, not \"" + target + "\"";
+}
+
+std::string artnet_target_broadcast(const std::string& target) {
+  return "--artnet-target " + target +
+         " is a broadcast address, not one node; give the node's own address, or leave the "
+         "option out to broadcast";
 }
 
 ProgramOptions parse_program_options(const std::vector<std::string>& args) {
@@ -66,9 +77,9 @@ ProgramOptions parse_program_options(const std::vector<std::string>& args) {
     } else if (arg == "--artnet-target") {
       const auto target = next();
       if (!target) return fail("--artnet-target needs an IPv4 address");
+      if (is_known_broadcast(*target)) return fail(artnet_target_broadcast(*target));
       if (!target->empty() && !is_unicast_target(*target)) {
-        return fail("--artnet-target needs an IPv4 address such as 127.0.0.1, not \"" + *target +
-                    "\"");
+        return fail(artnet_target_not_an_address(*target));
       }
       line.artnet_target = *target;
     } else if (arg == "--sacn-target") {

@@ -24,5 +24,8 @@ struct ProgramOptions {
 
 ProgramOptions parse_program_options(const std::vector<std::string>& args);
 std::string usage_text();
+// Why --artnet-target refuses its address, in one line.
+std::string artnet_target_not_an_address(const std::string& target);
+std::string artnet_target_broadcast(const std::string& target);
 
 }  // namespace lumaris

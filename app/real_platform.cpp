@@ -3,7 +3,6 @@
 #include <QSocketNotifier>
 #include <iostream>
 
-#include "net/art_net_node.h"
 #include "platform/linux/libftdi_d2xx.h"
 #ifdef LUMARIS_HAVE_OLA
 #include "platform/linux/ola_streaming_client.h"
@@ -27,12 +26,9 @@ RealPlatform::RealPlatform(const ProgramOptions& line)
 #ifdef LUMARIS_HAVE_OLA
   ola_client_ = std::make_unique<OlaStreamingClient>();
 #endif
-  // --artnet-target is the Destination field set from the command line: it is
-  // kept, like the field, with this computer's settings. The parser has checked it.
 #ifdef LUMARIS_HAVE_RTMIDI
   midi_ = std::make_unique<RtMidiMidi>();
 #endif
-  if (line.artnet_target) settings_.write(D_ArtNet::kDestinationSetting, *line.artnet_target);
   art_socket_.on_descriptor_change([this](int descriptor) { watch_art_socket(descriptor); });
 }
 

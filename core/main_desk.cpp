@@ -25,6 +25,22 @@ constexpr const char* kExitWindowStatus = " Exit";
 constexpr const char* kAboutTitle = " About Lumaris";
 constexpr const char* kAboutText =
     "Lumaris " LUMARIS_VERSION "\nA lighting console for one DMX512 universe.";
+constexpr const char* kKeysTitle = " Keyboard and keypad";
+constexpr const char* kKeysText =
+    "Keypad, with the main desk or the Command Line window in front (Num Lock on;\n"
+    "* is Thru, . is At, / marks a playback fader):\n"
+    "  5 . 50 Enter: channel 5 at 50 %\n"
+    "  1 * 8 . 000: channels 1 to 8 at full (three zeros need no Enter)\n"
+    "  1 + 3 + 5 . 30 Enter: channels 1, 3 and 5 at 30 %\n"
+    "  4 / . 75 Enter: playback fader 4 at 75 %\n"
+    "  12 Enter: the level of channel 12 (4 / Enter: of playback fader 4)\n"
+    "  C 7 Enter: screen 7 (in run mode: a take to it)\n"
+    "  . . clears the line; Backspace empties the number being typed\n"
+    "\n"
+    "Menus: Alt and the underlined letter (Alt+F File, Alt+E Edit, Alt+D Desks,\n"
+    "Alt+S Setup, Alt+H Help).\n"
+    "Fields with a Set button (Art-Net destination): Enter sets.\n"
+    "Without a window (lumaris --headless): Ctrl-C ends the console cleanly.";
 }  // namespace
 
 Hoofdblad::Hoofdblad(DeskContext& context) : Window(kMainDeskCaption), context_(context) {}
@@ -216,6 +232,7 @@ std::vector<MenuEntry> Hoofdblad::menu_entries() const {
       {"&Setup", "Art_setup", "&Art-Net Setup", windows.can_open("Art_setup")},
       {"&Setup", "sACN_setup", "&sACN Setup", windows.can_open("sACN_setup")},
       {"&Setup", "OLA_setup", "O&LA Output Setup", windows.can_open("OLA_setup")},
+      {"&Help", "Keys_Help", "&Keyboard and keypad", true},
       {"&Help", "Aboutmenu", "&About", true},
   };
 }
@@ -255,6 +272,8 @@ void Hoofdblad::Menu_Click(const std::string& name) {
     resetdesk_Click();
   } else if (name == "eruit") {
     eruit_Click();
+  } else if (name == "Keys_Help") {
+    context_.dialogs().message({kKeysTitle, kKeysText, MessageIcon::Information});
   } else if (name == "Aboutmenu") {
     context_.dialogs().message({kAboutTitle, kAboutText, MessageIcon::Information});
   } else {
