@@ -2,11 +2,11 @@
 
 #include <memory>
 
-#include "console/project/atomic_save.h"
+#include "platform/atomic_save.h"
 #include "console/project/project_file.h"
 #include "console/project/project_reader.h"
 #include "console/project/project_writer.h"
-#include "console/project/windows_1252.h"
+#include "base/windows_1252.h"
 #include "core/store.h"
 #include "platform/clock.h"
 #include "platform/posix_file_system.h"
