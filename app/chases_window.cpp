@@ -1,6 +1,7 @@
 #include "app/chases_window.h"
 
 #include <QAction>
+#include <algorithm>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -302,9 +303,15 @@ void ChasesWindow::sync() {
   // The window widens by the panel when it shows and narrows again when it hides.
   const bool shown = d.Moving_Shown();
   if (moving_panel_->isVisibleTo(this) != shown) {
-    const int extra = moving_panel_->sizeHint().width();
+    if (shown) narrow_size_ = size();
     moving_panel_->setVisible(shown);
-    resize(width() + (shown ? extra : -extra), height());
+    layout()->activate();  // the new minimum first, or the resize is refused
+    if (shown) {
+      resize(std::max(width(), narrow_size_.width() + moving_panel_->sizeHint().width()),
+             std::max(height(), sizeHint().height()));
+    } else {
+      resize(narrow_size_);
+    }
   }
   if (shown) moving_panel_->sync();
 }

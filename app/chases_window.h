@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#include <QSize>
+
 #include "app/desk_window.h"
 #include "app/widgets/level_slider.h"
 #include "app/widgets/tool_window.h"
@@ -98,6 +100,7 @@ class ChasesWindow final : public ToolWindow, public DeskWindow {
   QProgressBar* step_bar_ = nullptr;
   QPushButton* show_moving_ = nullptr;
   MovingPanelWidget* moving_panel_ = nullptr;
+  QSize narrow_size_;
   std::map<std::string, QAction*> actions_;
 };
 
