@@ -8,6 +8,7 @@
 #include "app/project_info_window.h"
 #include "app/art_config_window.h"
 #include "app/function_setup_window.h"
+#include "app/instant_screen_window.h"
 #include "app/playdesk_window.h"
 #include "app/portsetup_window.h"
 
@@ -27,6 +28,7 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Buttons));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Faders));
   windows.push_back(std::make_unique<CueEditorWindow>(app));
+  windows.push_back(std::make_unique<InstantScreenWindow>(app));
   return windows;
 }
 
