@@ -23,7 +23,10 @@ class SlotButton : public QPushButton {
   SlotButton(QWidget* parent, Handler click) : QPushButton(parent), click_(std::move(click)) {
     setFocusPolicy(Qt::NoFocus);
     setMinimumSize(120, 72);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    // Hidden slots keep their place, so a slot sits where the operator learnt it.
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
     QFont big = font();
     big.setPointSizeF(big.pointSizeF() * 1.3);
     big.setBold(true);
