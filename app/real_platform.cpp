@@ -7,6 +7,10 @@
 #include "platform/linux/libftdi_d2xx.h"
 #include "platform/linux/ppdev_port_io.h"
 #include "platform/linux/vendor_libraries.h"
+#include "platform/midi.h"
+#ifdef LUMARIS_HAVE_RTMIDI
+#include "platform/linux/rtmidi_midi.h"
+#endif
 
 namespace lumaris {
 
@@ -17,6 +21,9 @@ RealPlatform::RealPlatform(const ProgramOptions& line)
       adapter_libraries_(std::make_unique<VendorLibraries>()) {
   // --artnet-target is the Destination field set from the command line: it is
   // kept, like the field, with this computer's settings. The parser has checked it.
+#ifdef LUMARIS_HAVE_RTMIDI
+  midi_ = std::make_unique<RtMidiMidi>();
+#endif
   if (line.artnet_target) settings_.write(D_ArtNet::kDestinationSetting, *line.artnet_target);
   art_socket_.on_descriptor_change([this](int descriptor) { watch_art_socket(descriptor); });
 }
@@ -42,6 +49,7 @@ void RealPlatform::fill(PlatformServices& services) {
   services.d2xx = d2xx_.get();
   services.port_io = port_io_.get();
   services.adapter_libraries = adapter_libraries_.get();
+  services.midi = midi_.get();
 }
 
 }  // namespace lumaris

@@ -14,9 +14,10 @@ namespace lumaris {
 class LibftdiD2xx;
 class PpdevPortIo;
 class VendorLibraries;
+class Midi;
 
 // The product's own hardware and network seams (FTDI, parallel port, vendor
-// libraries, the Art-Net socket, settings), owned for the life of the program.
+// libraries, the Art-Net socket, MIDI, settings), owned for the life of the program.
 // Needs the Qt application object to exist.
 class RealPlatform {
  public:
@@ -35,6 +36,7 @@ class RealPlatform {
   std::unique_ptr<LibftdiD2xx> d2xx_;
   std::unique_ptr<PpdevPortIo> port_io_;
   std::unique_ptr<VendorLibraries> adapter_libraries_;
+  std::unique_ptr<Midi> midi_;  // null where the program was built without RtMidi
   QtSettings settings_;
   PosixUdpSocket art_socket_;
   std::unique_ptr<QSocketNotifier> art_notifier_;

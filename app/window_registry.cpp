@@ -7,6 +7,8 @@
 #include "app/patch_editor_window.h"
 #include "app/project_info_window.h"
 #include "app/art_config_window.h"
+#include "app/bcf_configure_window.h"
+#include "app/bcf_window.h"
 #include "app/function_setup_window.h"
 #include "app/instant_screen_window.h"
 #include "app/playdesk_window.h"
@@ -29,6 +31,8 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Faders));
   windows.push_back(std::make_unique<CueEditorWindow>(app));
   windows.push_back(std::make_unique<InstantScreenWindow>(app));
+  windows.push_back(std::make_unique<BcfConfigureWindow>(app));
+  windows.push_back(std::make_unique<BcfWindow>(app));
   return windows;
 }
 

@@ -20,6 +20,8 @@
 #include "playback/instant_cues.h"
 #include "playback/playdesk.h"
 #include "sequence/chases.h"
+#include "surface/bcf.h"
+#include "surface/bcf_configure.h"
 
 namespace lumaris {
 
@@ -58,6 +60,9 @@ Console::Console(const PlatformServices& services)
   output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
                                                 *output_monitor_, *playback_desk_, sinks);
   playback_desk_->set_output_interval([this] { return output_timer_->interval(); });
+  surface_ = std::make_unique<BCF>(*context_, services_.midi, *main_desk_, *playback_desk_);
+  surface_setup_ = std::make_unique<BCF_configure>(*context_, *surface_);
+  links_->attach_surface(surface_.get());
   register_windows();
 }
 
@@ -79,6 +84,10 @@ void Console::register_windows() {
   Art_Config& art = *art_config_;
   const auto load_art = [&art] { art.Form_Load(); };
   w.add("Art_setup", {&art, load_art, load_art});
+  BCF& surface = *surface_;
+  w.add("BCF", {&surface, [&surface] { surface.Form_Load(); }, {}});
+  BCF_configure& surface_setup = *surface_setup_;
+  w.add("BCF2000_setup", {&surface_setup, [&surface_setup] { surface_setup.Form_Load(); }, {}});
   if (playback_desk_->available()) {
     w.add("Playdesk", {playback_desk_.get(), {}, {}});
     w.add("instant_screen", {&playback_desk_->instant_cues(), {}, {}});
@@ -99,6 +108,7 @@ void Console::shutdown() {
   if (shut_down_) return;
   shut_down_ = true;
   output_cycle_->stop();
+  surface_->Form_Unload();
 }
 
 }  // namespace lumaris

@@ -17,6 +17,7 @@ class D2xx;
 class PortIo;
 class AdapterLibraries;
 class UdpSocket;
+class Midi;
 class Settings;
 class FileSystem;
 class Timer;
@@ -37,6 +38,8 @@ class Portsetup;
 class D_ArtNet;
 class Art_Config;
 class ProjectFile;
+class BCF;
+class BCF_configure;
 
 // The outside world as the console sees it. Scheduler, dialogs and clock are
 // required; a missing hardware seam behaves as hardware that does not answer.
@@ -48,6 +51,7 @@ struct PlatformServices {
   PortIo* port_io = nullptr;
   AdapterLibraries* adapter_libraries = nullptr;
   UdpSocket* art_socket = nullptr;
+  Midi* midi = nullptr;                 // null: no MIDI, so no control surface
   Settings* settings = nullptr;
   std::ostream* diagnostics = nullptr;  // the Art-Net log and similar; null discards
   FileSystem* file_system = nullptr;    // null: the computer's own files
@@ -93,6 +97,8 @@ class Console {
   D_ArtNet& art_net() { return *art_net_; }
   Art_Config& art_config() { return *art_config_; }
   ProjectFile& project_file() { return *project_file_; }
+  BCF& surface() { return *surface_; }
+  BCF_configure& surface_setup() { return *surface_setup_; }
 
  private:
   void register_windows();
@@ -120,6 +126,8 @@ class Console {
   std::unique_ptr<Portsetup> port_setup_;
   std::unique_ptr<Art_Config> art_config_;
   std::unique_ptr<OutputCycle> output_cycle_;
+  std::unique_ptr<BCF> surface_;
+  std::unique_ptr<BCF_configure> surface_setup_;
 };
 
 }  // namespace lumaris

@@ -88,7 +88,7 @@ void Hoofdblad::set_level(int i, int level) {
   strips_[i].Slider1 = 255 - level;
   strips_[i].Text1 = std::to_string(level);
   store.Desk_Level[ch] = static_cast<std::int16_t>(level);
-  if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(ch, level);
+  if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(i, level);
 }
 
 void Hoofdblad::Slider1_Change(int i, int value) {
@@ -116,6 +116,7 @@ void Hoofdblad::Inc_Channel_Click() {
   if (store.Fader_Page < 1) ++store.Fader_Page;
   if (store.Fader_Page == 1) inc_channel_enabled_ = false;
   Refresh_Desk_Panel();
+  send_page_to_surface();
   context_.status().show_main(" Faders " + str_number(store.Fader_Page) + " Selected");
 }
 
@@ -125,7 +126,15 @@ void Hoofdblad::Dec_Channels_Click() {
   if (store.Fader_Page > 0) --store.Fader_Page;
   if (store.Fader_Page == 0) dec_channels_enabled_ = false;
   Refresh_Desk_Panel();
+  send_page_to_surface();
   context_.status().show_main(" Faders " + str_number(store.Fader_Page) + " Selected");
+}
+
+// The surface's faders are the strips of the page on show: they follow a page change.
+void Hoofdblad::send_page_to_surface() {
+  const Store& store = context_.store();
+  if (store.BCF_Mode != 1) return;
+  for (int i = 0; i < kStrips; ++i) context_.surface().BCF_Fader_Update(i, store.Desk_Level[channel_of(i)]);
 }
 
 void Hoofdblad::Clearall_Click() {
@@ -136,7 +145,7 @@ void Hoofdblad::Clearall_Click() {
   }
   std::fill(store.Desk_Level.begin(), store.Desk_Level.begin() + kDeskChannels, 0);
   if (store.BCF_Mode == 1) {
-    for (int ch = 0; ch < kDeskChannels; ++ch) context_.surface().BCF_Fader_Update(ch, 0);
+    for (int i = 0; i < kStrips; ++i) context_.surface().BCF_Fader_Update(i, 0);
   }
   context_.status().show_main(kClearedStatus);
 }

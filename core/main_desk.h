@@ -116,6 +116,7 @@ class Hoofdblad : public Window {
  private:
   int channel_of(int strip) const;
   void set_level(int strip, int level);
+  void send_page_to_surface();
   void show_submix();
   void reset_masters();
   void draw_strip_names(int i);
