@@ -14,6 +14,7 @@
 #include "app/real_platform.h"
 #include "app/screenshot_names.h"
 #include "core/main_desk.h"
+#include "console/output_cycle.h"
 #include "console/project/project_file.h"
 #include "console/project/show_tools.h"
 #include "net/art_net_node.h"
@@ -71,10 +72,13 @@ bool load_and_run(lumaris::Console& console, const ProgramOptions& line) {
   return true;
 }
 
+// --smooth and --refresh-ms: output pacing for this run, never saved.
 // --artnet-target: where Art-Net goes for this run, never saved. The parser has
 // checked the text; the broadcast addresses of this computer's networks are
 // known only here. False (with the reason on stderr) when it is refused.
 bool apply_run_options(lumaris::Console& console, const ProgramOptions& line) {
+  if (line.smooth) console.context().output_timing().set_run_smooth(true);
+  if (line.refresh_ms) console.output_cycle().Timer1().set_interval(*line.refresh_ms);
   if (!line.artnet_target) return true;
   using Check = lumaris::D_ArtNet::DestinationCheck;
   const Check check = console.art_net().set_run_destination(*line.artnet_target);

@@ -1,5 +1,6 @@
 #include "app/portsetup_window.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -22,6 +23,9 @@ constexpr const char* kPortCaption = "Parallel Port";
 constexpr const char* kLpt1Address = "Data 378h, Control 37Ah";
 constexpr const char* kLpt2Address = "Data 278h, Control 27Ah";
 constexpr const char* kRateCaption = "Refresh Rate";
+constexpr const char* kSmoothCaption = "Smooth output";
+constexpr const char* kSmoothTip =
+    "Fades move at every frame and Art-Net sends every frame; kept on this computer";
 constexpr const char* kSaveCaption = "Save and Exit";
 constexpr const char* kCancelCaption = "Cancel";
 
@@ -71,11 +75,15 @@ PortsetupWindow::PortsetupWindow(DeskApp& app)
   text2_->setReadOnly(true);
   grid->addWidget(text2_, 7, 0, 1, 2);
 
+  smooth_check_ = new QCheckBox(sync::q(kSmoothCaption), this);
+  smooth_check_->setToolTip(sync::q(kSmoothTip));
+  grid->addWidget(smooth_check_, 8, 0, 1, 2);
+
   command1_ = new QPushButton(sync::q(kSaveCaption), this);
   command2_ = new QPushButton(sync::q(kCancelCaption), this);
-  grid->addWidget(command1_, 8, 0);
-  grid->addWidget(command2_, 8, 1);
-  grid->setRowStretch(9, 1);
+  grid->addWidget(command1_, 9, 0);
+  grid->addWidget(command2_, 9, 1);
+  grid->setRowStretch(10, 1);
   setMinimumWidth(320);
 
   connect(combo1_, &QComboBox::activated,
@@ -86,6 +94,8 @@ PortsetupWindow::PortsetupWindow(DeskApp& app)
           [this] { app_.handle([&] { setup().Option2_Click(); }); });
   connect(hscroll1_, &QScrollBar::valueChanged,
           [this](int value) { app_.handle([&] { setup().HScroll1_Change(value); }); });
+  connect(smooth_check_, &QCheckBox::clicked,
+          [this](bool checked) { app_.handle([&] { setup().Smooth_Check_Click(checked); }); });
   connect(command1_, &QPushButton::clicked,
           [this] { app_.handle([&] { setup().Command1_Click(); }); });
   connect(command2_, &QPushButton::clicked,
@@ -130,6 +140,7 @@ void PortsetupWindow::sync() {
   sync::text(text1_, model.Text1_Text());
   sync::value(hscroll1_, model.HScroll1_Value());
   sync::text(text2_, model.Text2_Text());
+  sync::checked(smooth_check_, model.Smooth_Check_Value());
 }
 
 void PortsetupWindow::prepare_screenshot() {

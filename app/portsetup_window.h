@@ -6,6 +6,7 @@
 #include "app/widgets/tool_window.h"
 #include "output/portsetup.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -36,6 +37,7 @@ class PortsetupWindow final : public ToolWindow, public DeskWindow {
   QLineEdit* Text1() const { return text1_; }
   QScrollBar* HScroll1() const { return hscroll1_; }
   QLineEdit* Text2() const { return text2_; }
+  QCheckBox* Smooth_Check() const { return smooth_check_; }
   QPushButton* Command1() const { return command1_; }
   QPushButton* Command2() const { return command2_; }
 
@@ -54,6 +56,7 @@ class PortsetupWindow final : public ToolWindow, public DeskWindow {
   QLineEdit* text1_ = nullptr;
   QScrollBar* hscroll1_ = nullptr;
   QLineEdit* text2_ = nullptr;
+  QCheckBox* smooth_check_ = nullptr;
   QPushButton* command1_ = nullptr;
   QPushButton* command2_ = nullptr;
 };

@@ -16,6 +16,8 @@ std::string usage_text() {
          "                          address (\"\" = broadcast); Art-Net Setup keeps a lasting one\n"
          "  --sacn-target ADDR      this run only: send the sACN rows (or universe 1) to ADDR\n"
          "  --ola-universe N        this run only: send the frame to universe N of the local olad\n"
+         "  --smooth                this run only: smooth output (fades at every frame, Art-Net every frame)\n"
+         "  --refresh-ms N          this run only: output refresh every N ms (10-750; 23 = 44 frames/s)\n"
          "  --verbose               print the Art-Net log to stderr\n"
          "  --help                  show this text\n"
          "  --version               show the version\n";
@@ -55,6 +57,17 @@ ProgramOptions parse_program_options(const std::vector<std::string>& args) {
       line.mode = ProgramOptions::Mode::Headless;
     } else if (arg == "--run") {
       line.run = true;
+    } else if (arg == "--smooth") {
+      line.smooth = true;
+    } else if (arg == "--refresh-ms") {
+      const auto ms = next();
+      const bool digits = ms && !ms->empty() && ms->size() <= 3 &&
+                          ms->find_first_not_of("0123456789") == std::string::npos;
+      if (!digits || std::stoi(*ms) < 10 || std::stoi(*ms) > 750) {
+        return fail("--refresh-ms needs a number of milliseconds 10-750, not \"" +
+                    ms.value_or("") + "\"");
+      }
+      line.refresh_ms = std::stoi(*ms);
     } else if (arg == "--verbose") {
       line.verbose = true;
     } else if (arg == "--screenshot") {

@@ -17,6 +17,8 @@ struct ProgramOptions {
   std::optional<std::string> artnet_target;
   std::optional<std::string> sacn_target;     // --sacn-target ADDR, this run only
   std::optional<std::uint32_t> ola_universe;  // --ola-universe N, this run only
+  bool smooth = false;                  // --smooth, this run only
+  std::optional<int> refresh_ms;        // --refresh-ms N, this run only
   bool verbose = false;
   bool run = false;             // --run: enter run mode once the show is loaded
   std::string error;

@@ -25,6 +25,7 @@
 #include "platform/scheduler.h"
 #include "playback/instant_cues.h"
 #include "playback/playdesk.h"
+#include "sequence/chase_runtime.h"
 #include "sequence/chases.h"
 #include "surface/bcf.h"
 #include "surface/bcf_configure.h"
@@ -74,6 +75,8 @@ Console::Console(const PlatformServices& services)
                                        ola_output_.get()};
   output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
                                                 *output_monitor_, *playback_desk_, sinks);
+  ChaseRuntime& chase = sequence_desk_->runtime();
+  output_cycle_->add_fade([&chase](double now) { chase.sample_output(now); });
   playback_desk_->set_output_interval([this] { return output_timer_->interval(); });
   surface_ = std::make_unique<BCF>(*context_, services_.midi, *main_desk_, *playback_desk_);
   surface_setup_ = std::make_unique<BCF_configure>(*context_, *surface_);

@@ -7,6 +7,7 @@
 #include "core/desk_context.h"
 #include "core/main_desk.h"
 #include "core/output_monitor.h"
+#include "platform/scheduler.h"
 #include "playback/playdesk.h"
 
 namespace lumaris {
@@ -136,6 +137,10 @@ void OutputCycle::Timer1_Tick() {
   Hoofdblad& desk = main_desk_;
   desk.set_Picture2(Rgb{0, 255, 0});
   try {
+    if (context_.output_timing().smooth()) {
+      const double now = context_.scheduler().now_ms();
+      for (const FadeSample& sample : fades_) sample(now);
+    }
     mix_channels();
     build_frame();
     for (OutputSink* sink : sinks_) sink->take_frame(context_.store().DMX_Out);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "core/output_sink.h"
@@ -32,6 +33,11 @@ class OutputCycle {
 
   Timer& Timer1() { return timer1_; }
 
+  // Something that ramps (a chase's fade, a take): with smooth output it is
+  // asked for its level at the moment of every tick, before the mix.
+  using FadeSample = std::function<void(double now_ms)>;
+  void add_fade(FadeSample sample) { fades_.push_back(std::move(sample)); }
+
   // The levels of the last tick, index = desk channel - 1 (entry 64 is 0).
   const std::array<int, kDeskChannels + 1>& Channel_Mix() const { return channel_mix_; }
   bool last_tick_failed() const { return last_tick_failed_; }
@@ -48,6 +54,7 @@ class OutputCycle {
   Realout& monitor_;
   Playdesk& playback_desk_;
   std::vector<OutputSink*> sinks_;
+  std::vector<FadeSample> fades_;
   std::array<int, kDeskChannels + 1> channel_mix_{};
   bool in_tick_ = false;
   bool last_tick_failed_ = false;

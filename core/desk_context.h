@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "core/output_timing.h"
 #include "core/status_lines.h"
 #include "core/store.h"
 
@@ -40,7 +41,9 @@ class DeskContext {
   };
 
   DeskContext(Store& store, StatusLines& status, const Seams& seams, const Links& links)
-      : store_(store), status_(status), seams_(seams), links_(links) {}
+      : store_(store), status_(status), seams_(seams), links_(links) {
+    output_timing_.load(seams.settings);
+  }
 
   Store& store() const { return store_; }
   StatusLines& status() const { return status_; }
@@ -54,12 +57,16 @@ class DeskContext {
   ShowFiles& show_files() const { return *links_.show_files; }
   DeskLinks& desks() const { return *links_.desks; }
   SurfaceFeedback& surface() const { return *links_.surface; }
+  // Whether fades and Art-Net follow every output tick (this computer's choice).
+  OutputTiming& output_timing() { return output_timing_; }
+  const OutputTiming& output_timing() const { return output_timing_; }
 
  private:
   Store& store_;
   StatusLines& status_;
   Seams seams_;
   Links links_;
+  OutputTiming output_timing_;
 };
 
 }  // namespace lumaris

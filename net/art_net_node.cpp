@@ -76,16 +76,34 @@ D_ArtNet::~D_ArtNet() {
   if (socket_ != nullptr) socket_->on_datagram(nullptr);
 }
 
-void D_ArtNet::Art_Time_Tick() {
+void D_ArtNet::send_rows(const DmxFrame& frame) {
   const Store& store = context_.store();
   for (int row = 0; row < 8; ++row) {
-    if (store.Art_Universes[row].Enable) {
-      Art_Send_Dmx(store.Art_Universes[row].Universe, store.DMX_Out);
-    }
+    if (store.Art_Universes[row].Enable) Art_Send_Dmx(store.Art_Universes[row].Universe, frame);
   }
-  // A failing send holds the indicator red; it blinks again once packets leave.
+}
+
+// A failing send holds the indicator red; it blinks again once packets leave.
+void D_ArtNet::blink() {
   if (!send_error_) {
     main_desk_.set_Picture1(main_desk_.Picture1() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
+  }
+}
+
+void D_ArtNet::Art_Time_Tick() {
+  if (context_.output_timing().smooth()) return;
+  send_rows(context_.store().DMX_Out);
+  blink();
+}
+
+void D_ArtNet::take_frame(const DmxFrame& frame) {
+  if (!context_.output_timing().smooth() || !art_time_->enabled()) return;
+  send_rows(frame);
+  // The indicator keeps Art_Time's pace, whatever the frame rate.
+  const double now = context_.scheduler().now_ms();
+  if (now - last_blink_ms_ >= kArtInterval) {
+    last_blink_ms_ = now;
+    blink();
   }
 }
 

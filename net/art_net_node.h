@@ -37,8 +37,9 @@ class D_ArtNet final : public OutputSink {
   D_ArtNet& operator=(const D_ArtNet&) = delete;
 
   // One sink of the output cycle. Art-Net samples the store's frame on its own
-  // timer, Art_Time, which runs while a row is enabled.
-  void take_frame(const DmxFrame& /*frame*/) override {}
+  // timer, Art_Time, which runs while a row is enabled; with smooth output it
+  // sends each frame as the output cycle builds it instead, while Art_Time runs.
+  void take_frame(const DmxFrame& frame) override;
   void start() override {}
   void stop() override {
     art_time_->set_enabled(false);
@@ -95,6 +96,8 @@ class D_ArtNet final : public OutputSink {
   void apply_destination();
   void show_destination_on_desk();
   void send(std::span<const std::uint8_t> packet);
+  void send_rows(const DmxFrame& frame);
+  void blink();
   void note_send_result(std::optional<std::string> error);
 
   DeskContext& context_;
@@ -112,6 +115,7 @@ class D_ArtNet final : public OutputSink {
   bool art_dmx_seen_ = false;
   std::array<std::uint8_t, 14> last_poll_{};
   std::optional<std::string> send_error_;
+  double last_blink_ms_ = 0;
 };
 
 }  // namespace lumaris

@@ -59,6 +59,7 @@ void Portsetup::Form_Load() {
   const int adapter = context_.store().Adapter;
   chosen_ = adapter >= 0 && adapter < kAdapterCount ? adapter : 0;
   rate_ = output_timer_.interval();
+  smooth_ = context_.output_timing().smooth();
   // Selecting the entry raises the list's own click, and loading runs the
   // handling once more.
   Combo1_Click(chosen_);
@@ -71,6 +72,7 @@ void Portsetup::Refresh() {
   list_index_ = chosen_;
   adapter_name_ = kAdapterNames[chosen_];
   rate_ = output_timer_.interval();
+  smooth_ = context_.output_timing().smooth();
   lay_out(chosen_);
   show_rate();
   port_option_from_address();
@@ -139,6 +141,15 @@ void Portsetup::lay_out(int adapter) {
     default:
       break;
   }
+  if (smooth_ && adapter == kAdapterNone) {
+    show({Label3, Text1, HScroll1});
+    show_rate();
+  }
+}
+
+void Portsetup::Smooth_Check_Click(bool checked) {
+  smooth_ = checked;
+  lay_out(chosen_);
 }
 
 void Portsetup::selection_changed() {
@@ -220,6 +231,10 @@ void Portsetup::HScroll1_Change(int value) {
 void Portsetup::Command1_Click() {
   context_.store().Adapter = static_cast<std::int16_t>(chosen_);
   output_timer_.set_interval(rate_);
+  OutputTiming& timing = context_.output_timing();
+  if (smooth_ != timing.smooth() || smooth_ != timing.smooth_setting()) {
+    timing.set_smooth(smooth_, context_.settings());
+  }
   context_.store().Project_Changed = true;
   Hide();
 }

@@ -50,6 +50,10 @@ class Portsetup : public Window {
   void Option1_Click();
   void Option2_Click();
   void HScroll1_Change(int value);
+  // "Smooth output": takes effect, and is kept with the computer's settings, on
+  // "Save and Exit". With it on, the refresh rate can be set whatever the adapter,
+  // so an Art-Net-only desk can run at 23 ms.
+  void Smooth_Check_Click(bool checked);
   void Command1_Click();  // "Save and Exit"
   void Command2_Click();  // "Cancel"
 
@@ -62,6 +66,7 @@ class Portsetup : public Window {
   bool Option2_Value() const { return option2_; }
   const std::string& Text1_Text() const { return text1_; }
   int HScroll1_Value() const { return hscroll1_; }
+  bool Smooth_Check_Value() const { return smooth_; }
   const std::string& Text2_Text() const { return text2_; }
   const ControlState& control(Control which) const { return controls_[which]; }
   int chosen_adapter() const { return chosen_; }
@@ -90,6 +95,7 @@ class Portsetup : public Window {
   int hscroll1_ = kScrollInitial;
   std::string text2_;
   std::array<ControlState, kControls> controls_{};
+  bool smooth_ = false;
 };
 
 }  // namespace lumaris

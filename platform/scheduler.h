@@ -18,10 +18,16 @@ class Timer {
 };
 
 // Hands out timers and runs work posted from other threads on the desk's thread.
+// Show timers (steps, takes, fades, output) ask for high resolution: they must
+// fire within a millisecond or two of their interval, not when the system
+// finds it convenient.
 class Scheduler {
  public:
   virtual ~Scheduler() = default;
   virtual std::unique_ptr<Timer> create_timer(bool high_resolution = false) = 0;
+  // A monotonic time in milliseconds, on the clock the timers run on: what a
+  // fade evaluated between ticks measures its progress with.
+  virtual double now_ms() const = 0;
   virtual void post(std::function<void()> work) = 0;
 };
 

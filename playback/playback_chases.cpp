@@ -11,11 +11,11 @@ namespace lumaris {
 PlaybackChases::PlaybackChases(DeskContext& context) : context_(context) {
   seq_speed_.fill(100);
   for (int q = 0; q < kStepTimers; ++q) {
-    timer1_[q] = context.scheduler().create_timer();
+    timer1_[q] = context.scheduler().create_timer(true);
     timer1_[q]->set_enabled(false);
     timer1_[q]->on_tick([this, q] { Timer1_Tick(q); });
   }
-  timer3_ = context.scheduler().create_timer();
+  timer3_ = context.scheduler().create_timer(true);
   timer3_->set_interval(kMixInterval);
   timer3_->on_tick([this] { Timer3_Tick(); });
   timer3_->set_enabled(true);

@@ -30,10 +30,10 @@ std::string seconds_text(int seconds) { return std::to_string(seconds) + " s"; }
 
 RunMode::RunMode(DeskContext& context, PlaybackChases& chases, Desk desk)
     : context_(context), chases_(chases), desk_(std::move(desk)) {
-  timer2_ = context.scheduler().create_timer();
+  timer2_ = context.scheduler().create_timer(true);
   timer2_->set_enabled(false);
   timer2_->on_tick([this] { Timer2_Tick(); });
-  delay_timer_ = context.scheduler().create_timer();
+  delay_timer_ = context.scheduler().create_timer(true);
   delay_timer_->set_enabled(false);
   delay_timer_->set_interval(kDelayInterval);
   delay_timer_->on_tick([this] { Delay_Timer_Tick(); });

@@ -25,8 +25,8 @@ bool routed(int desk_channel) { return desk_channel >= 0 && desk_channel < kDesk
 ChaseRuntime::ChaseRuntime(DeskContext& context, Chases& desk)
     : context_(context),
       desk_(desk),
-      timer1_(context.scheduler().create_timer()),
-      timer2_(context.scheduler().create_timer()) {
+      timer1_(context.scheduler().create_timer(true)),
+      timer2_(context.scheduler().create_timer(true)) {
   timer1_->on_tick([this] { Advance_Step(); });
   timer2_->set_interval(kLevelInterval);
   timer2_->set_enabled(false);
@@ -74,7 +74,12 @@ void ChaseRuntime::Start_Chase() {
   Enter_Step(true);
   timer1_->set_enabled(true);
   timer2_->set_enabled(true);
+  next_tick_ms_ = context_.scheduler().now_ms() + kLevelInterval;
+  final_unseen_ = hold_final_ = false;
+  step_began();
 }
+
+void ChaseRuntime::step_began() { anchor_ms_ = context_.scheduler().now_ms(); }
 
 void ChaseRuntime::Enter_Step(bool starting) {
   const ChaseRec& chase = desk_.chase();
@@ -104,6 +109,8 @@ void ChaseRuntime::Enter_Step(bool starting) {
 
 void ChaseRuntime::Advance_Step() {
   const ChaseRec& chase = desk_.chase();
+  hold_final_ = final_unseen_ && context_.output_timing().smooth();
+  final_unseen_ = false;
   desk_.prev_step_ = desk_.cur_step_;
   fade_ticks_ = 0;
   step_ticks_ = 0;
@@ -121,6 +128,7 @@ void ChaseRuntime::Advance_Step() {
     desk_.cur_step_ = 1;
   }
   Enter_Step();
+  step_began();
   step_bar_.set_Value(0);
   fade_bar_.set_Value(0);
   set_step_interval();
@@ -131,34 +139,68 @@ void ChaseRuntime::step_changed() {
   step_ticks_ = 0;
   if (!running_) return;
   Enter_Step();
+  step_began();
   step_bar_.set_Value(0);
   fade_bar_.set_Value(0);
   set_step_interval();
+}
+
+// The levels a tick writes: each chase channel's level `progress` of the way
+// to the next tick's, scaled, merged by highest level onto its desk channel.
+void ChaseRuntime::write_output(double progress, bool paint) {
+  const ChaseRec& chase = desk_.chase();
+  auto& out = context_.store().Chase_Out;
+  clear_output();
+  for (int k = 0; k < kChaseChannels; ++k) {
+    const double level = scaled(fade_level_[k] + fade_inc_[k] * progress);
+    const int d = chase.Channels[k];
+    if (!routed(d)) continue;
+    if (level > out[d]) out[d] = round_half_even(level);
+    if (out[d] > 255) out[d] = 255;
+    if (paint) desk_.channels_[k].Picture1 = level_colour(out[d]);
+  }
+}
+
+// Ticks before the end of the window: fade_ticks_ x 0.1 < Time, free of the
+// drift that adding 0.1 again and again would bring.
+bool ChaseRuntime::window_open() const {
+  return fade_ticks_ < desk_.chase().Time[desk_.cur_step_] * 10 - 1e-9;
 }
 
 void ChaseRuntime::Fade_Tick() {
   if (!running_) return;
   const ChaseRec& chase = desk_.chase();
   const int step = desk_.cur_step_;
-  auto& out = context_.store().Chase_Out;
-  clear_output();
-  // Ticks before the end of the window: fade_ticks_ x 0.1 < Time, free of the
-  // drift that adding 0.1 again and again would bring.
-  if (fade_ticks_ < chase.Time[step] * 10 - 1e-9) {
-    for (int k = 0; k < kChaseChannels; ++k) {
-      fade_level_[k] += fade_inc_[k];
-      const double level = scaled(fade_level_[k]);
-      const int d = chase.Channels[k];
-      if (!routed(d)) continue;
-      if (level > out[d]) out[d] = round_half_even(level);
-      if (out[d] > 255) out[d] = 255;
-      desk_.channels_[k].Picture1 = level_colour(out[d]);
-    }
+  if (window_open()) {
+    for (int k = 0; k < kChaseChannels; ++k) fade_level_[k] += fade_inc_[k];
+    write_output(0, true);
     ++fade_ticks_;
+    final_unseen_ = !window_open();
+  } else {
+    clear_output();
+    final_unseen_ = false;
   }
   ++step_ticks_;
+  anchor_ms_ = context_.scheduler().now_ms();
+  next_tick_ms_ = anchor_ms_ + kLevelInterval;
   fade_bar_.set_Value(round_half_even(Fade_Elapsed() * 100 / (chase.Time[step] + 0.1) + 1));
   step_bar_.set_Value(round_half_even(Step_Elapsed() * 100 / (chase.Speed[step] + 0.1) + 1));
+}
+
+void ChaseRuntime::sample_output(double now_ms) {
+  if (!running_) return;
+  if (hold_final_) {
+    // Chase_Out still carries the end of the fade the step timer cut short.
+    hold_final_ = false;
+    anchor_ms_ = now_ms;
+    return;
+  }
+  final_unseen_ = false;
+  // Past the window, Chase_Out holds what the last tick wrote until the next.
+  if (!window_open()) return;
+  const double span = next_tick_ms_ - anchor_ms_;
+  const double progress = span > 0 ? std::clamp((now_ms - anchor_ms_) / span, 0.0, 1.0) : 1.0;
+  write_output(progress, false);
 }
 
 void ChaseRuntime::Stop_Chase(bool from_button) {

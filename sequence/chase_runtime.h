@@ -35,6 +35,11 @@ class ChaseRuntime {
   void Enter_Step(bool starting = false);
   void Advance_Step();  // Timer1 tick
   void Fade_Tick();     // Timer2 tick
+  // Smooth output: Chase_Out at `now_ms`, between the level ticks. At a tick's
+  // own moment it is what that tick wrote; between two ticks it runs straight
+  // from one tick's levels to the next's. A fade's last level that no frame
+  // carried before the step moved on is held for the next frame.
+  void sample_output(double now_ms);
   void Set_Live_Mode(bool checked);
   // A step change by hand (Chase_Plus, Chase_Minus): restarts the step's timing.
   void step_changed();
@@ -65,6 +70,9 @@ class ChaseRuntime {
  private:
   void set_step_interval();
   void clear_output(int count = kDeskChannels);
+  void write_output(double progress, bool paint);
+  bool window_open() const;
+  void step_began();
 
   DeskContext& context_;
   Chases& desk_;
@@ -79,6 +87,12 @@ class ChaseRuntime {
   // second and a fade window of a multiple of 0.1 s has exactly that many ticks.
   int fade_ticks_ = 1;
   int step_ticks_ = 0;
+  // Smooth output: when the levels last changed (a tick or a new step) and
+  // when the next level tick falls due.
+  double anchor_ms_ = 0;
+  double next_tick_ms_ = 0;
+  bool final_unseen_ = false;  // the fade's last level is written, no frame took it yet
+  bool hold_final_ = false;
   bool saved_global_speed_ = false;
   bool saved_global_fade_ = false;
 

@@ -1,6 +1,7 @@
 #include "platform/qt/qt_scheduler.h"
 
 #include <algorithm>
+#include <chrono>
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -52,6 +53,11 @@ class QtTimer final : public Timer {
 
 std::unique_ptr<Timer> QtScheduler::create_timer(bool high_resolution) {
   return std::make_unique<QtTimer>(*this, high_resolution);
+}
+
+double QtScheduler::now_ms() const {
+  using Ms = std::chrono::duration<double, std::milli>;
+  return Ms(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
 void QtScheduler::post(std::function<void()> work) {

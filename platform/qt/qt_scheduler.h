@@ -16,6 +16,7 @@ class QtScheduler final : public Scheduler {
  public:
   std::unique_ptr<Timer> create_timer(bool high_resolution = false) override;
   void post(std::function<void()> work) override;
+  double now_ms() const override;
 
   void set_after_event(std::function<void()> after_event) { after_event_ = std::move(after_event); }
 

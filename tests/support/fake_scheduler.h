@@ -22,6 +22,7 @@ class FakeScheduler final : public Scheduler {
 
   std::unique_ptr<Timer> create_timer(bool high_resolution = false) override;
   void post(std::function<void()> work) override;
+  double now_ms() const override { return static_cast<double>(now_); }
 
   void advance(std::int64_t ms);
   void run_posted();
