@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "core/output_timing.h"
 #include "tests/net/art_net_desk.h"
 
 namespace lumaris {
@@ -245,6 +246,34 @@ TEST(ArtNetNode, AFailingSendIsReportedOnceAndSendingResumesByItself) {
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255");
   t.desk.scheduler.advance(300);
   EXPECT_EQ(said.size(), 3u);
+}
+
+}  // namespace lumaris
+
+namespace lumaris {
+
+// With smooth output Art-Net carries every frame the output cycle builds, as it
+// builds it, and Art_Time sends nothing of its own.
+TEST(ArtNetNode, SmoothOutputSendsEachFrameRightAfterItsTick) {
+  ArtNetDesk t;
+  t.settings.write(OutputTiming::kSmoothSetting, "1");
+  t.build();
+  t.console().output_cycle().Timer1().set_interval(23);
+  t.open_setup();
+  t.config().Button1_Click(0);
+  t.desk.scheduler.advance(23);
+  ASSERT_EQ(t.udp.sent().size(), 1u);
+  t.main_desk().Slider1_Change(0, 255 - 9);
+  t.desk.scheduler.advance(22);
+  EXPECT_EQ(t.udp.sent().size(), 1u);
+  t.desk.scheduler.advance(1);
+  ASSERT_EQ(t.udp.sent().size(), 2u);
+  EXPECT_EQ(t.udp.sent()[1].bytes[18], 9);
+  t.desk.scheduler.advance(100 - 46);  // Art_Time's own tick at 100 ms adds nothing
+  EXPECT_EQ(t.udp.sent().size(), 4u);
+  t.config().Button1_Click(0);  // the last row off: nothing more
+  t.desk.scheduler.advance(100);
+  EXPECT_EQ(t.udp.sent().size(), 4u);
 }
 
 }  // namespace lumaris

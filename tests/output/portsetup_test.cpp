@@ -7,9 +7,11 @@
 #include <vector>
 
 #include "console/output_cycle.h"
+#include "core/desk_context.h"
 #include "output/output_devices.h"
 #include "tests/support/fake_d2xx.h"
 #include "tests/support/fake_port_io.h"
+#include "tests/support/memory_settings.h"
 #include "tests/support/test_console.h"
 
 namespace lumaris {
@@ -170,6 +172,42 @@ TEST_F(PortsetupTest, CancelKeepsOnlyThePortAndSaveAndExitSetsAdapterRateAndMark
   EXPECT_EQ(timer_interval(), 25);
   EXPECT_TRUE(test.store().Project_Changed);
   EXPECT_FALSE(setup->visible());
+}
+
+}  // namespace
+}  // namespace lumaris
+
+namespace lumaris {
+namespace {
+
+TEST(PortsetupSmooth, SmoothOutputIsKeptOnSaveAndOpensTheRateForArtNetOnly) {
+  MemorySettings settings;
+  TestConsole with_settings;
+  with_settings.services.settings = &settings;
+  Console& c = with_settings.build();
+  Portsetup& window = c.port_setup();
+  window.Form_Load();
+  window.Combo1_Click(0);  // no adapter: the rate is hidden
+  EXPECT_FALSE(window.control(C::HScroll1).visible);
+  window.Smooth_Check_Click(true);
+  EXPECT_TRUE(window.control(C::HScroll1).visible);
+  window.HScroll1_Change(OutputTiming::kFastestRefresh);
+  window.Command2_Click();  // Cancel keeps nothing
+  EXPECT_FALSE(c.context().output_timing().smooth());
+  EXPECT_FALSE(settings.read(OutputTiming::kSmoothSetting).has_value());
+
+  window.Refresh();
+  EXPECT_FALSE(window.Smooth_Check_Value());
+  window.Smooth_Check_Click(true);
+  window.HScroll1_Change(OutputTiming::kFastestRefresh);
+  window.Command1_Click();
+  EXPECT_TRUE(c.context().output_timing().smooth());
+  EXPECT_EQ(settings.read(OutputTiming::kSmoothSetting), "1");
+  EXPECT_EQ(c.output_cycle().Timer1().interval(), 23);
+
+  TestConsole next_start;  // the next start on this computer
+  next_start.services.settings = &settings;
+  EXPECT_TRUE(next_start.build().context().output_timing().smooth());
 }
 
 }  // namespace

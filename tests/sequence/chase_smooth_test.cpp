@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include "console/output_cycle.h"
+#include "core/desk_context.h"
+#include "tests/sequence/sequence_desk.h"
+
+namespace lumaris {
+namespace {
+
+// Step 2 fades channel 1 from 0 to 200 over 0.5 s; the output runs every 10 ms.
+SequenceDesk& fade_desk(SequenceDesk& s, bool smooth) {
+  if (smooth) s.t.console->context().output_timing().set_run_smooth(true);
+  s.t.console->output_cycle().Timer1().set_interval(10);
+  s.program(2, 1.0, 0.5);
+  s.chase().Data[1][0] = 0;
+  s.chase().Data[2][0] = 200;
+  s.chase().Fade[2][0] = kChaseFade;
+  return s;
+}
+
+int mixed(SequenceDesk& s) { return s.t.console->output_cycle().Channel_Mix()[0]; }
+
+// The output timer ticks before the chase's level timer at the same moment, so
+// the desk without smooth output shows a level tick's value one frame later.
+TEST(SmoothChase, TheFrameFollowsTheFadeBetweenLevelTicksAndMeetsThemAtEachTick) {
+  SequenceDesk off;
+  SequenceDesk on;
+  fade_desk(off, false).desk->Chase_Go_Button_Click();
+  fade_desk(on, true).desk->Chase_Go_Button_Click();
+  on.t.scheduler.advance(1100);  // step 2 from 1001; its first level tick at 1100 is 40
+  EXPECT_EQ(mixed(on), 40);
+  off.t.scheduler.advance(1110);
+  EXPECT_EQ(mixed(off), 40);
+  on.t.scheduler.advance(50);
+  off.t.scheduler.advance(40);
+  EXPECT_EQ(mixed(on), 60);  // halfway to the next tick's 80
+  EXPECT_EQ(mixed(off), 40);
+  on.t.scheduler.advance(50);
+  off.t.scheduler.advance(60);
+  EXPECT_EQ(mixed(on), 80);
+  EXPECT_EQ(mixed(off), 80);
+}
+
+TEST(SmoothChase, TheFirstFrameOfAStepStartsFromThePreviousLevel) {
+  SequenceDesk on;
+  fade_desk(on, true).desk->Chase_Go_Button_Click();
+  on.t.scheduler.advance(1001);  // step 2 begins; the next level tick is at 1100
+  EXPECT_EQ(mixed(on), 0);
+  on.t.scheduler.advance(49);  // 1050: half of 99 ms towards 40
+  EXPECT_EQ(mixed(on), 20);
+}
+
+TEST(SmoothChase, AFadesLastLevelNoFrameCarriedIsHeldForTheNextFrame) {
+  SequenceDesk on;
+  fade_desk(on, true);
+  // Started at 50 ms: step 2 runs 1051-2052, its last level tick (200) is at
+  // 2050, and the output runs only every 700 ms (1400, 2100), so no frame took it.
+  on.t.console->output_cycle().Timer1().set_interval(700);
+  on.chase().Time[2] = 1.0;
+  on.chase().Speed[2] = 1.0;
+  on.t.scheduler.advance(50);
+  on.desk->Chase_Go_Button_Click();
+  on.t.scheduler.advance(2050);  // 2100: step 1 began at 2052, yet the frame holds 200
+  EXPECT_EQ(on.desk->Cur_Step(), 1);
+  EXPECT_EQ(mixed(on), 200);
+  on.t.scheduler.advance(700);
+  EXPECT_EQ(mixed(on), 0);
+}
+
+}  // namespace
+}  // namespace lumaris
