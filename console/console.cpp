@@ -11,6 +11,7 @@
 #include "core/output_monitor.h"
 #include "core/patch_editor.h"
 #include "core/project_info.h"
+#include "keypad/cli.h"
 #include "net/art_config.h"
 #include "net/art_net_node.h"
 #include "output/output_devices.h"
@@ -58,6 +59,8 @@ Console::Console(const PlatformServices& services)
   output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
                                                 *output_monitor_, *playback_desk_, sinks);
   playback_desk_->set_output_interval([this] { return output_timer_->interval(); });
+  cli_ = std::make_unique<CLI>(*context_, *main_desk_, *playback_desk_, services_.num_lock);
+  main_desk_->set_cli_key_handler([this](int key_code) { cli_->CLI_Key(key_code); });
   register_windows();
 }
 
@@ -79,6 +82,8 @@ void Console::register_windows() {
   Art_Config& art = *art_config_;
   const auto load_art = [&art] { art.Form_Load(); };
   w.add("Art_setup", {&art, load_art, load_art});
+  CLI& cli = *cli_;
+  w.add("CLI_sel", {&cli, [&cli] { cli.Form_Load(); }, {}});
   if (playback_desk_->available()) {
     w.add("Playdesk", {playback_desk_.get(), {}, {}});
     w.add("instant_screen", {&playback_desk_->instant_cues(), {}, {}});

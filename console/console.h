@@ -20,6 +20,7 @@ class UdpSocket;
 class Settings;
 class FileSystem;
 class Timer;
+class NumLock;
 
 class ConsoleLinks;
 class WindowRegistry;
@@ -37,6 +38,7 @@ class Portsetup;
 class D_ArtNet;
 class Art_Config;
 class ProjectFile;
+class CLI;
 
 // The outside world as the console sees it. Scheduler, dialogs and clock are
 // required; a missing hardware seam behaves as hardware that does not answer.
@@ -51,6 +53,7 @@ struct PlatformServices {
   Settings* settings = nullptr;
   std::ostream* diagnostics = nullptr;  // the Art-Net log and similar; null discards
   FileSystem* file_system = nullptr;    // null: the computer's own files
+  NumLock* num_lock = nullptr;          // null: the keyboard's Num Lock is left alone
 };
 
 // One console: the store, the platform seams and every window model, built and
@@ -93,6 +96,7 @@ class Console {
   D_ArtNet& art_net() { return *art_net_; }
   Art_Config& art_config() { return *art_config_; }
   ProjectFile& project_file() { return *project_file_; }
+  CLI& cli() { return *cli_; }
 
  private:
   void register_windows();
@@ -120,6 +124,7 @@ class Console {
   std::unique_ptr<Portsetup> port_setup_;
   std::unique_ptr<Art_Config> art_config_;
   std::unique_ptr<OutputCycle> output_cycle_;
+  std::unique_ptr<CLI> cli_;
 };
 
 }  // namespace lumaris
