@@ -11,6 +11,7 @@
 #include "app/desk_app.h"
 #include "app/palette.h"
 #include "app/real_platform.h"
+#include "app/terminal_input.h"
 #include "core/main_desk.h"
 #include "console/project/project_file.h"
 #include "console/project/show_tools.h"
@@ -89,11 +90,13 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
   services.clock = &clock;
   lumaris::Console console(services);
 
+  // Standard input is the keypad; it prints its own lines and status texts.
+  lumaris::TerminalInput keypad(console, scheduler, std::cout);
   std::string last_status;
-  console.status().on_main_change([&last_status](const std::string& text) {
+  console.status().on_main_change([&last_status, &keypad](const std::string& text) {
     if (text == last_status) return;
     last_status = text;
-    std::cout << text << std::endl;
+    if (!keypad.feeding()) std::cout << text << std::endl;
   });
 
   QTimer stop_watch;
@@ -103,6 +106,7 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
     console.start();
     load_and_run(console, line);
   });
+  keypad.start();
   app.exec();
   console.shutdown();
   return 0;

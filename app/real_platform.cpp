@@ -1,5 +1,6 @@
 #include "app/real_platform.h"
 
+#include <QGuiApplication>
 #include <QSocketNotifier>
 #include <iostream>
 
@@ -7,6 +8,7 @@
 #include "platform/linux/libftdi_d2xx.h"
 #include "platform/linux/ppdev_port_io.h"
 #include "platform/linux/vendor_libraries.h"
+#include "platform/linux/x11_num_lock.h"
 
 namespace lumaris {
 
@@ -19,6 +21,11 @@ RealPlatform::RealPlatform(const ProgramOptions& line)
   // kept, like the field, with this computer's settings. The parser has checked it.
   if (line.artnet_target) settings_.write(D_ArtNet::kDestinationSetting, *line.artnet_target);
   art_socket_.on_descriptor_change([this](int descriptor) { watch_art_socket(descriptor); });
+  // Num Lock can be kept on only where the windows are on an X11 display.
+  if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr &&
+      QGuiApplication::platformName() == QStringLiteral("xcb")) {
+    num_lock_ = std::make_unique<X11NumLock>();
+  }
 }
 
 RealPlatform::~RealPlatform() {
@@ -39,6 +46,7 @@ void RealPlatform::fill(PlatformServices& services) {
   services.diagnostics = verbose_ ? &std::cerr : nullptr;
   services.art_socket = &art_socket_;
   services.settings = &settings_;
+  services.num_lock = num_lock_.get();
   services.d2xx = d2xx_.get();
   services.port_io = port_io_.get();
   services.adapter_libraries = adapter_libraries_.get();

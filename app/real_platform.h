@@ -14,6 +14,7 @@ namespace lumaris {
 class LibftdiD2xx;
 class PpdevPortIo;
 class VendorLibraries;
+class X11NumLock;
 
 // The product's own hardware and network seams (FTDI, parallel port, vendor
 // libraries, the Art-Net socket, settings), owned for the life of the program.
@@ -36,6 +37,7 @@ class RealPlatform {
   std::unique_ptr<PpdevPortIo> port_io_;
   std::unique_ptr<VendorLibraries> adapter_libraries_;
   QtSettings settings_;
+  std::unique_ptr<X11NumLock> num_lock_;  // only on an X11 display
   PosixUdpSocket art_socket_;
   std::unique_ptr<QSocketNotifier> art_notifier_;
 };
