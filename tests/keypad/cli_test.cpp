@@ -155,6 +155,13 @@ TEST_F(CommandLine, ALineLongerThanTheTokenArrayIsRefused) {
   type("50\n");
   EXPECT_TRUE(cli().Combo1().empty());
   EXPECT_EQ(channel(1), 0);
+
+  type("c");  // a line begun with C types on odd tokens
+  for (int i = 0; i < 49; ++i) type("1+");
+  EXPECT_EQ(cli().Token_Index(), 99);
+  type("1*");
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "a Thru would need token 101";
+  EXPECT_EQ(cli().Token_Index(), 0);
 }
 
 TEST_F(CommandLine, QueriesShowTheLevelInPercent) {
