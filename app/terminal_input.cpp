@@ -30,6 +30,7 @@ bool TerminalInput::reading() const { return notifier_ && notifier_->isEnabled()
 
 void TerminalInput::start() {
   if (notifier_ || ::fcntl(descriptor_, F_GETFD) < 0) return;  // no standard input at all
+  if (RawTerminal::background_terminal(descriptor_)) return;
   raw_ = std::make_unique<RawTerminal>(descriptor_);
   keypad_ = std::make_unique<TerminalKeypad>(console_.cli(), console_.status(), out_, raw_->active());
   notifier_ = std::make_unique<QSocketNotifier>(descriptor_, QSocketNotifier::Read);

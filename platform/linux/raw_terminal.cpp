@@ -23,9 +23,13 @@ void restore_at_exit() {
 
 }  // namespace
 
+bool RawTerminal::background_terminal(int descriptor) {
+  return ::isatty(descriptor) && ::tcgetpgrp(descriptor) != ::getpgrp();
+}
+
 RawTerminal::RawTerminal(int descriptor) : descriptor_(descriptor) {
   // A program in the background would be stopped for touching the terminal.
-  if (!::isatty(descriptor) || ::tcgetpgrp(descriptor) != ::getpgrp()) return;
+  if (!::isatty(descriptor) || background_terminal(descriptor)) return;
   if (saved.descriptor >= 0) return;
   termios settings{};
   if (::tcgetattr(descriptor, &settings) != 0) return;

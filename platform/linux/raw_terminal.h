@@ -15,6 +15,9 @@ class RawTerminal {
 
   // Whether the descriptor is a terminal now read key by key.
   bool active() const { return active_; }
+  // A terminal of which the program is not in the foreground: reading it would
+  // stop the program (SIGTTIN), so it is not read at all.
+  static bool background_terminal(int descriptor);
   void restore();
 
  private:
