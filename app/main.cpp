@@ -7,14 +7,17 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "app/display_probe.h"
 #include "app/program_options.h"
 #include "app/desk_app.h"
 #include "app/palette.h"
 #include "app/real_platform.h"
+#include "app/screenshot_names.h"
 #include "app/terminal_input.h"
 #include "core/main_desk.h"
 #include "console/project/project_file.h"
 #include "console/project/show_tools.h"
+#include "net/art_net_node.h"
 #include "platform/headless_dialogs.h"
 #include "platform/qt/qt_scheduler.h"
 #include "playback/playdesk.h"
@@ -43,14 +46,6 @@ void watch_for_stop_signals(QTimer& watch) {
   watch.start(50);
 }
 
-bool display_available() {
-  auto set = [](const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && *value != '\0';
-  };
-  return set("DISPLAY") || set("WAYLAND_DISPLAY") || set("QT_QPA_PLATFORM");
-}
-
 bool load_show(lumaris::Console& console, const std::string& show) {
   if (show.empty()) return false;
   if (!console.project_file().Load_File(show)) {
@@ -62,17 +57,34 @@ bool load_show(lumaris::Console& console, const std::string& show) {
 
 // --run: the console enters run mode as if Run_Switch were clicked, so that a
 // chain of Auto screens plays with nobody at the desk. Without a show there is
-// nothing to run.
-void load_and_run(lumaris::Console& console, const ProgramOptions& line) {
+// nothing to run. False when a show was given and could not be loaded.
+bool load_and_run(lumaris::Console& console, const ProgramOptions& line) {
   const bool loaded = load_show(console, line.show);
-  if (!line.run) return;
+  if (!line.show.empty() && !loaded) return false;
+  if (!line.run) return true;
   if (!loaded) {
     std::cerr << "lumaris: --run needs a show\n";
-    return;
+    return true;
   }
   lumaris::Playdesk& desk = console.playback_desk();
   desk.Show();
   if (!console.store().Run_Mode) desk.run_mode().Run_Switch_Click();
+  return true;
+}
+
+// --artnet-target: where Art-Net goes for this run, never saved. The parser has
+// checked the text; the broadcast addresses of this computer's networks are
+// known only here. False (with the reason on stderr) when it is refused.
+bool apply_run_options(lumaris::Console& console, const ProgramOptions& line) {
+  if (!line.artnet_target) return true;
+  using Check = lumaris::D_ArtNet::DestinationCheck;
+  const Check check = console.art_net().set_run_destination(*line.artnet_target);
+  if (check == Check::Accepted) return true;
+  std::cerr << "lumaris: "
+            << (check == Check::Broadcast ? lumaris::artnet_target_broadcast(*line.artnet_target)
+                                          : lumaris::artnet_target_not_an_address(*line.artnet_target))
+            << "\n";
+  return false;
 }
 
 // The console with no window: store, output cycle, adapters and Art-Net. Ends
@@ -89,6 +101,7 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
   services.dialogs = &dialogs;
   services.clock = &clock;
   lumaris::Console console(services);
+  if (!apply_run_options(console, line)) return 2;
 
   // Standard input is the keypad; it prints its own lines and status texts.
   lumaris::TerminalInput keypad(console, scheduler, std::cout);
@@ -102,10 +115,19 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
   QTimer stop_watch;
   watch_for_stop_signals(stop_watch);
 
+  // A headless console without the show it was given would run an installation
+  // that silently outputs nothing: it ends instead.
+  bool show_missing = false;
   scheduler.run_event([&] {
     console.start();
-    load_and_run(console, line);
+    show_missing = !load_and_run(console, line);
   });
+  if (show_missing) {
+    std::cerr << "lumaris: stopping: the show " << line.show
+              << " could not be loaded, and a headless console would send an empty desk\n";
+    console.shutdown();
+    return 2;
+  }
   keypad.start();
   app.exec();
   console.shutdown();
@@ -120,7 +142,9 @@ int run_desktop(int argc, char** argv, const ProgramOptions& line) {
   lumaris::PlatformServices services;
   platform.fill(services);
   lumaris::DeskApp desk(services);
+  if (!apply_run_options(desk.console(), line)) return 2;
   desk.start();
+  // A show that cannot be loaded has said so in a message box; the desk stays up.
   desk.handle([&] { load_and_run(desk.console(), line); });
   desk.show_main_window();
   QTimer stop_watch;
@@ -130,7 +154,7 @@ int run_desktop(int argc, char** argv, const ProgramOptions& line) {
   return code;
 }
 
-// Renders every window offscreen to DIR/<window name>.png.
+// Renders every window offscreen to DIR/<label>_<window name>.png.
 int run_screenshots(int argc, char** argv, const ProgramOptions& line) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
@@ -153,7 +177,8 @@ int run_screenshots(int argc, char** argv, const ProgramOptions& line) {
     QWidget* widget = window.widget();
     widget->show();
     QCoreApplication::processEvents();
-    const QString path = dir.filePath(QString::fromStdString(window.name() + suffix) + ".png");
+    const std::string file = lumaris::screenshot_file_name(window.name(), window.model().caption());
+    const QString path = dir.filePath(QString::fromStdString(file + suffix) + ".png");
     if (widget->grab().save(path)) {
       std::cout << path.toStdString() << "\n";
     } else {
@@ -199,8 +224,9 @@ int main(int argc, char** argv) {
       return run_headless(argc, argv, line);
     case ProgramOptions::Mode::Desktop:
       catch_stop_signals();
-      if (!display_available()) {
-        std::cout << "lumaris: no display available, running headless\n";
+      if (const lumaris::DisplayProbe display = lumaris::probe_display(); !display.usable) {
+        std::cout << "lumaris: no display available (" << display.reason << "), running headless"
+                  << std::endl;
         return run_headless(argc, argv, line);
       }
       return run_desktop(argc, argv, line);

@@ -179,6 +179,9 @@ QWidget* MainDeskWindow::build_bottom_row() {
   picture2_->setToolTip(QStringLiteral("DMX output"));
   picture1_ = new ColourBox(row);
   art_label_ = new QLabel(QStringLiteral("Art-Net"), row);
+  art_destination_ = new QLabel(row);
+  art_destination_->setObjectName(QStringLiteral("Art_Destination"));
+  art_destination_->hide();
   status_ = new QLineEdit(row);
   status_->setReadOnly(true);
   status_->setFocusPolicy(Qt::NoFocus);
@@ -191,6 +194,7 @@ QWidget* MainDeskWindow::build_bottom_row() {
   layout->addWidget(picture2_);
   layout->addWidget(art_label_);
   layout->addWidget(picture1_);
+  layout->addWidget(art_destination_);
   layout->addWidget(status_, 1);
   connect(dec_channels_, &QPushButton::clicked, [this] { app_.handle([&] { desk().Dec_Channels_Click(); }); });
   connect(inc_channel_, &QPushButton::clicked, [this] { app_.handle([&] { desk().Inc_Channel_Click(); }); });
@@ -312,6 +316,9 @@ void MainDeskWindow::sync() {
   sync::background(picture1_, d.Picture1(), "QFrame");
   sync::tooltip(picture1_, d.Picture1_ToolTipText());
   sync::enabled(art_label_, d.Art_Label_enabled());
+  sync::text(art_destination_, d.Art_Destination());
+  sync::tooltip(art_destination_, d.Art_Destination_ToolTipText());
+  art_destination_->setVisible(!d.Art_Destination().empty());
   sync::text(status_, d.Status());
   for (const MenuEntry& entry : d.menu_entries()) {
     if (QAction* action = menu_action(entry.name); action && action->isEnabled() != entry.enabled) {

@@ -88,6 +88,7 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
   ColourBox* picture2_ = nullptr;
   ColourBox* picture1_ = nullptr;
   QLabel* art_label_ = nullptr;
+  QLabel* art_destination_ = nullptr;
   QLineEdit* status_ = nullptr;
   std::map<std::string, QAction*> actions_;
 };

@@ -11,14 +11,27 @@ std::string usage_text() {
          "                          standard input is the keypad (keys 0-9 . / * + - c, Backspace,\n"
          "                          Enter): printf '5.50\\n' | lumaris --headless SHOW sets\n"
          "                          channel 5 to 50 %; each line is answered with its lamp and status\n"
-         "  --screenshot DIR [SHOW] render every window to DIR/<window>.png and exit\n"
+         "  --screenshot DIR [SHOW] render every window to DIR/<name>_<window>.png and exit\n"
          "  --check SHOW            load SHOW into a fresh desk and report what it holds\n"
          "  --resave IN OUT         load IN into a fresh desk and save it whole as OUT\n"
          "  --run                   with a show: enter run mode at start, so Auto screens play by themselves\n"
-         "  --artnet-target ADDR    send Art-Net to ADDR instead of the broadcast address\n"
+         "  --artnet-target ADDR    this run only: send Art-Net to ADDR instead of the broadcast\n"
+         "                          address (\"\" = broadcast); Art-Net Setup keeps a lasting one\n"
+         "  --sacn-target ADDR      this run only: send the sACN rows (or universe 1) to ADDR\n"
+         "  --ola-universe N        this run only: send the frame to universe N of the local olad\n"
          "  --verbose               print the Art-Net log to stderr\n"
          "  --help                  show this text\n"
          "  --version               show the version\n";
+}
+
+std::string artnet_target_not_an_address(const std::string& target) {
+  return "--artnet-target needs an IPv4 address such as 127.0.0.1, not \"" + target + "\"";
+}
+
+std::string artnet_target_broadcast(const std::string& target) {
+  return "--artnet-target " + target +
+         " is a broadcast address, not one node; give the node's own address, or leave the "
+         "option out to broadcast";
 }
 
 ProgramOptions parse_program_options(const std::vector<std::string>& args) {
@@ -67,11 +80,27 @@ ProgramOptions parse_program_options(const std::vector<std::string>& args) {
     } else if (arg == "--artnet-target") {
       const auto target = next();
       if (!target) return fail("--artnet-target needs an IPv4 address");
+      if (is_known_broadcast(*target)) return fail(artnet_target_broadcast(*target));
       if (!target->empty() && !is_unicast_target(*target)) {
-        return fail("--artnet-target needs an IPv4 address such as 127.0.0.1, not \"" + *target +
-                    "\"");
+        return fail(artnet_target_not_an_address(*target));
       }
       line.artnet_target = *target;
+    } else if (arg == "--sacn-target") {
+      const auto target = next();
+      if (!target || !is_unicast_target(*target)) {
+        return fail("--sacn-target needs an IPv4 address such as 127.0.0.1, not \"" +
+                    target.value_or("") + "\"");
+      }
+      line.sacn_target = *target;
+    } else if (arg == "--ola-universe") {
+      const auto universe = next();
+      const bool digits = universe && !universe->empty() && universe->size() <= 10 &&
+                          universe->find_first_not_of("0123456789") == std::string::npos;
+      if (!digits || std::stoull(*universe) > 0xFFFFFFFFull) {
+        return fail("--ola-universe needs an OLA universe number 0-4294967295, not \"" +
+                    universe.value_or("") + "\"");
+      }
+      line.ola_universe = static_cast<std::uint32_t>(std::stoull(*universe));
     } else if (arg.size() > 1 && arg[0] == '-') {
       return fail("unknown option " + arg);
     } else {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +15,8 @@ struct ProgramOptions {
   std::string screenshot_dir;   // --screenshot DIR
   std::string resave_out;       // --resave IN OUT
   std::optional<std::string> artnet_target;
+  std::optional<std::string> sacn_target;     // --sacn-target ADDR, this run only
+  std::optional<std::uint32_t> ola_universe;  // --ola-universe N, this run only
   bool verbose = false;
   bool run = false;             // --run: enter run mode once the show is loaded
   std::string error;
@@ -21,5 +24,8 @@ struct ProgramOptions {
 
 ProgramOptions parse_program_options(const std::vector<std::string>& args);
 std::string usage_text();
+// Why --artnet-target refuses its address, in one line.
+std::string artnet_target_not_an_address(const std::string& target);
+std::string artnet_target_broadcast(const std::string& target);
 
 }  // namespace lumaris

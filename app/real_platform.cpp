@@ -4,11 +4,17 @@
 #include <QSocketNotifier>
 #include <iostream>
 
-#include "net/art_net_node.h"
 #include "platform/linux/libftdi_d2xx.h"
+#ifdef LUMARIS_HAVE_OLA
+#include "platform/linux/ola_streaming_client.h"
+#endif
 #include "platform/linux/ppdev_port_io.h"
 #include "platform/linux/vendor_libraries.h"
 #include "platform/linux/x11_num_lock.h"
+#include "platform/midi.h"
+#ifdef LUMARIS_HAVE_RTMIDI
+#include "platform/linux/rtmidi_midi.h"
+#endif
 
 namespace lumaris {
 
@@ -16,10 +22,15 @@ RealPlatform::RealPlatform(const ProgramOptions& line)
     : verbose_(line.verbose),
       d2xx_(std::make_unique<LibftdiD2xx>()),
       port_io_(std::make_unique<PpdevPortIo>(&std::cerr)),
-      adapter_libraries_(std::make_unique<VendorLibraries>()) {
-  // --artnet-target is the Destination field set from the command line: it is
-  // kept, like the field, with this computer's settings. The parser has checked it.
-  if (line.artnet_target) settings_.write(D_ArtNet::kDestinationSetting, *line.artnet_target);
+      adapter_libraries_(std::make_unique<VendorLibraries>()),
+      sacn_target_(line.sacn_target),
+      ola_universe_(line.ola_universe) {
+#ifdef LUMARIS_HAVE_OLA
+  ola_client_ = std::make_unique<OlaStreamingClient>();
+#endif
+#ifdef LUMARIS_HAVE_RTMIDI
+  midi_ = std::make_unique<RtMidiMidi>();
+#endif
   art_socket_.on_descriptor_change([this](int descriptor) { watch_art_socket(descriptor); });
   // Num Lock can be kept on only where the windows are on an X11 display.
   if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr &&
@@ -47,9 +58,14 @@ void RealPlatform::fill(PlatformServices& services) {
   services.art_socket = &art_socket_;
   services.settings = &settings_;
   services.num_lock = num_lock_.get();
+  services.sacn_socket = &sacn_socket_;
+  services.ola_client = ola_client_.get();
+  services.sacn_target = sacn_target_;
+  services.ola_universe = ola_universe_;
   services.d2xx = d2xx_.get();
   services.port_io = port_io_.get();
   services.adapter_libraries = adapter_libraries_.get();
+  services.midi = midi_.get();
 }
 
 }  // namespace lumaris

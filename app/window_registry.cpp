@@ -8,9 +8,13 @@
 #include "app/patch_editor_window.h"
 #include "app/project_info_window.h"
 #include "app/art_config_window.h"
+#include "app/bcf_configure_window.h"
+#include "app/bcf_window.h"
 #include "app/function_setup_window.h"
 #include "app/playdesk_window.h"
 #include "app/portsetup_window.h"
+#include "app/ola_config_window.h"
+#include "app/sacn_config_window.h"
 
 namespace lumaris {
 
@@ -24,11 +28,15 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<ChasesWindow>(app));
   windows.push_back(std::make_unique<ArtConfigWindow>(app));
   windows.push_back(std::make_unique<PortsetupWindow>(app));
+  windows.push_back(std::make_unique<SacnConfigWindow>(app));
+  windows.push_back(std::make_unique<OlaConfigWindow>(app));
   windows.push_back(std::make_unique<PlaydeskWindow>(app));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Buttons));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Faders));
   windows.push_back(std::make_unique<CueEditorWindow>(app));
   windows.push_back(std::make_unique<CliWindow>(app));
+  windows.push_back(std::make_unique<BcfConfigureWindow>(app));
+  windows.push_back(std::make_unique<BcfWindow>(app));
   return windows;
 }
 

@@ -14,6 +14,10 @@
 #include "keypad/cli.h"
 #include "net/art_config.h"
 #include "net/art_net_node.h"
+#include "net/sacn_config.h"
+#include "net/sacn_output.h"
+#include "output/ola_config.h"
+#include "output/ola_output.h"
 #include "output/output_devices.h"
 #include "output/portsetup.h"
 #include "platform/posix_file_system.h"
@@ -21,6 +25,8 @@
 #include "playback/instant_cues.h"
 #include "playback/playdesk.h"
 #include "sequence/chases.h"
+#include "surface/bcf.h"
+#include "surface/bcf_configure.h"
 
 namespace lumaris {
 
@@ -55,12 +61,22 @@ Console::Console(const PlatformServices& services)
   port_setup_ = std::make_unique<Portsetup>(*context_, *output_devices_, *output_timer_);
   output_devices_->set_setup_window(*port_setup_);
   art_config_ = std::make_unique<Art_Config>(*context_, *art_net_, *main_desk_);
-  const std::vector<OutputSink*> sinks{output_devices_.get(), art_net_.get()};
+  sacn_output_ = std::make_unique<SacnOutput>(*context_, services_.sacn_socket);
+  if (services_.sacn_target) sacn_output_->set_run_target(*services_.sacn_target);
+  sacn_config_ = std::make_unique<SacnConfig>(*context_, *sacn_output_);
+  ola_output_ = std::make_unique<OlaOutput>(*context_, services_.ola_client);
+  if (services_.ola_universe) ola_output_->set_run_universe(*services_.ola_universe);
+  ola_config_ = std::make_unique<OlaConfig>(*context_, *ola_output_);
+  const std::vector<OutputSink*> sinks{output_devices_.get(), art_net_.get(), sacn_output_.get(),
+                                       ola_output_.get()};
   output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
                                                 *output_monitor_, *playback_desk_, sinks);
   playback_desk_->set_output_interval([this] { return output_timer_->interval(); });
   cli_ = std::make_unique<CLI>(*context_, *main_desk_, *playback_desk_, services_.num_lock);
   main_desk_->set_cli_key_handler([this](int key_code) { cli_->CLI_Key(key_code); });
+  surface_ = std::make_unique<BCF>(*context_, services_.midi, *main_desk_, *playback_desk_);
+  surface_setup_ = std::make_unique<BCF_configure>(*context_, *surface_);
+  links_->attach_surface(surface_.get());
   register_windows();
 }
 
@@ -84,6 +100,16 @@ void Console::register_windows() {
   w.add("Art_setup", {&art, load_art, load_art});
   CLI& cli = *cli_;
   w.add("CLI_sel", {&cli, [&cli] { cli.Form_Load(); }, {}});
+  BCF& surface = *surface_;
+  w.add("BCF", {&surface, [&surface] { surface.Form_Load(); }, {}});
+  BCF_configure& surface_setup = *surface_setup_;
+  w.add("BCF2000_setup", {&surface_setup, [&surface_setup] { surface_setup.Form_Load(); }, {}});
+  SacnConfig& sacn = *sacn_config_;
+  const auto load_sacn = [&sacn] { sacn.Form_Load(); };
+  w.add("sACN_setup", {&sacn, load_sacn, load_sacn});
+  OlaConfig& ola = *ola_config_;
+  const auto load_ola = [&ola] { ola.Form_Load(); };
+  w.add("OLA_setup", {&ola, load_ola, load_ola});
   if (playback_desk_->available()) {
     w.add("Playdesk", {playback_desk_.get(), {}, {}});
     w.add("instant_screen", {&playback_desk_->instant_cues(), {}, {}});
@@ -104,6 +130,7 @@ void Console::shutdown() {
   if (shut_down_) return;
   shut_down_ = true;
   output_cycle_->stop();
+  surface_->Form_Unload();
 }
 
 }  // namespace lumaris

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
 
@@ -17,6 +19,7 @@ class D2xx;
 class PortIo;
 class AdapterLibraries;
 class UdpSocket;
+class Midi;
 class Settings;
 class FileSystem;
 class Timer;
@@ -39,6 +42,13 @@ class D_ArtNet;
 class Art_Config;
 class ProjectFile;
 class CLI;
+class BCF;
+class BCF_configure;
+class OlaClient;
+class SacnOutput;
+class SacnConfig;
+class OlaOutput;
+class OlaConfig;
 
 // The outside world as the console sees it. Scheduler, dialogs and clock are
 // required; a missing hardware seam behaves as hardware that does not answer.
@@ -50,10 +60,16 @@ struct PlatformServices {
   PortIo* port_io = nullptr;
   AdapterLibraries* adapter_libraries = nullptr;
   UdpSocket* art_socket = nullptr;
+  Midi* midi = nullptr;                 // null: no MIDI, so no control surface
   Settings* settings = nullptr;
   std::ostream* diagnostics = nullptr;  // the Art-Net log and similar; null discards
   FileSystem* file_system = nullptr;    // null: the computer's own files
   NumLock* num_lock = nullptr;          // null: the keyboard's Num Lock is left alone
+  UdpSocket* sacn_socket = nullptr;
+  OlaClient* ola_client = nullptr;      // null: this program has no OLA
+  // Command-line choices for this run only; never saved.
+  std::optional<std::string> sacn_target;
+  std::optional<std::uint32_t> ola_universe;
 };
 
 // One console: the store, the platform seams and every window model, built and
@@ -97,6 +113,12 @@ class Console {
   Art_Config& art_config() { return *art_config_; }
   ProjectFile& project_file() { return *project_file_; }
   CLI& cli() { return *cli_; }
+  BCF& surface() { return *surface_; }
+  BCF_configure& surface_setup() { return *surface_setup_; }
+  SacnOutput& sacn_output() { return *sacn_output_; }
+  SacnConfig& sacn_config() { return *sacn_config_; }
+  OlaOutput& ola_output() { return *ola_output_; }
+  OlaConfig& ola_config() { return *ola_config_; }
 
  private:
   void register_windows();
@@ -123,8 +145,14 @@ class Console {
   std::unique_ptr<OutputDevices> output_devices_;
   std::unique_ptr<Portsetup> port_setup_;
   std::unique_ptr<Art_Config> art_config_;
+  std::unique_ptr<SacnOutput> sacn_output_;
+  std::unique_ptr<SacnConfig> sacn_config_;
+  std::unique_ptr<OlaOutput> ola_output_;
+  std::unique_ptr<OlaConfig> ola_config_;
   std::unique_ptr<OutputCycle> output_cycle_;
   std::unique_ptr<CLI> cli_;
+  std::unique_ptr<BCF> surface_;
+  std::unique_ptr<BCF_configure> surface_setup_;
 };
 
 }  // namespace lumaris

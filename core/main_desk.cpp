@@ -25,6 +25,22 @@ constexpr const char* kExitWindowStatus = " Exit";
 constexpr const char* kAboutTitle = " About Lumaris";
 constexpr const char* kAboutText =
     "Lumaris " LUMARIS_VERSION "\nA lighting console for one DMX512 universe.";
+constexpr const char* kKeysTitle = " Keyboard and keypad";
+constexpr const char* kKeysText =
+    "Keypad, with the main desk or the Command Line window in front (Num Lock on;\n"
+    "* is Thru, . is At, / marks a playback fader):\n"
+    "  5 . 50 Enter: channel 5 at 50 %\n"
+    "  1 * 8 . 000: channels 1 to 8 at full (three zeros need no Enter)\n"
+    "  1 + 3 + 5 . 30 Enter: channels 1, 3 and 5 at 30 %\n"
+    "  4 / . 75 Enter: playback fader 4 at 75 %\n"
+    "  12 Enter: the level of channel 12 (4 / Enter: of playback fader 4)\n"
+    "  C 7 Enter: screen 7 (in run mode: a take to it)\n"
+    "  . . clears the line; Backspace empties the number being typed\n"
+    "\n"
+    "Menus: Alt and the underlined letter (Alt+F File, Alt+E Edit, Alt+D Desks,\n"
+    "Alt+S Setup, Alt+H Help).\n"
+    "Fields with a Set button (Art-Net destination): Enter sets.\n"
+    "Without a window (lumaris --headless): Ctrl-C ends the console cleanly.";
 }  // namespace
 
 Hoofdblad::Hoofdblad(DeskContext& context) : Window(kMainDeskCaption), context_(context) {}
@@ -88,7 +104,7 @@ void Hoofdblad::set_level(int i, int level) {
   strips_[i].Slider1 = 255 - level;
   strips_[i].Text1 = std::to_string(level);
   store.Desk_Level[ch] = static_cast<std::int16_t>(level);
-  if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(ch, level);
+  if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(i, level);
 }
 
 void Hoofdblad::Slider1_Change(int i, int value) {
@@ -116,6 +132,7 @@ void Hoofdblad::Inc_Channel_Click() {
   if (store.Fader_Page < 1) ++store.Fader_Page;
   if (store.Fader_Page == 1) inc_channel_enabled_ = false;
   Refresh_Desk_Panel();
+  send_page_to_surface();
   context_.status().show_main(" Faders " + str_number(store.Fader_Page) + " Selected");
 }
 
@@ -125,7 +142,15 @@ void Hoofdblad::Dec_Channels_Click() {
   if (store.Fader_Page > 0) --store.Fader_Page;
   if (store.Fader_Page == 0) dec_channels_enabled_ = false;
   Refresh_Desk_Panel();
+  send_page_to_surface();
   context_.status().show_main(" Faders " + str_number(store.Fader_Page) + " Selected");
+}
+
+// The surface's faders are the strips of the page on show: they follow a page change.
+void Hoofdblad::send_page_to_surface() {
+  const Store& store = context_.store();
+  if (store.BCF_Mode != 1) return;
+  for (int i = 0; i < kStrips; ++i) context_.surface().BCF_Fader_Update(i, store.Desk_Level[channel_of(i)]);
 }
 
 void Hoofdblad::Clearall_Click() {
@@ -136,7 +161,7 @@ void Hoofdblad::Clearall_Click() {
   }
   std::fill(store.Desk_Level.begin(), store.Desk_Level.begin() + kDeskChannels, 0);
   if (store.BCF_Mode == 1) {
-    for (int ch = 0; ch < kDeskChannels; ++ch) context_.surface().BCF_Fader_Update(ch, 0);
+    for (int i = 0; i < kStrips; ++i) context_.surface().BCF_Fader_Update(i, 0);
   }
   context_.status().show_main(kClearedStatus);
 }
@@ -205,6 +230,9 @@ std::vector<MenuEntry> Hoofdblad::menu_entries() const {
       {"&Setup", "port_setup", "&Output Device Setup", windows.can_open("port_setup")},
       {"&Setup", "BCF2000_setup", "&BCF2000 Setup", windows.can_open("BCF2000_setup")},
       {"&Setup", "Art_setup", "&Art-Net Setup", windows.can_open("Art_setup")},
+      {"&Setup", "sACN_setup", "&sACN Setup", windows.can_open("sACN_setup")},
+      {"&Setup", "OLA_setup", "O&LA Output Setup", windows.can_open("OLA_setup")},
+      {"&Help", "Keys_Help", "&Keyboard and keypad", true},
       {"&Help", "Aboutmenu", "&About", true},
   };
 }
@@ -244,6 +272,8 @@ void Hoofdblad::Menu_Click(const std::string& name) {
     resetdesk_Click();
   } else if (name == "eruit") {
     eruit_Click();
+  } else if (name == "Keys_Help") {
+    context_.dialogs().message({kKeysTitle, kKeysText, MessageIcon::Information});
   } else if (name == "Aboutmenu") {
     context_.dialogs().message({kAboutTitle, kAboutText, MessageIcon::Information});
   } else {

@@ -98,6 +98,10 @@ class Hoofdblad : public Window {
   bool Art_Label_enabled() const { return art_label_enabled_; }
   // The Art-Net indicator's tip: what it shows, and why sending fails when it does.
   const std::string& Picture1_ToolTipText() const { return picture1_tooltip_; }
+  // Where Art-Net packets go when that is one node rather than the automatic
+  // broadcast address; empty otherwise. Shown next to the Art-Net indicator.
+  const std::string& Art_Destination() const { return art_destination_; }
+  const std::string& Art_Destination_ToolTipText() const { return art_destination_tooltip_; }
   const std::string& Status() const;
   std::vector<MenuEntry> menu_entries() const;
   bool button_enabled(const std::string& name) const;
@@ -108,6 +112,10 @@ class Hoofdblad : public Window {
   void set_Art_Label_enabled(bool enabled) { art_label_enabled_ = enabled; }
   void set_Picture1_ToolTipText(std::string text) { picture1_tooltip_ = std::move(text); }
   static constexpr const char* kPicture1ToolTip = "Art-Net output";
+  void set_Art_Destination(std::string text, std::string tooltip) {
+    art_destination_ = std::move(text);
+    art_destination_tooltip_ = std::move(tooltip);
+  }
   void set_main_caption(std::string caption) { set_caption(std::move(caption)); }
 
   // The command line's key handler; keys go nowhere until it is set.
@@ -116,6 +124,7 @@ class Hoofdblad : public Window {
  private:
   int channel_of(int strip) const;
   void set_level(int strip, int level);
+  void send_page_to_surface();
   void show_submix();
   void reset_masters();
   void draw_strip_names(int i);
@@ -137,6 +146,8 @@ class Hoofdblad : public Window {
   Paint picture1_;
   bool art_label_enabled_ = false;
   std::string picture1_tooltip_ = kPicture1ToolTip;
+  std::string art_destination_;
+  std::string art_destination_tooltip_;
   bool exit_requested_ = false;
   std::function<void(int)> cli_key_;
 };

@@ -8,7 +8,9 @@ namespace lumaris {
 class SurfaceFeedback {
  public:
   virtual ~SurfaceFeedback() = default;
-  // A channel (main desk mode) or playback fader (playback mode) took a level.
+  // A main desk strip of the page on show, index 0..31 (main desk mode), or a
+  // playback fader (playback mode) took a level. A channel off the page on show
+  // has no fader on the surface.
   virtual void BCF_Fader_Update(int /*index*/, int /*level*/) {}
   // A playback button went on or off.
   virtual void BCF_Button_Update(int /*index*/, bool /*state*/) {}

@@ -27,6 +27,11 @@ constexpr const char* kAutomatic = " (automatic)";
 constexpr const char* kBadDestination =
     "Not an IPv4 address: \"%\".\nType four numbers 0-255 separated by dots, such as "
     "127.0.0.1, or leave the field empty to send to the broadcast address automatically.";
+constexpr const char* kBroadcastDestination =
+    "\"%\" is a broadcast address, not one node.\nType the IPv4 address of the node that is to "
+    "receive Art-Net, such as 127.0.0.1, or leave the field empty to broadcast to the whole "
+    "network automatically.";
+constexpr const char* kThisRun = " (this run only, --artnet-target)";
 // Rows 0..8 count, as they always have; only 0..7 have buttons.
 constexpr int kRowsThatRun = 9;
 }  // namespace
@@ -128,8 +133,10 @@ void Art_Config::Destination_Set_Click() {
   const auto last = destination_text_.find_last_not_of(" \t");
   destination_text_ =
       first == std::string::npos ? std::string() : destination_text_.substr(first, last - first + 1);
-  if (!node.set_destination(destination_text_)) {
-    std::string text = kBadDestination;
+  const D_ArtNet::DestinationCheck check = node.set_destination(destination_text_);
+  if (check != D_ArtNet::DestinationCheck::Accepted) {
+    std::string text =
+        check == D_ArtNet::DestinationCheck::Broadcast ? kBroadcastDestination : kBadDestination;
     text.replace(text.find('%'), 1, destination_text_);
     context_.dialogs().message(
         {kDestinationTitle, text, MessageIcon::Exclamation, MessageButtons::Ok, MessageResult::Ok});
@@ -140,8 +147,10 @@ void Art_Config::Destination_Set_Click() {
 std::string Art_Config::Destination_Status() const {
   const D_ArtNet& node = node_;
   if (node.Art_Broadcast().empty()) return kNotSending;
-  return kSendingTo + node.Art_Broadcast() + kOnPort +
-         (node.destination().empty() ? kAutomatic : "");
+  const char* origin = node.destination_in_force().empty() ? kAutomatic
+                       : node.destination_for_this_run()     ? kThisRun
+                                                             : "";
+  return kSendingTo + node.Art_Broadcast() + kOnPort + origin;
 }
 
 }  // namespace lumaris

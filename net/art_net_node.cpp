@@ -23,12 +23,22 @@ constexpr const char* kLogStarted = "Art-Net Node Started...";
 constexpr const char* kLogInitError = "! Art-Net Init Error: ";
 constexpr const char* kLogPoll = "ArtPoll Recieved";
 constexpr const char* kLogUnknownOpCode = "Art-Net: NYI OpCode : 0x";
-constexpr const char* kLogDestination = "Art-Net destination set on this computer: ";
+constexpr const char* kLogDestination = "Art-Net destination: ";
 constexpr const char* kLogBadSetting = "Art-Net destination setting ignored, not an address: ";
 constexpr const char* kNoSocket = "no network socket on this computer";
 constexpr const char* kSendFailed = " Art-Net Sending Failed: ";
 constexpr const char* kSendingAgain = " Art-Net Sending Again";
 constexpr const char* kIndicatorFailed = "Art-Net sending fails: ";
+
+constexpr const char* kLogBroadcastSetting =
+    "Art-Net destination setting ignored, a broadcast address: ";
+constexpr const char* kDeskDestination = "to ";
+constexpr const char* kDeskThisRun = " (this run)";
+constexpr const char* kDeskDestinationTip =
+    "Art-Net packets go to this address only (Setup > Art-Net Setup > Destination)";
+constexpr const char* kDeskThisRunTip =
+    "Art-Net packets go to this address only, given with --artnet-target for this run; "
+    "it is not saved";
 
 constexpr const char* kBroadcast10 = "10.255.255.255";
 constexpr const char* kBroadcast2 = "2.255.255.255";
@@ -52,12 +62,13 @@ D_ArtNet::D_ArtNet(DeskContext& context, UdpSocket* socket, Hoofdblad& main_desk
   }
   if (Settings* settings = context.settings()) {
     const std::string stored = settings->read(kDestinationSetting).value_or("");
-    if (stored.empty() || is_unicast_target(stored)) {
-      destination_ = stored;
-    } else {
-      Art_Log(kLogBadSetting + stored);
+    switch (check_destination(stored)) {
+      case DestinationCheck::Accepted: destination_ = stored; break;
+      case DestinationCheck::NotAnAddress: Art_Log(kLogBadSetting + stored); break;
+      case DestinationCheck::Broadcast: Art_Log(kLogBroadcastSetting + stored); break;
     }
   }
+  show_destination_on_desk();
 }
 
 // The platform's socket outlives the console; it must not call into a node that is gone.
@@ -124,21 +135,49 @@ int D_ArtNet::Art_Init() {
 }
 
 void D_ArtNet::apply_destination() {
+  show_destination_on_desk();
   if (automatic_broadcast_.empty()) return;  // not started: nothing is sent
-  if (destination_.empty()) {
+  const std::string& destination = destination_in_force();
+  if (destination.empty()) {
     art_broadcast_ = automatic_broadcast_;
     socket_->set_broadcast(true);
   } else {
-    art_broadcast_ = destination_;
+    art_broadcast_ = destination;
     socket_->set_broadcast(false);
-    Art_Log(kLogDestination + destination_);
+    Art_Log(kLogDestination + destination);
   }
   socket_->set_remote_host(art_broadcast_);
 }
 
-bool D_ArtNet::set_destination(const std::string& text) {
-  if (!text.empty() && !is_unicast_target(text)) return false;
+void D_ArtNet::show_destination_on_desk() {
+  const std::string& destination = destination_in_force();
+  if (destination.empty()) {
+    main_desk_.set_Art_Destination({}, {});
+  } else if (run_destination_) {
+    main_desk_.set_Art_Destination(kDeskDestination + destination + kDeskThisRun, kDeskThisRunTip);
+  } else {
+    main_desk_.set_Art_Destination(kDeskDestination + destination, kDeskDestinationTip);
+  }
+}
+
+D_ArtNet::DestinationCheck D_ArtNet::check_destination(const std::string& text) const {
+  if (text.empty()) return DestinationCheck::Accepted;
+  if (is_known_broadcast(text)) return DestinationCheck::Broadcast;
+  if (!is_unicast_target(text)) return DestinationCheck::NotAnAddress;
+  if (socket_ != nullptr) {
+    const auto broadcasts = socket_->broadcast_addresses();
+    if (std::find(broadcasts.begin(), broadcasts.end(), text) != broadcasts.end()) {
+      return DestinationCheck::Broadcast;
+    }
+  }
+  return DestinationCheck::Accepted;
+}
+
+D_ArtNet::DestinationCheck D_ArtNet::set_destination(const std::string& text) {
+  const DestinationCheck check = check_destination(text);
+  if (check != DestinationCheck::Accepted) return check;
   destination_ = text;
+  run_destination_.reset();
   if (Settings* settings = context_.settings()) {
     if (text.empty()) {
       settings->remove(kDestinationSetting);
@@ -147,7 +186,15 @@ bool D_ArtNet::set_destination(const std::string& text) {
     }
   }
   apply_destination();
-  return true;
+  return check;
+}
+
+D_ArtNet::DestinationCheck D_ArtNet::set_run_destination(const std::string& text) {
+  const DestinationCheck check = check_destination(text);
+  if (check != DestinationCheck::Accepted) return check;
+  run_destination_ = text;
+  apply_destination();
+  return check;
 }
 
 void D_ArtNet::send(std::span<const std::uint8_t> packet) {

@@ -67,10 +67,24 @@ class D_ArtNet final : public OutputSink {
   bool Art_Packet_Seen() const { return art_packet_seen_; }
   bool Art_Dmx_Seen() const { return art_dmx_seen_; }
 
-  // The operator's destination: empty = automatic. False (and nothing changes)
-  // when the text is not an IPv4 address a packet can be sent to.
-  bool set_destination(const std::string& text);
+  // Whether a typed destination can be used: a broadcast address cannot, since
+  // a destination is one node and the socket then refuses to broadcast.
+  enum class DestinationCheck { Accepted, NotAnAddress, Broadcast };
+  DestinationCheck check_destination(const std::string& text) const;
+  // The Destination field of Art-Net Setup: empty = automatic. It is kept with
+  // this computer's settings and replaces a destination given for this run.
+  // Refused text changes nothing.
+  DestinationCheck set_destination(const std::string& text);
+  // A destination for this run only (--artnet-target), never saved; empty =
+  // automatic for this run, whatever the settings hold.
+  DestinationCheck set_run_destination(const std::string& text);
+  // The Destination field's value, as kept with the computer's settings.
   const std::string& destination() const { return destination_; }
+  // Where packets go when the node runs: empty = the automatic broadcast address.
+  const std::string& destination_in_force() const {
+    return run_destination_ ? *run_destination_ : destination_;
+  }
+  bool destination_for_this_run() const { return run_destination_.has_value(); }
 
   // Why the last packet could not be sent; nothing while packets leave.
   const std::optional<std::string>& send_error() const { return send_error_; }
@@ -79,6 +93,7 @@ class D_ArtNet final : public OutputSink {
 
  private:
   void apply_destination();
+  void show_destination_on_desk();
   void send(std::span<const std::uint8_t> packet);
   void note_send_result(std::optional<std::string> error);
 
@@ -90,6 +105,7 @@ class D_ArtNet final : public OutputSink {
   std::string art_broadcast_;
   std::string automatic_broadcast_;
   std::string destination_;
+  std::optional<std::string> run_destination_;
   std::uint32_t art_node_universe_ = 0;
   std::array<std::uint8_t, 6> art_node_address_{};
   bool art_packet_seen_ = false;

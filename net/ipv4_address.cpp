@@ -32,4 +32,11 @@ bool is_unicast_target(const std::string& text) {
   return *parts != any && *parts != limited_broadcast;
 }
 
+bool is_known_broadcast(const std::string& text) {
+  const auto parts = parse_ipv4(text);
+  if (!parts) return false;
+  const bool host_all_ones = (*parts)[1] == 255 && (*parts)[2] == 255 && (*parts)[3] == 255;
+  return host_all_ones && ((*parts)[0] == 255 || (*parts)[0] == 2 || (*parts)[0] == 10);
+}
+
 }  // namespace lumaris

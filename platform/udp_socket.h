@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace lumaris {
 
@@ -25,6 +26,8 @@ class UdpSocket {
   // The first non-loopback IPv4 address of an interface that is up; empty when
   // there is none.
   virtual std::string local_address() const = 0;
+  // The broadcast address of every IPv4 interface that has one, as dotted quads.
+  virtual std::vector<std::string> broadcast_addresses() const = 0;
 
   virtual void set_remote_host(const std::string& host) = 0;
   virtual void set_remote_port(std::uint16_t port) = 0;

@@ -42,6 +42,7 @@ constexpr int kSequenceFaderThreshold = 10;
 constexpr int kSurfaceMainMode = 1;
 constexpr int kSurfacePlaybackMode = 2;
 constexpr int kSurfaceElements = 33;
+constexpr int kSurfaceStrips = 32;  // one main desk page
 
 std::string seconds_text(int seconds) { return std::to_string(seconds) + " s"; }
 
@@ -332,7 +333,9 @@ void RunMode::Complete_Take() {
       context_.surface().BCF_Button_Update(i, store.Playback_Button_State[i]);
     }
   } else if (store.BCF_Mode == kSurfaceMainMode) {
-    for (int i = 0; i < kSurfaceElements; ++i) context_.surface().BCF_Fader_Update(i, store.Desk_Level[i]);
+    // The surface's faders are the main desk strips of the page on show.
+    const int first = store.Fader_Page * kSurfaceStrips;
+    for (int i = 0; i < kSurfaceStrips; ++i) context_.surface().BCF_Fader_Update(i, store.Desk_Level[first + i]);
   }
   if (!screen.Auto) return;
   if (screen.Delay < 1) {

@@ -5,5 +5,5 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 dir=${1:-screenshots}
 shift || true
-[ -x build/lumaris ] || scripts/build.sh >/dev/null
+[ -x build/lumaris ] || BUILD_TARGET=lumaris scripts/build.sh
 build/lumaris --screenshot "$dir" "$@"

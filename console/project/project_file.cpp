@@ -13,6 +13,7 @@
 #include "platform/file_system.h"
 #include "playback/playdesk.h"
 #include "sequence/chases.h"
+#include "surface/bcf.h"
 
 namespace lumaris {
 
@@ -95,6 +96,11 @@ bool ProjectFile::Load_File(const std::string& path) {
   console_.main_desk().Refresh_Desk_Panel();
   console_.playback_desk().Refresh_Playback_Panel();
   return true;
+}
+
+void ProjectFile::start_surface_from_show() {
+  BCF& surface = console_.surface();
+  surface.Start_From_Show(console_.store().BCF_Mode);
 }
 
 void ProjectFile::load_from_dialog() {

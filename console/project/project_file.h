@@ -41,8 +41,8 @@ class ProjectFile final : public ShowFiles {
   void load_from_dialog();
   bool load_path(const std::string& path);
   void report_damage(const std::string& path);
-  // The control surface connects from a loaded show here once it exists.
-  void start_surface_from_show() {}
+  // A show saved with the surface connected connects it again.
+  void start_surface_from_show();
 
   bool ask_save_name(const char* title);
   void save_whole_project();

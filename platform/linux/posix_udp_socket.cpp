@@ -52,6 +52,10 @@ std::optional<std::string> PosixUdpSocket::bind(std::uint16_t port,
     ::close(fd);
     return std::string(std::strerror(error));
   }
+  // A socket bound to one interface's address sends its multicast there too.
+  if (!local_address.empty()) {
+    ::setsockopt(fd, IPPROTO_IP, IP_MULTICAST_IF, &address.sin_addr, sizeof address.sin_addr);
+  }
   fd_ = fd;
   apply_broadcast();
   if (listener_) listener_(fd_);
@@ -84,6 +88,25 @@ std::string PosixUdpSocket::local_address() const {
   }
   freeifaddrs(list);
   return choose_local_address(interfaces);
+}
+
+std::vector<std::string> PosixUdpSocket::broadcast_addresses() const {
+  std::vector<std::string> addresses;
+  ifaddrs* list = nullptr;
+  if (getifaddrs(&list) != 0) return addresses;
+  for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next) {
+    if ((entry->ifa_flags & IFF_BROADCAST) == 0 || entry->ifa_broadaddr == nullptr ||
+        entry->ifa_broadaddr->sa_family != AF_INET) {
+      continue;
+    }
+    std::array<char, INET_ADDRSTRLEN> text{};
+    const auto* v4 = reinterpret_cast<const sockaddr_in*>(entry->ifa_broadaddr);
+    if (inet_ntop(AF_INET, &v4->sin_addr, text.data(), text.size()) != nullptr) {
+      addresses.emplace_back(text.data());
+    }
+  }
+  freeifaddrs(list);
+  return addresses;
 }
 
 void PosixUdpSocket::set_remote_host(const std::string& host) {

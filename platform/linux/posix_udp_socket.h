@@ -35,6 +35,7 @@ class PosixUdpSocket final : public UdpSocket {
   std::optional<std::string> bind(std::uint16_t port, const std::string& local_address) override;
   void close() override;
   std::string local_address() const override;
+  std::vector<std::string> broadcast_addresses() const override;
   void set_remote_host(const std::string& host) override;
   void set_remote_port(std::uint16_t port) override { remote_port_ = port; }
   void set_broadcast(bool allowed) override;

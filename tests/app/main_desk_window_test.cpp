@@ -51,7 +51,7 @@ TEST_F(MainDeskWindowTest, ModelChangesReachTheWidgetsAndAbsentWindowsAreDisable
   EXPECT_EQ(window().Slider1(7)->value(), 90);
   EXPECT_EQ(window().Text3(7)->text(), QStringLiteral("Cyc"));
   EXPECT_EQ(window().Text3(7)->toolTip(), QStringLiteral(" Ch 8 Cyc"));
-  EXPECT_FALSE(window().menu_action("BCF2000_setup")->isEnabled());
+  EXPECT_TRUE(window().menu_action("BCF2000_setup")->isEnabled());
   EXPECT_TRUE(window().menu_action("editpatch")->isEnabled());
 }
 

@@ -16,7 +16,7 @@ class MainDeskTest : public ::testing::Test {
   TestConsole t;
 };
 
-TEST_F(MainDeskTest, FadersButtonsAndPagingWorkOnTheShownPage) {
+TEST_F(MainDeskTest, FadersButtonsAndPagingWorkOnTheShownPageAndClearTheWholeDesk) {
   desk().Slider1_Change(4, 55);
   EXPECT_EQ(store().Desk_Level[4], 200);
   EXPECT_EQ(desk().strips()[4].Text1, "200");
@@ -40,22 +40,42 @@ TEST_F(MainDeskTest, FadersButtonsAndPagingWorkOnTheShownPage) {
   EXPECT_EQ(store().Desk_Level[63], 255) << "page 1 strip 31 is channel 64";
   desk().Command2_Click(31);
   EXPECT_EQ(store().Desk_Level[63], 0);
+  desk().Open_Channel_Properties(3);
+  EXPECT_EQ(store().Edit_Channel, 35) << "page 1 strip 3 is channel 36";
   desk().Dec_Channels_Click();
+  EXPECT_FALSE(desk().Dec_Channels_enabled()) << "back on page 0";
+  EXPECT_TRUE(desk().Inc_Channel_enabled());
   EXPECT_EQ(desk().strips()[0].Text1_colour, Paint{}) << "default colour leaves the level box alone";
 
+  store().Desk_Level[40] = 90;  // a channel of the page not on show
   desk().Clearall_Click();
   EXPECT_EQ(store().Desk_Level[4], 0);
+  EXPECT_EQ(store().Desk_Level[40], 0);
   EXPECT_EQ(desk().strips()[4].Slider1, 255);
   EXPECT_EQ(desk().Status(), " Desk Cleared ");
 }
 
-TEST_F(MainDeskTest, ResetDeskAsksWithCancelAsDefaultThenRestoresStartUpData) {
+TEST_F(MainDeskTest, ResetDeskAsksWithCancelAsDefaultThenRestoresTheStartUpDesk) {
+  const auto expect_start_up_panel = [this] {
+    EXPECT_EQ(desk().strips()[4].Slider1_tooltip, "level on channel 5");
+    EXPECT_EQ(desk().strips()[4].Text3_tooltip, " Ch 5 5");
+    EXPECT_EQ(desk().Submix_Text(), " ");
+    EXPECT_EQ(desk().Text9(), "1");
+  };
+  expect_start_up_panel();
   store().Patch[0] = 9;
   store().Patch[40] = 3;
-  store().Submix[4].Name = "x";
-  store().Fader_Names[7].Desc = "Wash";
+  store().Submix[3].Name = "Wash";
+  store().Fader_Names[4].Desc = "Spot";
   store().Project_Changed = true;
   store().Project_File = "/tmp/show.xml";
+  store().Project_Title = "Hamlet";
+  store().Playback_Button_State[2] = true;
+  store().Playback_Fader_Level[1] = 200;
+  desk().channels_Change(100);
+  desk().Submix_Master_Change(30);
+  desk().Submix_Plus_Click();
+  desk().Refresh_Desk_Panel();
   desk().resetdesk_Click();  // default answer: Cancel
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   const MessageBoxSpec& box = t.dialogs.messages()[0];
@@ -70,12 +90,18 @@ TEST_F(MainDeskTest, ResetDeskAsksWithCancelAsDefaultThenRestoresStartUpData) {
   EXPECT_EQ(store().Patch[31], 32);
   EXPECT_EQ(store().Patch[32], 0) << "reset patches 32 slots";
   EXPECT_EQ(store().Patch[40], 0);
-  EXPECT_TRUE(store().Submix[4].Name.empty());
-  EXPECT_EQ(store().Fader_Names[7].Desc, "8");
+  EXPECT_TRUE(store().Submix[3].Name.empty());
+  EXPECT_EQ(store().Fader_Names[4].Desc, "5");
   EXPECT_FALSE(store().Project_Changed);
   EXPECT_TRUE(store().Project_File.empty());
+  EXPECT_EQ(store().Project_Title, "untitled");
+  EXPECT_FALSE(store().Playback_Button_State[2]);
+  EXPECT_EQ(store().Playback_Fader_Level[1], 0);
+  EXPECT_EQ(desk().channels_value(), 0);
+  EXPECT_EQ(desk().submix_master_value(), 255);
   EXPECT_EQ(desk().caption(), " Lumaris   ");
   EXPECT_EQ(t.console->status().playback(), " Desk Reset");
+  expect_start_up_panel();
 }
 
 TEST_F(MainDeskTest, ExitAsksOnlyWhenTheShowIsUnsaved) {
@@ -90,50 +116,6 @@ TEST_F(MainDeskTest, ExitAsksOnlyWhenTheShowIsUnsaved) {
   EXPECT_EQ(t.dialogs.messages().size(), 1u);
   EXPECT_EQ(desk().Status(), " Exit Software");
   EXPECT_FALSE(t.console->output_cycle().Timer1().enabled()) << "the exit path stops output";
-}
-
-TEST_F(MainDeskTest, PagingClearAndChannelPropertiesActOnTheWholeDesk) {
-  desk().Inc_Channel_Click();
-  desk().Open_Channel_Properties(3);
-  EXPECT_EQ(store().Edit_Channel, 35) << "page 1 strip 3 is channel 36";
-  desk().Dec_Channels_Click();
-  EXPECT_FALSE(desk().Dec_Channels_enabled()) << "back on page 0";
-  EXPECT_TRUE(desk().Inc_Channel_enabled());
-
-  store().Desk_Level[40] = 90;  // a channel of the page not on show
-  desk().Clearall_Click();
-  EXPECT_EQ(store().Desk_Level[40], 0);
-}
-
-TEST_F(MainDeskTest, ResetBringsMastersTitleAndPlaybackDeskBackToStart) {
-  desk().channels_Change(100);
-  desk().Submix_Master_Change(30);
-  store().Project_Title = "Hamlet";
-  store().Playback_Button_State[2] = true;
-  store().Playback_Fader_Level[1] = 200;
-  t.dialogs.answer_message(MessageResult::Ok);
-  desk().resetdesk_Click();
-  EXPECT_EQ(desk().channels_value(), 0);
-  EXPECT_EQ(desk().submix_master_value(), 255);
-  EXPECT_EQ(store().Project_Title, "untitled");
-  EXPECT_FALSE(store().Playback_Button_State[2]);
-  EXPECT_EQ(store().Playback_Fader_Level[1], 0);
-}
-
-TEST_F(MainDeskTest, StartUpAndResetLeaveThePanelAsTheirStepsSay) {
-  for (int round = 0; round < 2; ++round) {
-    EXPECT_EQ(desk().strips()[4].Slider1_tooltip, "level on channel 5");
-    EXPECT_EQ(desk().strips()[4].Text3_tooltip, " Ch 5 5");
-    EXPECT_EQ(desk().Submix_Text(), " ");
-    EXPECT_EQ(desk().Text9(), "1");
-    // A show's names and a stepped-to submix, then Reset Desk.
-    store().Fader_Names[4].Desc = "Spot";
-    store().Submix[3].Name = "Wash";
-    desk().Submix_Plus_Click();
-    desk().Refresh_Desk_Panel();
-    t.dialogs.answer_message(MessageResult::Ok);
-    desk().resetdesk_Click();
-  }
 }
 
 TEST_F(MainDeskTest, RecallShowsTheRecalledSubmixNameOverWhatWasTyped) {

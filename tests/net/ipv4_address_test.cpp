@@ -13,4 +13,14 @@ TEST(Ipv4Address, DottedQuadsOnly) {
   }
 }
 
+TEST(Ipv4Address, KnownBroadcastsAreTheLimitedOneAndTheArtNetNetworks) {
+  for (const char* broadcast : {"255.255.255.255", "2.255.255.255", "10.255.255.255"}) {
+    EXPECT_TRUE(is_known_broadcast(broadcast)) << broadcast;
+  }
+  for (const char* node : {"10.255.255.254", "2.255.254.255", "11.255.255.255", "127.0.0.1", "",
+                           "10.255.255.255 "}) {
+    EXPECT_FALSE(is_known_broadcast(node)) << node;
+  }
+}
+
 }  // namespace lumaris

@@ -17,7 +17,10 @@
 #include <string>
 
 #include "platform/linux/posix_udp_socket.h"
+#include "console/output_cycle.h"
+#include "net/sacn_packets.h"
 #include "tests/net/art_net_desk.h"
+#include "tests/support/test_console.h"
 
 namespace lumaris {
 
@@ -174,6 +177,41 @@ TEST(RealSocket, DeskSendsArtDmxAnswersPollsAndReportsARefusedDestination) {
     desk.scheduler.advance(100);
     if (console.status().main() != " Art-Net Sending Again") return "recovery not shown";
     console.shutdown();
+    return {};
+  });
+}
+
+// The sACN output through the real socket, unicast to 127.0.0.1 in the namespace:
+// the run target's universe 1 arrives, and stopping ends it with Stream_Terminated.
+TEST(RealSocket, SacnReachesLoopbackAndEndsWithTermination) {
+  run_in_own_network([]() -> std::string {
+    PosixUdpSocket receiver;
+    if (receiver.bind(sacn::kPort, "127.0.0.1")) return "bind 5568 failed";
+    std::vector<std::vector<std::uint8_t>> received;
+    receiver.on_datagram([&](std::span<const std::uint8_t> d) { received.emplace_back(d.begin(), d.end()); });
+    PosixUdpSocket sender;
+    TestConsole desk;
+    desk.services.sacn_socket = &sender;
+    desk.services.sacn_target = "127.0.0.1";
+    desk.build();
+    desk.store().Desk_Level[1] = 77;
+    desk.console->output_cycle().Timer1_Tick();
+    if (!read_when_ready(receiver) || received.size() != 1) return "no sACN packet arrived";
+    const auto& packet = received[0];
+    if (packet.size() != sacn::kPacketSize) return "the packet arrived with the wrong size";
+    if (!std::equal(sacn::kPacketIdentifier.begin(), sacn::kPacketIdentifier.end(),
+                    packet.begin() + sacn::root::kPacketId)) {
+      return "no ACN packet identifier";
+    }
+    if (packet[sacn::framing::kUniverse + 1] != 1) return "not universe 1";
+    if (packet[sacn::dmp::kSlotData + 1] != 77) return "channel 2 did not carry its level";
+    desk.console->shutdown();
+    while (received.size() < 4 && read_when_ready(receiver)) {
+    }
+    if (received.size() != 4) return "stopping did not send three terminations";
+    if ((received[3][sacn::framing::kOptions] & sacn::framing::kOptionStreamTerminated) == 0) {
+      return "the last packet does not end the stream";
+    }
     return {};
   });
 }

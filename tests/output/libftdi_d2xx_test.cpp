@@ -44,27 +44,22 @@ TEST(LibftdiD2xx, OpensFor250kBaud8N2WithoutFlowControlAndSendsBreakStartCodeAnd
   fake.clear();
 
   // The Open DMX USB driver's open and one frame, in its order.
-  D2xx::FT_HANDLE handle = 0;
-  ASSERT_EQ(d2xx.FT_Open(0, &handle), D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_ResetDevice(handle), D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_SetDivisor(handle, 12), D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_SetDataCharacteristics(handle, D2xx::FT_BITS_8, D2xx::FT_STOP_BITS_2,
-                                           D2xx::FT_PARITY_NONE),
-            D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_SetFlowControl(handle, D2xx::FT_FLOW_NONE, 0, 0), D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_ClrRts(handle), D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_Purge(handle, D2xx::FT_PURGE_TX), D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_Purge(handle, D2xx::FT_PURGE_RX), D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_SetBreakOn(handle), D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_SetBreakOff(handle), D2xx::FT_OK);
+  D2xx::FT_HANDLE h = 0;
+  ASSERT_EQ(d2xx.FT_Open(0, &h), D2xx::FT_OK);
   const std::uint8_t start_code = 0;
   std::vector<std::uint8_t> frame(512, 0);
   frame[0] = 200;
   std::uint32_t written = 0;
-  EXPECT_EQ(d2xx.FT_Write(handle, &start_code, 1, &written), D2xx::FT_OK);
-  EXPECT_EQ(d2xx.FT_Write(handle, frame.data(), 512, &written), D2xx::FT_OK);
+  for (const D2xx::FT_STATUS status :
+       {d2xx.FT_ResetDevice(h), d2xx.FT_SetDivisor(h, 12),
+        d2xx.FT_SetDataCharacteristics(h, D2xx::FT_BITS_8, D2xx::FT_STOP_BITS_2, D2xx::FT_PARITY_NONE),
+        d2xx.FT_SetFlowControl(h, D2xx::FT_FLOW_NONE, 0, 0), d2xx.FT_ClrRts(h),
+        d2xx.FT_Purge(h, D2xx::FT_PURGE_TX), d2xx.FT_Purge(h, D2xx::FT_PURGE_RX), d2xx.FT_SetBreakOn(h),
+        d2xx.FT_SetBreakOff(h), d2xx.FT_Write(h, &start_code, 1, &written),
+        d2xx.FT_Write(h, frame.data(), 512, &written), d2xx.FT_Close(h)}) {
+    EXPECT_EQ(status, D2xx::FT_OK);
+  }
   EXPECT_EQ(written, 512u);
-  EXPECT_EQ(d2xx.FT_Close(handle), D2xx::FT_OK);
 
   EXPECT_EQ(fake.calls(), (std::vector<std::string>{
                               "ftdi_usb_open(0x0403, 0x6001)",      // FTDI, FT232R/FT245

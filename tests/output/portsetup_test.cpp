@@ -147,30 +147,22 @@ TEST_F(PortsetupTest, OpenDmxWithoutTheDriverSendsNothing) {
   EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  driver not found");
 }
 
-TEST_F(PortsetupTest, Lpt2ThenCancelKeeps632) {
-  test.store().Adapter = 1;
-  open();
-  setup->Option2_Click();
-  setup->Command2_Click();
-  EXPECT_FALSE(setup->visible());
-  EXPECT_EQ(test.store().Port_Address, 632);
-  EXPECT_FALSE(test.store().Project_Changed);
-  open();
-  EXPECT_TRUE(setup->Option2_Value());
-  setup->Option1_Click();
-  EXPECT_EQ(test.store().Port_Address, 888);
-}
-
-TEST_F(PortsetupTest, CancelKeepsAndSaveAndExitSetsAdapterRateAndMarksTheProjectChanged) {
+TEST_F(PortsetupTest, CancelKeepsOnlyThePortAndSaveAndExitSetsAdapterRateAndMarksTheProjectChanged) {
   open();
   setup->Combo1_Click(1);
+  setup->Option2_Click();
   setup->HScroll1_Change(300);
   setup->Command2_Click();
+  EXPECT_FALSE(setup->visible());
   EXPECT_EQ(test.store().Adapter, 0);
+  EXPECT_EQ(test.store().Port_Address, 632);
   EXPECT_EQ(timer_interval(), 70);
   EXPECT_FALSE(test.store().Project_Changed);
 
   open();
+  EXPECT_TRUE(setup->Option2_Value());
+  setup->Option1_Click();
+  EXPECT_EQ(test.store().Port_Address, 888);
   setup->Combo1_Click(4);
   setup->HScroll1_Change(25);
   setup->Command1_Click();

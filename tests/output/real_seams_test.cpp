@@ -2,6 +2,10 @@
 // library is missing the desk must say so in its own words, once, and go on.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
 #include <sstream>
 
 #include "console/output_cycle.h"
@@ -92,6 +96,69 @@ TEST_F(RealSeamsTest, OpenDmxSearchesQuietlyOrSaysTheDriverIsMissing) {
         << status;
   }
   console->shutdown();
+}
+
+TEST(SharedLibrary, LoadsFromTheLoaderPathAndFindsSymbols) {
+  SharedLibrary library;
+  ASSERT_TRUE(library.load({"liblumaris-missing.so", "libm.so.6"}));
+  const auto cosine = library.function<double (*)(double)>("cos");
+  ASSERT_NE(cosine, nullptr);
+  EXPECT_DOUBLE_EQ(cosine(0.0), 1.0);
+  EXPECT_EQ(library.symbol("Okdmx31Read"), nullptr);
+}
+
+TEST(VendorLibraries, MissingLibrariesOrFunctionsAnswerAsAdaptersThatDoNotRespond) {
+  EXPECT_EQ(SharedLibrary::program_folder().back(), '/');
+  std::array<std::uint8_t, 513> buffer{};
+  VendorLibraries missing({"liblumaris-no-oki.so"}, {"liblumaris-no-usb2dmx.so"});
+  EXPECT_NE(missing.Okdmx31Read(888, 0, buffer.data()), 0);
+  EXPECT_NE(missing.Okdmx31Write(888, 0, buffer.data()), 0);
+  EXPECT_NE(missing.OksidCommand(4, 512, buffer.data() + 1), 0);
+  VendorLibraries wrong({"libm.so.6"}, {"libm.so.6"});
+  EXPECT_NE(wrong.Okdmx31Write(888, 0, buffer.data()), 0);
+  EXPECT_NE(wrong.OksidCommand(4, 512, buffer.data() + 1), 0);
+}
+
+TEST(PpdevPortIo, PcAddressesNameTheDeviceAndRegister) {
+  const auto expect = [](int port, int device, int offset) {
+    const auto reg = PpdevPortIo::register_of(static_cast<std::uint16_t>(port));
+    ASSERT_TRUE(reg.has_value()) << port;
+    EXPECT_EQ(reg->device, device) << port;
+    EXPECT_EQ(reg->offset, offset) << port;
+  };
+  expect(888, 0, 0);  // LPT1 data
+  expect(890, 0, 2);  // LPT1 control
+  expect(632, 1, 0);  // LPT2 data
+  expect(634, 1, 2);  // LPT2 control
+  EXPECT_FALSE(PpdevPortIo::register_of(889).has_value());  // status register: never written
+  EXPECT_FALSE(PpdevPortIo::register_of(0x3BC).has_value());
+}
+
+TEST(PpdevPortIo, AMissingPortIsReportedOnceAndWritesGoNowhere) {
+  std::ostringstream log;
+  PpdevPortIo port(&log, "/nonexistent/lumaris-parport");
+  EXPECT_FALSE(port.Out32(890, 3));
+  for (int i = 0; i < 100; ++i) EXPECT_FALSE(port.Out32(888, 1));
+  const std::string text = log.str();
+  EXPECT_NE(text.find("/nonexistent/lumaris-parport0"), std::string::npos);
+  EXPECT_EQ(text.find("lumaris:"), text.rfind("lumaris:"));  // one line only
+}
+
+TEST(PpdevPortIo, AFileThatIsNoParallelPortCannotBeClaimed) {
+  char name[] = "/tmp/lumaris-parportXXXXXX";
+  const int fd = mkstemp(name);
+  ASSERT_GE(fd, 0);
+  close(fd);
+  const std::string base(name);
+  // The seam appends the device number to its prefix.
+  std::rename(name, (base + "1").c_str());
+  std::ostringstream log;
+  {
+    PpdevPortIo port(&log, base);
+    EXPECT_FALSE(port.Out32(632, 255));
+  }
+  std::remove((base + "1").c_str());
+  EXPECT_NE(log.str().find("lumaris:"), std::string::npos);
 }
 
 }  // namespace

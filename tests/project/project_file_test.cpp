@@ -94,13 +94,10 @@ TEST_F(ProjectFileTest, AFailedSaveKeepsTheOldFileAndTheUnsavedMark) {
   file().Save_Project();  // the desk carries on and the next save works
   EXPECT_FALSE(t.store().Project_Changed);
   EXPECT_NE(file_contents(path).find("<Version>2</Version>"), std::string::npos);
-}
 
-TEST_F(ProjectFileTest, TheHighestVersionIsSavedAsItIs) {
-  t.store().Project_Version = INT16_MAX;
-  t.dialogs.answer_file(folder.file("old.xml"));
-  file().Save_As_Project();
-  EXPECT_NE(file_contents(folder.file("old.xml")).find("<Version>32767</Version>"), std::string::npos);
+  t.store().Project_Version = INT16_MAX;  // the highest version is saved as it is
+  file().Save_Project();
+  EXPECT_NE(file_contents(path).find("<Version>32767</Version>"), std::string::npos);
 }
 
 // A damaged file loads what it can; the status line says so and the desk counts
@@ -195,10 +192,22 @@ TEST_F(ProjectFileTest, SkippedBlocksAreCountedAndNamedInOneMessage) {
   EXPECT_EQ(t.store().Submix[2].Name, "Good");
 }
 
-TEST_F(ProjectFileTest, TheShowOnTheCommandLineLoadsWithoutADialog) {
+// Loading over another show: a screen holds exactly what the file records,
+// never levels the earlier show left in it.
+TEST_F(ProjectFileTest, TheShowOnTheCommandLineLoadsWithoutADialogOverWhatWasThere) {
+  Screen& opening = t.store().Screens[1];
+  opening.Preset[40] = 200;
+  opening.But_Sel[7] = true;
+  opening.Fad_Sel[3] = 90;
   EXPECT_TRUE(file().Load_File(test_data("full_show.xml")));
   EXPECT_TRUE(t.dialogs.file_dialogs().empty());
   EXPECT_EQ(t.console->main_desk().strips()[4].Text3, "FWL");
+  EXPECT_EQ(opening.Preset[40], 0);
+  EXPECT_FALSE(opening.But_Sel[7]);
+  EXPECT_EQ(opening.Fad_Sel[3], 0);
+  EXPECT_EQ(opening.Preset[4], 128);
+  EXPECT_TRUE(opening.But_Sel[17]);
+  EXPECT_EQ(opening.Fad_Sel[12], 100);
   EXPECT_FALSE(file().Load_File(test_data("not_a_show.xml")));
   EXPECT_FALSE(file().Load_File(folder.file("missing.xml")));
   EXPECT_EQ(t.store().Project_Name, "Winter Gala");

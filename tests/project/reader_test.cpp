@@ -118,15 +118,10 @@ TEST_F(ReaderTest, TextWithoutTheRootChangesNothing) {
 TEST_F(ReaderTest, DamagedBlocksAreSkippedWholeAndTheRestLoads) {
   const LoadReport report = load_file(store, "damaged_show.xml");
   const std::vector<LoadProblem>& skipped = report.skipped.kept();
-  ASSERT_EQ(skipped.size(), 5u);
-  EXPECT_EQ(skipped[0].block, "Submix block 1");
+  ASSERT_EQ(skipped.size(), 5u);  // the blocks are named in tests/project/project_file_test.cpp
   EXPECT_EQ(skipped[0].reason, "Num 40 is out of range");
-  EXPECT_EQ(skipped[1].block, "Button block 1");
   EXPECT_EQ(skipped[1].reason, "Number is not a number");
-  EXPECT_EQ(skipped[2].block, "Patch block 1");
-  EXPECT_EQ(skipped[3].block, "Screen block 1");
   EXPECT_EQ(skipped[3].reason, "Num is missing");
-  EXPECT_EQ(skipped[4].block, "Chase block 1");
   EXPECT_EQ(report.cut_at_line, 0);
 
   EXPECT_EQ(store.Submix[2].Name, "Good");
@@ -302,16 +297,6 @@ TEST_F(ReaderTest, AFileThatEndsEarlyLoadsItsWholeBlocksAndSaysWhereItStopped) {
   EXPECT_EQ(store.Submix[2].Name, "Next");
   ASSERT_EQ(report.skipped.count(), 1u);
   EXPECT_EQ(report.skipped.kept()[0].reason, "</Submix> is missing");
-}
-
-TEST(ProblemList, KeepsTheFirstHundredAndCountsTheRest) {
-  Store store;
-  reset_store(store);
-  std::string body;
-  for (int n = 0; n < 250; ++n) body += "<Submix></Submix>";
-  const LoadReport report = read_project(store, "<Lumaris_XML>" + body + "</Lumaris_XML>");
-  EXPECT_EQ(report.skipped.count(), 250u);
-  EXPECT_EQ(report.skipped.kept().size(), ProblemList::kKept);
 }
 
 TEST(RoundTrip, RandomShowsReadBackAndSaveToTheSameBytes) {

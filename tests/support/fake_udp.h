@@ -23,6 +23,7 @@ class FakeUdp final : public UdpSocket {
   std::optional<std::string> bind(std::uint16_t port, const std::string& local_address) override;
   void close() override { bound_port_.reset(); }
   std::string local_address() const override { return local_address_; }
+  std::vector<std::string> broadcast_addresses() const override { return broadcasts_; }
   void set_remote_host(const std::string& host) override { remote_host_ = host; }
   void set_remote_port(std::uint16_t port) override { remote_port_ = port; }
   void set_broadcast(bool allowed) override { broadcast_allowed_ = allowed; }
@@ -31,6 +32,7 @@ class FakeUdp final : public UdpSocket {
 
   // The test's side.
   void set_local(std::string address) { local_address_ = std::move(address); }
+  void set_broadcasts(std::vector<std::string> addresses) { broadcasts_ = std::move(addresses); }
   // The next bind fails with this description, as when the port is taken.
   void fail_next_bind(std::string description) { bind_error_ = std::move(description); }
   // Every send fails with this description, nothing leaves, until recover().
@@ -44,6 +46,7 @@ class FakeUdp final : public UdpSocket {
 
  private:
   std::string local_address_ = "192.168.1.5";
+  std::vector<std::string> broadcasts_{"192.168.1.255"};
   std::optional<std::string> bind_error_;
   std::optional<std::string> send_error_;
   std::optional<std::uint16_t> bound_port_;

@@ -1,0 +1,238 @@
+// The sACN output: the packet layout byte for byte, the streams a row starts and
+// ends, the run-only target, and what bad input does (nothing).
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "console/output_cycle.h"
+#include "net/sacn_config.h"
+#include "net/sacn_output.h"
+#include "net/sacn_packets.h"
+#include "tests/support/fake_udp.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/test_console.h"
+
+namespace lumaris {
+namespace {
+
+const sacn::Cid kCid = {0x12, 0x34, 0x56, 0x78, 0x9a, 0xbc, 0x4d, 0xef,
+                        0x80, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77};
+
+// Everything before the slots of a data packet on universe 0x0107, priority
+// 100, sequence 0x2a, source "Lumaris".
+const std::vector<std::uint8_t> kDataHeader = {
+    0x00, 0x10,                                            // preamble size
+    0x00, 0x00,                                            // post-amble size
+    'A', 'S', 'C', '-', 'E', '1', '.', '1', '7', 0, 0, 0,  // ACN packet identifier
+    0x72, 0x6e,                                            // flags 7, root length 622
+    0x00, 0x00, 0x00, 0x04,                                // VECTOR_ROOT_E131_DATA
+    0x12, 0x34, 0x56, 0x78, 0x9a, 0xbc, 0x4d, 0xef,        // CID
+    0x80, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77,        //
+    0x72, 0x58,                                            // flags 7, framing length 600
+    0x00, 0x00, 0x00, 0x02,                                // VECTOR_E131_DATA_PACKET
+    'L', 'u', 'm', 'a', 'r', 'i', 's', 0,                  // source name, 64 bytes,
+    0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,        //   NUL padded
+    0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,        //
+    0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,        //
+    0, 0, 0, 0, 0, 0, 0, 0,                                //
+    0x64,                                                  // priority 100
+    0x00, 0x00,                                            // synchronization address: none
+    0x2a,                                                  // sequence number
+    0x00,                                                  // options: none
+    0x01, 0x07,                                            // universe 263
+    0x72, 0x0b,                                            // flags 7, DMP length 523
+    0x02,                                                  // VECTOR_DMP_SET_PROPERTY
+    0xa1,                                                  // address and data type
+    0x00, 0x00,                                            // first property address
+    0x00, 0x01,                                            // address increment
+    0x02, 0x01,                                            // property value count 513
+    0x00,                                                  // start code 0
+};
+
+std::array<std::uint8_t, sacn::kSlots> ramp() {
+  std::array<std::uint8_t, sacn::kSlots> slots{};
+  for (std::size_t i = 0; i < slots.size(); ++i) slots[i] = static_cast<std::uint8_t>(i * 3);
+  return slots;
+}
+
+TEST(SacnPackets, DataAndTerminationPacketsAreLaidOutByteForByte) {
+  sacn::StreamFields fields;
+  fields.cid = kCid;
+  fields.source_name = "Lumaris";
+  fields.universe = 263;
+  fields.sequence = 0x2a;
+  const auto slots = ramp();
+  const auto data = sacn::build_data(fields, slots);
+  ASSERT_EQ(data.size(), 638u);
+  EXPECT_EQ(std::vector<std::uint8_t>(data.begin(), data.begin() + 126), kDataHeader);
+  EXPECT_TRUE(std::equal(slots.begin(), slots.end(), data.begin() + 126));
+
+  fields.terminated = true;
+  const auto end = sacn::build_data(fields, slots);
+  std::vector<std::uint8_t> expected = kDataHeader;
+  expected[112] = 0x40;  // options: Stream_Terminated
+  EXPECT_EQ(std::vector<std::uint8_t>(end.begin(), end.begin() + 126), expected);
+}
+
+TEST(SacnPackets, LongNamesAreCutAndUniversesMapToTheirMulticastGroup) {
+  sacn::StreamFields fields;
+  fields.source_name = std::string(80, 'x');
+  const auto packet = sacn::build_data(fields, ramp());
+  EXPECT_EQ(packet[sacn::framing::kSourceName + 62], 'x');
+  EXPECT_EQ(packet[sacn::framing::kSourceName + 63], 0);  // always NUL-terminated
+  EXPECT_EQ(sacn::multicast_address(1), "239.255.0.1");
+  EXPECT_EQ(sacn::multicast_address(63999), "239.255.249.255");
+  sacn::Cid back{};
+  ASSERT_TRUE(sacn::parse_cid(sacn::cid_text(kCid), back));
+  EXPECT_EQ(back, kCid);
+  EXPECT_FALSE(sacn::parse_cid("12345678-9abc-4def-8011-2233445566zz", back));
+}
+
+struct SacnDesk : ::testing::Test {
+  FakeUdp socket;
+  MemorySettings settings;
+  TestConsole desk;
+
+  Console& build(std::optional<std::string> target = std::nullopt) {
+    desk.services.sacn_socket = &socket;
+    desk.services.settings = &settings;
+    desk.services.sacn_target = std::move(target);
+    return desk.build();
+  }
+  SacnOutput& output() { return desk.console->sacn_output(); }
+  SacnConfig& window() { return desk.console->sacn_config(); }
+  void tick() { desk.console->output_cycle().Timer1_Tick(); }
+  static int universe_of(const FakeUdp::Sent& sent) {
+    return sent.bytes[sacn::framing::kUniverse] * 256 + sent.bytes[sacn::framing::kUniverse + 1];
+  }
+  static bool terminated(const FakeUdp::Sent& sent) {
+    return (sent.bytes[sacn::framing::kOptions] & sacn::framing::kOptionStreamTerminated) != 0;
+  }
+};
+
+TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameAndEndsWithThreeTerminations) {
+  build();
+  desk.store().Desk_Level[0] = 200;
+  tick();
+  EXPECT_TRUE(socket.sent().empty()) << "nothing leaves before the operator enables a row";
+
+  window().Universe_Change(2, "263");
+  window().Enable_Click(2);
+  tick();
+  ASSERT_EQ(socket.sent().size(), 1u);
+  EXPECT_EQ(socket.sent()[0].host, "239.255.1.7");
+  EXPECT_EQ(socket.sent()[0].port, sacn::kPort);
+  EXPECT_EQ(universe_of(socket.sent()[0]), 263);
+  EXPECT_EQ(socket.sent()[0].bytes[sacn::dmp::kSlotData], 200);  // channel 1 of the frame
+  EXPECT_EQ(settings.read("sacn/row3/universe"), "263");
+
+  socket.clear_sent();
+  window().Enable_Click(2);  // Disable
+  ASSERT_EQ(socket.sent().size(), 3u);
+  for (const auto& sent : socket.sent()) EXPECT_TRUE(terminated(sent));
+  tick();
+  EXPECT_EQ(socket.sent().size(), 3u) << "a disabled row sends nothing more";
+
+  window().Enable_Click(2);
+  tick();
+  socket.clear_sent();
+  desk.console->shutdown();
+  ASSERT_EQ(socket.sent().size(), 3u) << "stopping the console ends the stream";
+  EXPECT_TRUE(terminated(socket.sent()[2]));
+}
+
+TEST_F(SacnDesk, SequenceNumbersCountPerUniverseAndWrap) {
+  build();
+  ASSERT_FALSE(output().set_row(0, 1, true));
+  ASSERT_FALSE(output().set_row(1, 2, true));
+  for (int i = 0; i < 257; ++i) tick();
+  std::vector<int> sequence_of_1;
+  for (const auto& sent : socket.sent()) {
+    if (universe_of(sent) == 1) sequence_of_1.push_back(sent.bytes[sacn::framing::kSequence]);
+  }
+  ASSERT_EQ(sequence_of_1.size(), 257u);
+  EXPECT_EQ(sequence_of_1[1], 1);
+  EXPECT_EQ(sequence_of_1[255], 255);
+  EXPECT_EQ(sequence_of_1[256], 0);
+}
+
+TEST_F(SacnDesk, RunTargetRedirectsRowsOrSendsUniverseOneAndIsNeverSaved) {
+  build("127.0.0.1");
+  tick();
+  ASSERT_EQ(socket.sent().size(), 1u);
+  EXPECT_EQ(socket.sent()[0].host, "127.0.0.1");
+  EXPECT_EQ(universe_of(socket.sent()[0]), 1);
+
+  socket.clear_sent();
+  ASSERT_FALSE(output().set_row(0, 9, true));
+  tick();
+  // Universe 1 ends (three terminations), universe 9 goes to the same target.
+  ASSERT_EQ(socket.sent().size(), 4u);
+  EXPECT_TRUE(terminated(socket.sent()[0]));
+  EXPECT_EQ(universe_of(socket.sent()[3]), 9);
+  EXPECT_EQ(socket.sent()[3].host, "127.0.0.1");
+  EXPECT_FALSE(settings.read(SacnOutput::kDestinationSetting).has_value());
+}
+
+TEST_F(SacnDesk, BadInputShowsAMessageAndChangesNothing) {
+  build();
+  const auto before = settings.read(SacnOutput::kCidSetting);
+  ASSERT_TRUE(before.has_value()) << "the CID is made once and kept with the computer";
+
+  for (const char* bad : {"0", "64000", "abc", ""}) {
+    window().Universe_Change(0, bad);
+    window().Enable_Click(0);
+    EXPECT_FALSE(output().row(0).enabled) << bad;
+  }
+  ASSERT_FALSE(output().set_row(1, 5, true));
+  window().Universe_Change(0, "5");
+  window().Enable_Click(0);
+  EXPECT_FALSE(output().row(0).enabled) << "two rows cannot send one universe";
+
+  window().Priority_Change("201");
+  window().Destination_Change("10.0.0.9");
+  window().Apply_Click();
+  EXPECT_EQ(output().priority(), 100);
+  EXPECT_EQ(output().destination(), "") << "one bad field applies none";
+  window().Priority_Change("150");
+  window().Destination_Change("10.0.0.300");
+  window().Apply_Click();
+  EXPECT_EQ(output().priority(), 100);
+  EXPECT_EQ(desk.dialogs.messages().size(), 7u);
+
+  window().Priority_Change("150");
+  window().Destination_Change("127.0.0.1");
+  window().Source_Name_Change("FOH");
+  window().Apply_Click();
+  EXPECT_EQ(output().priority(), 150);
+  tick();
+  EXPECT_EQ(socket.sent().back().host, "127.0.0.1");
+  EXPECT_EQ(socket.sent().back().bytes[sacn::framing::kPriority], 150);
+  EXPECT_EQ(settings.read(SacnOutput::kSourceNameSetting), "FOH");
+}
+
+TEST_F(SacnDesk, SettingsComeBackWithTheNextRunAndTheSameCid) {
+  build();
+  ASSERT_FALSE(output().set_row(4, 40, true));
+  ASSERT_FALSE(output().set_priority(7));
+  const sacn::Cid cid = output().cid();
+  desk.console->shutdown();
+  desk.console.reset();
+  socket.clear_sent();
+
+  TestConsole next;
+  next.services.sacn_socket = &socket;
+  next.services.settings = &settings;
+  next.build();
+  EXPECT_EQ(next.console->sacn_output().cid(), cid);
+  EXPECT_TRUE(next.console->sacn_output().row(4).enabled);
+  next.console->output_cycle().Timer1_Tick();
+  ASSERT_EQ(socket.sent().size(), 1u);
+  EXPECT_EQ(universe_of(socket.sent()[0]), 40);
+  EXPECT_EQ(socket.sent()[0].bytes[sacn::framing::kPriority], 7);
+  EXPECT_TRUE(std::equal(cid.begin(), cid.end(), socket.sent()[0].bytes.begin() + sacn::root::kCid));
+}
+
+}  // namespace
+}  // namespace lumaris

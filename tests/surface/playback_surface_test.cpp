@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "playback/playback_chases.h"
+#include "playback/playback_panel.h"
+#include "tests/surface/surface_desk.h"
+
+namespace lumaris {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+class PlaybackSurfaceTest : public ::testing::Test {
+ protected:
+  SurfaceDesk t;
+  void SetUp() override {
+    t.connected();
+    t.surface().Pannel_Inc_Click();  // " Playback Desk"
+    t.midi.clear_sent();
+  }
+};
+
+TEST_F(PlaybackSurfaceTest, ArrivingInPlaybackModeSendsThePlaybackFaders) {
+  t.store().Playback_Fader_Level[1] = 255;
+  t.store().Desk_Level[1] = 40;
+  t.surface().Pannel_Dec_Click();
+  t.midi.clear_sent();
+  t.surface().Pannel_Inc_Click();
+  EXPECT_EQ(t.surface().Text3(), " Playback Desk");
+  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 81, 0, 0xB0, 82, 127, 0xB0, 83, 0, 0xB0, 84, 0,
+                                  0xB0, 85, 0, 0xB0, 86, 0, 0xB0, 87, 0, 0xB0, 88, 0}));
+}
+
+TEST_F(PlaybackSurfaceTest, SurfaceButtonsPlayThePlaybackButtonsWhileHeld) {
+  Store& store = t.store();
+  store.Button_Functions[3] = {};  // Submix 0, not latched
+  store.Button_Functions[3].Function = kFunctionSubmix;
+  store.Button_Functions[3].Level = 255;
+  store.Submix[0].Chan[0] = 5;
+  store.Submix[0].Level[0] = 180;
+  t.cc(68, 127);  // button 4 pressed
+  EXPECT_TRUE(store.Playback_Button_State[3]);
+  EXPECT_EQ(t.surface().Text1(), " 3 On");
+  EXPECT_GT(store.Playback_Live_Out[4], 0) << "the live output is recomputed";
+  t.cc(68, 0);
+  EXPECT_FALSE(store.Playback_Button_State[3]);
+  EXPECT_EQ(t.surface().Text1(), " 3 Off");
+  EXPECT_EQ(store.Playback_Live_Out[4], 0);
+  EXPECT_TRUE(t.midi.sent().empty());
+}
+
+TEST_F(PlaybackSurfaceTest, SequenceButtonsAndFadersStartAndStopTheirChase) {
+  Store& store = t.store();
+  store.Button_Functions[0].Function = kFunctionSequence;
+  store.Button_Functions[0].Value = 4;
+  store.Button_Functions[0].Level = 200;
+  PlaybackChases& chases = t.playback().chases();
+  t.cc(65, 127);
+  EXPECT_TRUE(chases.running(4));
+  EXPECT_EQ(chases.Seq_Level(4), 200);
+  t.cc(65, 0);
+  EXPECT_FALSE(chases.running(4));
+
+  store.Fader_Functions[10].Function = kFunctionSequence;
+  store.Fader_Functions[10].Value = 6;
+  t.cc(90, 127);  // group 2: playback faders 8..15
+  t.cc(83, 60);   // fader 3 of the group: playback fader 10
+  EXPECT_EQ(store.Playback_Fader_Level[10], 120);
+  EXPECT_TRUE(chases.running(6));
+  EXPECT_EQ(chases.Seq_Level(6), 120);
+  t.cc(83, 0);
+  EXPECT_FALSE(chases.running(6));
+}
+
+TEST_F(PlaybackSurfaceTest, AFaderFromTheSurfaceIsNotEchoedButTheScreensNextMoveIs) {
+  t.cc(82, 100);
+  EXPECT_EQ(t.store().Playback_Fader_Level[1], 200);
+  EXPECT_TRUE(t.midi.sent().empty());
+  t.playback().panel().Fader_Move(1, 255 - 64);  // fader 2 of page 1 on the screen
+  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 82, 32}));
+}
+
+TEST_F(PlaybackSurfaceTest, ButtonLedsFollowTheDeskInTheGroupShown) {
+  Store& store = t.store();
+  store.Button_Functions[2].Function = kFunctionSubmix;
+  store.Button_Functions[2].Latch = true;
+  t.playback().panel().Button_Press(2, MouseButton::Left);
+  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 67, 127}));  // button 3 LED on
+
+  t.midi.clear_sent();
+  BCF& surface = t.surface();
+  surface.BCF_Button_Update(16, true);  // group 1 shows buttons 16..32 from controller 73
+  EXPECT_TRUE(t.midi.sent().empty());
+  t.cc(90, 127);
+  t.midi.clear_sent();
+  surface.BCF_Button_Update(16, true);
+  surface.BCF_Button_Update(32, false);
+  surface.BCF_Button_Update(15, true);
+  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 73, 127, 0xB0, 89, 0}));
+  t.cc(91, 127);
+  t.midi.clear_sent();
+  surface.BCF_Button_Update(32, true);
+  surface.BCF_Button_Update(48, true);
+  surface.BCF_Button_Update(49, true);
+  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 81, 127, 0xB0, 97, 127}));
+  t.cc(92, 127);
+  t.midi.clear_sent();
+  surface.BCF_Button_Update(40, true);
+  EXPECT_TRUE(t.midi.sent().empty()) << "group 4 has no LEDs to light";
+}
+
+TEST_F(PlaybackSurfaceTest, ClearAllResetsTheSurface) {
+  t.store().Playback_Fader_Level[0] = 200;
+  t.playback().Clear_All();
+  const Bytes& sent = t.midi.sent();
+  // Faders 0..7 to 0 and buttons 0..15 off, each with its own controller.
+  EXPECT_EQ(sent.size(), (8u + 16u) * 3);
+  EXPECT_EQ((Bytes{sent[0], sent[1], sent[2], sent[3], sent[4], sent[5]}),
+            (Bytes{0xB0, 81, 0, 0xB0, 65, 0}));
+}
+
+}  // namespace
+}  // namespace lumaris

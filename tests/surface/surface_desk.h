@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/main_desk.h"
+#include "playback/playdesk.h"
+#include "surface/bcf.h"
+#include "surface/bcf_configure.h"
+#include "tests/support/fake_midi.h"
+#include "tests/support/test_console.h"
+
+namespace lumaris {
+
+// A desk whose MIDI ports are fake: a BCF2000 can be plugged in, played, and
+// the bytes it was sent read back.
+struct SurfaceDesk {
+  FakeMidi midi;
+  TestConsole desk;
+
+  SurfaceDesk() {
+    desk.services.midi = &midi;
+    desk.build();
+  }
+  Console& console() { return *desk.console; }
+  Store& store() { return desk.store(); }
+  BCF& surface() { return console().surface(); }
+  BCF_configure& setup() { return console().surface_setup(); }
+  Hoofdblad& main_desk() { return console().main_desk(); }
+  Playdesk& playback() { return console().playback_desk(); }
+
+  // A BCF2000 as ALSA lists it, next to a port that is not one.
+  void plug_in() {
+    midi.set_ports({"Midi Through:Midi Through Port-0 14:0", "BCF2000:BCF2000 Port 1 20:0"},
+                   {"Midi Through:Midi Through Port-0 14:0", "BCF2000:BCF2000 Port 1 20:0"});
+  }
+  // The operator opens "&BCF2000 Setup" and presses the connect button.
+  void connect() {
+    main_desk().Menu_Click("BCF2000_setup");
+    setup().Command1_Click();
+  }
+  // Plugged in and connected, with nothing sent yet.
+  void connected() {
+    plug_in();
+    connect();
+    midi.clear_sent();
+  }
+  // The surface sends one message; it becomes a desk event of its own.
+  void play(const std::vector<std::uint8_t>& message) {
+    midi.deliver(message);
+    desk.scheduler.run_posted();
+  }
+  // A Control Change on channel 1, as the surface sends it.
+  void cc(int controller, int value) {
+    play({0xB0, static_cast<std::uint8_t>(controller), static_cast<std::uint8_t>(value)});
+  }
+};
+
+}  // namespace lumaris
