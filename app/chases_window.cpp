@@ -1,6 +1,7 @@
 #include "app/chases_window.h"
 
 #include <QAction>
+#include <algorithm>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -14,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "app/desk_app.h"
+#include "app/moving_panel_widget.h"
 #include "app/widgets/colour_box.h"
 #include "app/widgets/log_slider_widget.h"
 #include "app/widgets/sync.h"
@@ -59,6 +61,9 @@ ChasesWindow::ChasesWindow(DeskApp& app)
   auto* middle = new QHBoxLayout;
   middle->addWidget(build_channels(), 1);
   middle->addWidget(build_times());
+  moving_panel_ = new MovingPanelWidget(app_, this);
+  moving_panel_->setVisible(false);  // hidden the first time the desk is shown
+  middle->addWidget(moving_panel_);
   layout->addLayout(middle, 1);
   layout->addWidget(build_bottom_row());
   resize(1280, 560);
@@ -214,9 +219,9 @@ QWidget* ChasesWindow::build_bottom_row() {
     const auto click = a.click;
     connect(b, &QPushButton::clicked, [this, click] { handle([&](Chases& d) { (d.*click)(); }); });
   }
-  auto* moving = button(QStringLiteral("Show Moving"), QStringLiteral("Show Changing fixture desk"), panel);
-  moving->setEnabled(false);  // the moving desk comes with the fixtures
-  edits->addWidget(moving);
+  show_moving_ = button(QStringLiteral("Show Moving"), QStringLiteral("Show Changing fixture desk"), panel);
+  edits->addWidget(show_moving_);
+  connect(show_moving_, &QPushButton::clicked, [this] { handle([](Chases& d) { d.Show_Moving_Click(); }); });
   grid->addLayout(edits, 3, 0, 1, 3);
   grid->setColumnStretch(3, 1);
   return panel;
@@ -293,6 +298,28 @@ void ChasesWindow::sync() {
       action->setEnabled(entry.enabled);
     }
   }
+  sync::text(show_moving_, d.Show_Moving());
+  sync::enabled(show_moving_, d.Show_Moving_enabled());
+  // The window widens by the panel when it shows and narrows again when it hides.
+  const bool shown = d.Moving_Shown();
+  if (moving_panel_->isVisibleTo(this) != shown) {
+    if (shown) narrow_size_ = size();
+    moving_panel_->setVisible(shown);
+    layout()->activate();  // the new minimum first, or the resize is refused
+    if (shown) {
+      resize(std::max(width(), narrow_size_.width() + moving_panel_->sizeHint().width()),
+             std::max(height(), sizeHint().height()));
+    } else {
+      resize(narrow_size_);
+    }
+  }
+  if (shown) moving_panel_->sync();
+}
+
+std::vector<DeskWindow::ScreenshotVariant> ChasesWindow::screenshot_variants() {
+  return {{"_moving", [this] {
+             if (!desk().Moving_Shown()) desk().Show_Moving_Click();
+           }}};
 }
 
 }  // namespace lumaris

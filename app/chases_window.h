@@ -5,6 +5,8 @@
 #include <map>
 #include <string>
 
+#include <QSize>
+
 #include "app/desk_window.h"
 #include "app/widgets/level_slider.h"
 #include "app/widgets/tool_window.h"
@@ -24,6 +26,7 @@ namespace lumaris {
 class DeskApp;
 class ColourBox;
 class LogSliderWidget;
+class MovingPanelWidget;
 
 // The sequence desk: chase selection, 24 chase channels, step times, loops, the
 // step clipboard and Go/Stop.
@@ -46,6 +49,9 @@ class ChasesWindow final : public ToolWindow, public DeskWindow {
   QPushButton* Chase_Go_Button() const { return go_; }
   LogSliderWidget* LogSlider3() const { return log_slider3_; }
   QAction* menu_action(const std::string& name) const;
+  QPushButton* Show_Moving() const { return show_moving_; }
+  MovingPanelWidget* moving_panel() const { return moving_panel_; }
+  std::vector<ScreenshotVariant> screenshot_variants() override;
 
  private:
   struct Channel {
@@ -92,6 +98,9 @@ class ChasesWindow final : public ToolWindow, public DeskWindow {
   QCheckBox* live_mode_ = nullptr;
   QProgressBar* fade_bar_ = nullptr;
   QProgressBar* step_bar_ = nullptr;
+  QPushButton* show_moving_ = nullptr;
+  MovingPanelWidget* moving_panel_ = nullptr;
+  QSize narrow_size_;
   std::map<std::string, QAction*> actions_;
 };
 

@@ -3,6 +3,7 @@
 #include "app/cli_window.h"
 #include "app/cue_editor_window.h"
 #include "app/desk_app.h"
+#include "app/fixture_prop_window.h"
 #include "app/main_desk_window.h"
 #include "app/output_monitor_window.h"
 #include "app/patch_editor_window.h"
@@ -26,6 +27,7 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<OutputMonitorWindow>(app));
   windows.push_back(std::make_unique<ProjectInfoWindow>(app));
   windows.push_back(std::make_unique<ChasesWindow>(app));
+  windows.push_back(std::make_unique<FixturePropWindow>(app));
   windows.push_back(std::make_unique<ArtConfigWindow>(app));
   windows.push_back(std::make_unique<PortsetupWindow>(app));
   windows.push_back(std::make_unique<SacnConfigWindow>(app));

@@ -2,10 +2,10 @@
 // 32 steps, every button and fader, a full patch.
 #include <benchmark/benchmark.h>
 
-#include "console/project/atomic_save.h"
+#include "platform/atomic_save.h"
 #include "console/project/project_reader.h"
 #include "console/project/project_writer.h"
-#include "console/project/windows_1252.h"
+#include "base/windows_1252.h"
 #include "platform/posix_file_system.h"
 #include "tests/support/show_builders.h"
 #include "tests/support/temp_folder.h"

@@ -11,6 +11,8 @@
 #include "core/output_monitor.h"
 #include "core/patch_editor.h"
 #include "core/project_info.h"
+#include "fixtures/fixture_prop.h"
+#include "fixtures/moving_desk.h"
 #include "keypad/cli.h"
 #include "net/art_config.h"
 #include "net/art_net_node.h"
@@ -56,6 +58,8 @@ Console::Console(const PlatformServices& services)
   project_info_ = std::make_unique<ProjectText>(*context_);
   playback_desk_ = std::make_unique<Playdesk>(*context_, *main_desk_);
   sequence_desk_ = std::make_unique<Chases>(*context_, *main_desk_);
+  moving_desk_ = std::make_unique<MovingDesk>(*context_, *sequence_desk_);
+  sequence_desk_->set_moving_panel(moving_desk_.get());
   output_devices_ = std::make_unique<OutputDevices>(
       *context_, AdapterSeams{services_.d2xx, services_.port_io, services_.adapter_libraries});
   port_setup_ = std::make_unique<Portsetup>(*context_, *output_devices_, *output_timer_);
@@ -92,6 +96,7 @@ void Console::register_windows() {
   ProjectText& info = *project_info_;
   w.add("project_info", {&info, [&info] { info.Form_Load(); }, [&info] { info.Form_Load(); }});
   w.add("Chase_Screen", {sequence_desk_.get(), {}, {}});
+  w.add("Fixture_Prop", {&moving_desk_->fixture_prop(), {}, {}});
   w.add("realoutput", {output_monitor_.get(), {}, {}});
   Portsetup& setup = *port_setup_;
   w.add("port_setup", {&setup, [&setup] { setup.Form_Load(); }, [&setup] { setup.Refresh(); }});

@@ -42,6 +42,7 @@ class D_ArtNet;
 class Art_Config;
 class ProjectFile;
 class CLI;
+class MovingDesk;
 class BCF;
 class BCF_configure;
 class OlaClient;
@@ -107,6 +108,7 @@ class Console {
   ProjectText& project_info() { return *project_info_; }
   Playdesk& playback_desk() { return *playback_desk_; }
   Chases& sequence_desk() { return *sequence_desk_; }
+  MovingDesk& moving_desk() { return *moving_desk_; }
   OutputDevices& output_devices() { return *output_devices_; }
   Portsetup& port_setup() { return *port_setup_; }
   D_ArtNet& art_net() { return *art_net_; }
@@ -142,6 +144,7 @@ class Console {
   std::unique_ptr<ProjectText> project_info_;
   std::unique_ptr<Playdesk> playback_desk_;
   std::unique_ptr<Chases> sequence_desk_;
+  std::unique_ptr<MovingDesk> moving_desk_;
   std::unique_ptr<OutputDevices> output_devices_;
   std::unique_ptr<Portsetup> port_setup_;
   std::unique_ptr<Art_Config> art_config_;

@@ -8,7 +8,7 @@
 
 #include "console/project/project_reader.h"
 #include "console/project/project_writer.h"
-#include "console/project/windows_1252.h"
+#include "base/windows_1252.h"
 #include "core/store.h"
 
 namespace {

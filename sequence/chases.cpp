@@ -8,6 +8,7 @@
 #include "base/rounding.h"
 #include "platform/dialogs.h"
 #include "sequence/chase_runtime.h"
+#include "sequence/moving_panel.h"
 
 namespace lumaris {
 
@@ -54,6 +55,15 @@ Store& Chases::store() { return context_.store(); }
 ChaseRec& Chases::chase() { return context_.store().Chase_Table[cur_chase_]; }
 const ChaseRec& Chases::chase() const { return context_.store().Chase_Table[cur_chase_]; }
 bool Chases::running() const { return runtime_->Chase_Running(); }
+
+bool Chases::Moving_Shown() const { return moving_ != nullptr && moving_->Moving_Shown(); }
+void Chases::Show_Moving_Click() {
+  if (moving_ != nullptr) moving_->Show_Moving_Click();
+}
+std::string Chases::Show_Moving() const { return Moving_Shown() ? "Hide Moving" : "Show Moving"; }
+void Chases::redraw_moving() {
+  if (moving_ != nullptr) moving_->step_shown();
+}
 
 void Chases::Show() {
   if (!loaded_) Form_Load();
@@ -108,6 +118,7 @@ void Chases::Refresh_Desk() {
     show_channel_box(i);
     channels_[i].Picture1_tooltip = kIndicatorTooltip + str_number(i + 1);
   }
+  if (moving_ != nullptr) moving_->chase_selected();
   Show_Step();
 }
 
@@ -153,12 +164,14 @@ void Chases::Show_Step() {
   }
   show_speed(c.Speed[cur_step_]);
   show_fade(c.Time[cur_step_]);
+  redraw_moving();
 }
 
 void Chases::Chase_Sel_Click(int index) {
   if (index < 0 || index >= kChases) return;
   cur_chase_ = index;
   cur_step_ = 1;
+  if (moving_ != nullptr) moving_->chase_selected();
   Show_Step();
   for (int i = 0; i < kChaseChannels; ++i) show_channel_box(i);
   show_loop_controls();
@@ -214,6 +227,12 @@ void Chases::write_live(int i) {
   store().Chase_Out[d] = round_half_even(runtime_->scaled(chase().Data[cur_step_][i]));
 }
 
+void Chases::Show_Indicator(int i) {
+  if (i < 0 || i >= kChaseChannels) return;
+  const bool on = chase().Fade[cur_step_][i] != kChaseOff;
+  channels_[i].Picture1 = on ? level_colour(chase().Data[cur_step_][i]) : kWhite;
+}
+
 void Chases::set_level(int i, int slider_value) {
   if (running()) return;  // the faders do not edit a running chase
   const int level = 255 - std::clamp(slider_value, 0, 255);
@@ -235,6 +254,14 @@ void Chases::Command3_Click() {
     set_level(i, 255);
     channels_[i].Slider1 = 255;
     channels_[i].Picture1 = kWhite;
+  }
+  if (Moving_Shown() && !running()) {
+    for (int i = kLevelChannels; i < kChaseChannels; ++i) {
+      chase().Data[cur_step_][i] = 0;
+      Show_Indicator(i);
+      write_live(i);
+    }
+    redraw_moving();
   }
 }
 
@@ -273,17 +300,24 @@ void Chases::Ch_Function_Click(int i) {
   const bool on = f != kChaseOff;
   channels_[i].Text1_enabled = on;
   if (i < kLevelChannels) channels_[i].level_enabled = on;
+  if (i >= kLevelChannels) {
+    Show_Indicator(i);
+    redraw_moving();
+  }
 }
 
 void Chases::Ch_Function_All_Click() {
   function_all_ = (function_all_ + 1) % 3;
   const auto f = static_cast<std::int16_t>(function_all_);
   // The moving desk's channels 18..23 follow only while that panel is shown.
-  for (int i = 0; i < kLevelChannels; ++i) {
+  const int last = Moving_Shown() ? kChaseChannels : kLevelChannels;
+  for (int i = 0; i < last; ++i) {
     set_function(chase(), cur_step_, i, f, global_fade_sw_);
     show_function(i);
     channels_[i].Text1_enabled = channels_[i].level_enabled = f != kChaseOff;
+    if (i >= kLevelChannels) Show_Indicator(i);
   }
+  if (Moving_Shown()) redraw_moving();
   static constexpr const char* kCaptions[] = {"off", "F", "S"};
   ch_function_all_ = kCaptions[function_all_];
 }

@@ -15,6 +15,7 @@ namespace lumaris {
 
 class DeskContext;
 class ChaseRuntime;
+class MovingPanel;
 
 // The controls of one chase channel i (0..23) on the sequence desk. Channels
 // 0..17 have a fader with full/zero buttons; 18..23 are set by the moving desk.
@@ -93,6 +94,19 @@ class Chases : public Window {
   std::vector<MenuEntry> menu_entries() const;
   void Menu_Click(const std::string& name);
 
+  // The moving desk panel, set once by whoever builds it; null: none.
+  void set_moving_panel(MovingPanel* panel) { moving_ = panel; }
+  MovingPanel* moving_panel() const { return moving_; }
+  bool Moving_Shown() const;
+  void Show_Moving_Click();
+  std::string Show_Moving() const;
+  bool Show_Moving_enabled() const { return moving_ != nullptr; }
+  // Shows chase channel i's level of the current step in its indicator.
+  void Show_Indicator(int i);
+  // While Live_Output is on, Chase_Out shows chase channel i of the current step.
+  void write_live(int i);
+  bool running() const;
+
   // Running: Go/Stop, the sequence desk's master and live mode.
   void Chase_Go_Button_Click();
   void Slider2_Change(int value);
@@ -143,12 +157,12 @@ class Chases : public Window {
   void show_speed(double seconds);
   void show_fade(double seconds);
   void change_step(int step);
-  void write_live(int i);
-  bool running() const;
+  void redraw_moving();
 
   DeskContext& context_;
   Hoofdblad& main_desk_;
   std::unique_ptr<ChaseRuntime> runtime_;
+  MovingPanel* moving_ = nullptr;
   bool loaded_ = false;
   int cur_chase_ = 0;
   int cur_step_ = 1;

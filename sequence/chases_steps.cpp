@@ -7,6 +7,7 @@
 #include "core/show_files.h"
 #include "sequence/chase_runtime.h"
 #include "sequence/chases.h"
+#include "sequence/moving_panel.h"
 
 namespace lumaris {
 
@@ -102,7 +103,7 @@ void Chases::Shift_Neg_Click() {
 
 std::vector<MenuEntry> Chases::menu_entries() const {
   const bool show_file = context_.show_files().available();
-  return {
+  std::vector<MenuEntry> entries{
       {"&File", "Load_File", "&Load Sequence", show_file},
       {"&File", "Save_all", "Save Sequence", show_file},
       {"&Edit", "Copy_step", "Copy Step", true},
@@ -110,8 +111,12 @@ std::vector<MenuEntry> Chases::menu_entries() const {
       {"&Edit", "Insert_Step", "Insert Step", true},
       {"&Edit", "Remove_Step_mnu", "Remove Step", true},
       {"&Edit", "Clear_Step", "Clear Step", true},
-      {"&Moving", "show_moving_desk", "Show Moving", false},
+      {"&Moving", "show_moving_desk", "Show Moving", moving_ != nullptr},
   };
+  if (moving_ != nullptr) {
+    for (MenuEntry& entry : moving_->menu_entries()) entries.push_back(std::move(entry));
+  }
+  return entries;
 }
 
 void Chases::Menu_Click(const std::string& name) {
@@ -134,6 +139,10 @@ void Chases::Menu_Click(const std::string& name) {
     Remove_Step_Click();
   } else if (name == "Clear_Step") {
     Command3_Click();
+  } else if (name == "show_moving_desk") {
+    Show_Moving_Click();
+  } else if (moving_ != nullptr) {
+    moving_->Menu_Click(name);
   }
 }
 

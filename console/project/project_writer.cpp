@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstdio>
 
-#include "console/project/windows_1252.h"
+#include "base/windows_1252.h"
 
 namespace lumaris {
 

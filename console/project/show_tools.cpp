@@ -2,12 +2,14 @@
 
 #include <memory>
 
-#include "console/project/atomic_save.h"
+#include "platform/atomic_save.h"
+#include "console/project/fixture_tools.h"
 #include "console/project/project_file.h"
 #include "console/project/project_reader.h"
 #include "console/project/project_writer.h"
-#include "console/project/windows_1252.h"
+#include "base/windows_1252.h"
 #include "core/store.h"
+#include "fixtures/fxt_file.h"
 #include "platform/clock.h"
 #include "platform/posix_file_system.h"
 
@@ -70,6 +72,7 @@ void print_damage(const LoadReport& report, std::ostream& out) {
 }  // namespace
 
 int run_show_check(const std::string& show, std::ostream& out, std::ostream& err) {
+  if (is_fxt_path(show)) return run_fixture_check(show, out, err);
   LoadedShow loaded;
   if (!load_show(show, loaded, err)) return kNotAShow;
   const Store& store = *loaded.store;
@@ -97,6 +100,7 @@ int run_show_check(const std::string& show, std::ostream& out, std::ostream& err
 
 int run_show_resave(const std::string& in, const std::string& out_path, std::ostream& out,
                     std::ostream& err) {
+  if (is_fxt_path(in)) return run_fixture_resave(in, out_path, out, err);
   LoadedShow loaded;
   if (!load_show(in, loaded, err)) return kNotAShow;
   Store& store = *loaded.store;

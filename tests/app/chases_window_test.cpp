@@ -9,6 +9,7 @@
 #include "app/chases_window.h"
 #include "app/desk_app.h"
 #include "app/main_desk_window.h"
+#include "app/moving_panel_widget.h"
 #include "app/widgets/log_slider_widget.h"
 #include "sequence/chase_runtime.h"
 
@@ -72,6 +73,46 @@ TEST(ChasesWindow, OpensFromTheMainDeskAndForwardsTheOperatorsEvents) {
 
   window.close();
   EXPECT_FALSE(desk.visible());
+}
+
+}  // namespace lumaris
+
+namespace lumaris {
+
+TEST(ChasesWindow, ShowMovingWidensTheDeskAndThePadAimsTheMovingLight) {
+  DeskApp app;
+  app.start();
+  app.show_main_window();
+  Chases& desk = app.console().sequence_desk();
+  ChasesWindow& window = chases_window(app);
+  app.handle([&] {
+    ChaseRec& c = app.console().store().Chase_Table[0];
+    c.Fade[1][22] = c.Fade[1][23] = kChaseFade;
+    desk.Show();
+  });
+  const int narrow = window.width();
+  EXPECT_FALSE(window.moving_panel()->isVisible());
+  EXPECT_FALSE(window.menu_action("Load_Fixture")->isEnabled());
+
+  window.Show_Moving()->click();
+  EXPECT_TRUE(window.moving_panel()->isVisible());
+  EXPECT_GT(window.width(), narrow);
+  EXPECT_EQ(window.Show_Moving()->text(), QStringLiteral("Hide Moving"));
+  EXPECT_TRUE(window.menu_action("Load_Fixture")->isEnabled());
+
+  XyPad* pad = window.moving_panel()->pad();
+  press(pad, QPointF(XyPad::kMargin, XyPad::kMargin));  // the frame's top-left corner
+  EXPECT_EQ(app.console().store().Chase_Table[0].Data[1][22], 255);
+  EXPECT_EQ(app.console().store().Chase_Table[0].Data[1][23], 255);
+  EXPECT_EQ(window.moving_panel()->X_text()->text(), QStringLiteral("0"));
+  EXPECT_EQ(window.moving_panel()->Slider(8)->model_value(), 0);
+  press(pad, QPointF(XyPad::kMargin + XyPad::kSide, XyPad::kMargin + 10));  // right edge
+  EXPECT_EQ(window.moving_panel()->Slider(8)->model_value(), 0);
+
+  window.Show_Moving()->click();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(window.moving_panel()->isVisible());
+  EXPECT_EQ(window.width(), narrow);
 }
 
 }  // namespace lumaris

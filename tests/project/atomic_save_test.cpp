@@ -1,4 +1,4 @@
-#include "console/project/atomic_save.h"
+#include "platform/atomic_save.h"
 
 #include <gtest/gtest.h>
 #include <sched.h>

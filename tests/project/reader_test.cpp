@@ -3,7 +3,7 @@
 
 #include "console/project/project_reader.h"
 #include "console/project/project_writer.h"
-#include "console/project/windows_1252.h"
+#include "base/windows_1252.h"
 #include "tests/project/store_compare.h"
 #include "tests/support/show_builders.h"
 

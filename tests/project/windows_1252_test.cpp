@@ -1,4 +1,4 @@
-#include "console/project/windows_1252.h"
+#include "base/windows_1252.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 
 namespace lumaris {
 
-// Show files are Windows-1252 on disk; the desk holds UTF-8. The five bytes
+// Show and fixture files are Windows-1252 on disk; the desk holds UTF-8. The five bytes
 // Windows-1252 leaves undefined (0x81, 0x8D, 0x8F, 0x90, 0x9D) map to the C1
 // controls of the same number, so every byte sequence survives a load and a save.
 std::string windows_1252_to_utf8(std::string_view bytes);
