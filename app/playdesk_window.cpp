@@ -330,6 +330,19 @@ QWidget* PlaydeskWindow::build_run_row() {
   return row;
 }
 
+// Run mode as the operator meets it in a show: idle with the next screen
+// waiting (live side red, next green), a take by hand halfway across (both red),
+// then Auto Take carrying that take on (both yellow).
+std::vector<DeskWindow::ScreenshotVariant> PlaydeskWindow::screenshot_variants() {
+  return {
+      {"_run", [this] {
+         if (!app_.console().store().Run_Mode) desk().run_mode().Run_Switch_Click();
+       }},
+      {"_hand", [this] { desk().run_mode().Run_Crossfade_Change(128); }},
+      {"_auto", [this] { desk().run_mode().Run_Autotake_Click(); }},
+  };
+}
+
 void PlaydeskWindow::sync() {
   Playdesk& d = desk();
   const RunMode& r = d.run_mode();

@@ -36,6 +36,7 @@ class PlaydeskWindow final : public ToolWindow, public DeskWindow {
   Window& model() override;
   std::string name() const override { return "Playdesk"; }
   void sync() override;
+  std::vector<ScreenshotVariant> screenshot_variants() override;
 
   // Widgets by control name, for the wiring tests.
   QPushButton* Command1(int i) const { return buttons_[i].command1; }
@@ -49,6 +50,11 @@ class PlaydeskWindow final : public ToolWindow, public DeskWindow {
   QPushButton* Run_Switch() const { return run_switch_; }
   QPushButton* Run_Autotake() const { return run_autotake_; }
   QSlider* Run_Crossfade() const { return run_crossfade_; }
+  QSpinBox* Run_screen_sel() const { return run_screen_sel_; }
+  QLabel* Run_A() const { return run_a_; }
+  QLabel* Run_B() const { return run_b_; }
+  QLabel* Run_Fade_Time() const { return run_fade_time_; }
+  QPushButton* Instant_screens() const { return instant_screens_; }
   QPushButton* Inc_Page(int k) const { return inc_page_[k]; }
   QLineEdit* Page_Details() const { return page_details_; }
   QAction* menu_action(const std::string& name) const;

@@ -12,6 +12,7 @@
 #include "app/bcf_configure_window.h"
 #include "app/bcf_window.h"
 #include "app/function_setup_window.h"
+#include "app/instant_screen_window.h"
 #include "app/playdesk_window.h"
 #include "app/portsetup_window.h"
 #include "app/ola_config_window.h"
@@ -37,6 +38,7 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Faders));
   windows.push_back(std::make_unique<CueEditorWindow>(app));
   windows.push_back(std::make_unique<CliWindow>(app));
+  windows.push_back(std::make_unique<InstantScreenWindow>(app));
   windows.push_back(std::make_unique<BcfConfigureWindow>(app));
   windows.push_back(std::make_unique<BcfWindow>(app));
   return windows;

@@ -1,15 +1,15 @@
 #include "playback/run_mode.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 
-#include "base/rounding.h"
 #include "core/desk_context.h"
-#include "core/surface_feedback.h"
 #include "platform/dialogs.h"
 #include "playback/playback_chases.h"
 #include "playback/playback_output.h"
+
+// Run mode's switch and what the operator sees of it: entering and leaving,
+// the choice of the next screen, the A/B sides and the crossfader's position.
+// The takes themselves live in run_mode_take.cpp.
 
 namespace lumaris {
 
@@ -20,29 +20,9 @@ constexpr const char* kStoppedPlayback = " Run Mode Stopped";
 constexpr const char* kStoppedMain = " Run Mode Stoped";
 constexpr const char* kExitTitle = " Run Mode";
 constexpr const char* kExitQuestion = "Do You wish to Exit Run Mode ";
-constexpr const char* kAutotakeStopped = " Autotake Stopped ";
-constexpr const char* kAutotakeRunning = " Autotake Running ";
-constexpr const char* kAutotakeComplete = " Autotake Complete ";
-constexpr const char* kDelayCounter = " Delay Counter ";
 constexpr const char* kRunCaption = "Run";
 constexpr const char* kStopCaption = "STOP";
-constexpr const char* kAutoTakeCaption = "Auto Take";
-constexpr const char* kPauseCaption = "Pause";
-
-constexpr int kAutoComplete = 252;   // an automatic take completes here
-constexpr int kHandComplete = 240;   // a take by hand completes above this
-constexpr int kDownThreshold = 220;  // moving down from the top takes below this
-constexpr int kUpThreshold = 35;     // moving up from the bottom takes above this
-constexpr int kResumeLow = 30;
-constexpr int kResumeHigh = 230;
-constexpr int kLastNext = 199;       // Run_screen_sel takes 0 < v < 199
 constexpr int kDelayInterval = 1000;
-constexpr int kDefaultOutputInterval = 70;
-constexpr int kSequenceFaderThreshold = 10;
-constexpr int kSurfaceMainMode = 1;
-constexpr int kSurfacePlaybackMode = 2;
-constexpr int kSurfaceElements = 33;
-constexpr int kSurfaceStrips = 32;  // one main desk page
 
 std::string seconds_text(int seconds) { return std::to_string(seconds) + " s"; }
 
@@ -91,12 +71,6 @@ void RunMode::paint_sides(Paint a, Paint b) {
 void RunMode::show_crossfade() {
   const int x = context_.store().Crossfade_Level;
   crossfader_ = next_on_a_ ? 255 - x : x;
-}
-
-// The screen's Next; a screen without one goes on to the following screen.
-static int next_of(const Screen& screen, int number) {
-  if (screen.Next > 0 && screen.Next < kLastNext) return screen.Next;
-  return std::min(number + 1, kLastNext - 1);
 }
 
 void RunMode::Run_Switch_Click() {
@@ -170,244 +144,10 @@ void RunMode::Run_screen_sel_Change(int value) {
   notify();
 }
 
-void RunMode::Autotake(int target) {
-  if (!context_.store().Run_Mode) return;
-  const Store& store = context_.store();
-  if (store.Autotake_Running) {
-    pause();
-  } else if (store.Take_Manual && store.Crossfade_Level > kResumeLow && store.Crossfade_Level < kResumeHigh) {
-    resume();
-  } else {
-    new_take(target);
-  }
-  notify();
-}
-
-void RunMode::pause() {
-  Store& store = context_.store();
-  status(kAutotakeStopped);
-  store.Take_Manual = true;
-  store.Autotake_Running = false;
-  timer2_->set_enabled(false);
-  paint_sides(kRed, kRed);
-  autotake_caption_ = kAutoTakeCaption;
-  autotake_colour_.reset();
-}
-
-void RunMode::resume() {
-  Store& store = context_.store();
-  last_crossfade_ = crossfader_;
-  store.Autotake_Running = true;
-  store.Take_Manual = false;
-  paint_sides(kYellow, kYellow);
-  autotake_caption_ = kPauseCaption;
-  autotake_colour_ = kYellow;
-  status(kAutotakeRunning);
-  start_timer(true);
-  Compute_Run_Output();
-}
-
-void RunMode::new_take(int target) {
-  Store& store = context_.store();
-  delay_timer_->set_enabled(false);
-  prev_screen_ = store.Run_Screen;
-  if (target >= 1 && target <= store.Screen_Count && target < kScreens) store.Run_Screen = static_cast<std::int16_t>(target);
-  store.Crossfade_Level = 0;
-  store.Autotake_Running = true;
-  store.Take_Manual = false;
-  status(kAutotakeRunning + std::to_string(prev_screen_) + " To " + std::to_string(store.Run_Screen));
-  paint_sides(kYellow, kYellow);
-  autotake_caption_ = kPauseCaption;
-  autotake_colour_ = kYellow;
-  Start_Take_Sequences();
-  next_on_a_ = !next_on_a_;
-  show_sides(prev_screen_, store.Run_Screen);
-  show_crossfade();
-  last_crossfade_ = crossfader_;
-  start_timer(false);
-  Compute_Run_Output();
-}
-
-// u = T / 255 s per crossfade unit against the output interval I. Fade time 0
-// is a snap; a resumed take keeps the take's own step and interval.
-void RunMode::start_timer(bool resuming) {
-  const Store& store = context_.store();
-  const int t = store.Screens[store.Run_Screen].Time;
-  const int i = std::max(1, desk_.output_interval ? desk_.output_interval() : kDefaultOutputInterval);
-  const double u = t / 255.0 * 1000.0;
-  int interval = i;
-  if (t <= 0) {
-    fade_ticks_ = 1;
-  } else if (u > i) {
-    interval = round_half_even(u);
-    fade_ticks_ = 255;
-  } else {
-    fade_ticks_ = std::max(1, round_half_even(t * 1000.0 / (i + 1)));
-  }
-  fade_step_ = std::max(1, round_half_even(255.0 / fade_ticks_));
-  if (resuming) {
-    const int remaining = std::max(0, kAutoComplete - store.Crossfade_Level);
-    fade_ticks_ = (remaining + fade_step_ - 1) / fade_step_;
-  }
-  timer2_->set_interval(interval);
-  timer2_->set_enabled(true);
-}
-
-void RunMode::Timer2_Tick() {
-  Store& store = context_.store();
-  if (store.Autotake_Running) {
-    store.Crossfade_Level = static_cast<std::int16_t>(std::min(255, store.Crossfade_Level + fade_step_));
-  }
-  show_crossfade();
-  if (store.Crossfade_Level >= kAutoComplete) Complete_Take();
-  notify();
-}
-
-void RunMode::Run_Crossfade_Change(int value) {
-  Store& store = context_.store();
-  if (!store.Run_Mode || store.Autotake_Running) return;
-  const int v = std::clamp(value, 0, 255);
-  if (!store.Take_Manual) {
-    if (std::abs(v - last_crossfade_) < 1) return;
-    const bool down = v < last_crossfade_;
-    // A take starts when the crossfader leaves its end past the threshold;
-    // moves near the end it rests at change nothing.
-    const bool takes = down ? (v < kDownThreshold && last_crossfade_ >= kDownThreshold)
-                            : (v > kUpThreshold && last_crossfade_ <= kUpThreshold);
-    if (!takes) {
-      crossfader_ = v;
-      last_crossfade_ = v;
-      notify();
-      return;
-    }
-    next_on_a_ = down;
-    store.Take_Manual = true;
-    delay_timer_->set_enabled(false);
-    prev_screen_ = store.Run_Screen;
-    if (next_screen_ <= store.Screen_Count) store.Run_Screen = static_cast<std::int16_t>(next_screen_);
-    paint_sides(kRed, kRed);
-    show_sides(prev_screen_, store.Run_Screen);
-    Start_Take_Sequences();
-    Compute_Run_Output();
-    if (!down) Run_screen_sel_Change(next_of(store.Screens[store.Run_Screen], store.Run_Screen));
-  }
-  crossfader_ = v;
-  store.Crossfade_Level = static_cast<std::int16_t>(next_on_a_ ? 255 - v : v);
-  if (store.Crossfade_Level > kHandComplete) {
-    Complete_Take();
-  } else {
-    last_crossfade_ = v;
-  }
-  notify();
-}
-
-void RunMode::Complete_Take() {
-  Store& store = context_.store();
-  store.Autotake_Running = false;
-  store.Take_Manual = false;
-  timer2_->set_enabled(false);
-  store.Crossfade_Level = 255;
-  show_crossfade();
-  last_crossfade_ = crossfader_;
-  const int run = store.Run_Screen;
-  const Screen& screen = store.Screens[run];
-  Run_screen_sel_Change(next_of(screen, run));
-  if (desk_.show_screen) desk_.show_screen(run);
-  autotake_caption_ = kAutoTakeCaption;
-  autotake_colour_.reset();
-  status(kAutotakeComplete);
-  if (next_on_a_) {
-    paint_sides(kGreen, kRed);
-    show_side(side_a_, next_screen_);
-  } else {
-    paint_sides(kRed, kGreen);
-    show_side(side_b_, next_screen_);
-  }
-  take_screen_onto_desk();
-  hand_over_sequences();
-  if (desk_.set_preset_value) desk_.set_preset_value(255 - screen.Preset_l);
-  if (desk_.refresh_playback) desk_.refresh_playback();
-  if (store.BCF_Mode == kSurfacePlaybackMode) {
-    for (int i = 0; i < kSurfaceElements; ++i) {
-      context_.surface().BCF_Fader_Update(i, store.Playback_Fader_Level[i]);
-      context_.surface().BCF_Button_Update(i, store.Playback_Button_State[i]);
-    }
-  } else if (store.BCF_Mode == kSurfaceMainMode) {
-    // The surface's faders are the main desk strips of the page on show.
-    const int first = store.Fader_Page * kSurfaceStrips;
-    for (int i = 0; i < kSurfaceStrips; ++i) context_.surface().BCF_Fader_Update(i, store.Desk_Level[first + i]);
-  }
-  if (!screen.Auto) return;
-  if (screen.Delay < 1) {
-    Autotake(next_screen_);
-    return;
-  }
-  delay_count_ = screen.Delay;
-  delay_timer_->set_enabled(true);
-  status(kDelayCounter + std::to_string(delay_count_));
-}
-
-void RunMode::take_screen_onto_desk() {
-  Store& store = context_.store();
-  const Screen& screen = store.Screens[store.Run_Screen];
-  std::copy_n(screen.Preset.begin(), kDeskChannels, store.Desk_Level.begin());
-  if (desk_.refresh_main_desk) desk_.refresh_main_desk();
-  store.Playback_Fader_Level = screen.Fad_Sel;
-  store.Playback_Button_State = screen.But_Sel;
-}
-
-// At the end of a take the incoming levels carry on as the chases' levels, so
-// Playback_Seq_Out reads the same before and after; what the incoming screen
-// does not hold stops.
-void RunMode::hand_over_sequences() {
-  for (int q = 0; q < kChases; ++q) {
-    chases_.set_Seq_Level(q, chases_.Seq_Level_In(q));
-    chases_.set_Seq_Level_In(q, 0);
-    if (chases_.Seq_Level(q) < 1) chases_.Stop_Sequence(q);
-  }
-}
-
-void RunMode::Delay_Timer_Tick() {
-  const Store& store = context_.store();
-  --delay_count_;
-  status(kDelayCounter + std::to_string(delay_count_));
-  if (delay_count_ < 1) {
-    delay_timer_->set_enabled(false);
-    if (store.Run_Mode && !store.Autotake_Running) Autotake(next_screen_);
-  }
-  notify();
-}
-
 void RunMode::Compute_Run_Output() {
   Store& store = context_.store();
   const Screen& screen = store.Screens[std::clamp<int>(store.Run_Screen, 0, kScreens - 1)];
   compute_playback_output(store, screen.But_Sel, screen.Fad_Sel, store.Playback_Run_Out);
-}
-
-// The incoming screen's chases come in on Seq_Level_In, which the chase mix
-// crossfades against the outgoing Seq_Level.
-void RunMode::Start_Take_Sequences() {
-  if (!take_in_progress()) return;
-  Store& store = context_.store();
-  const Screen& screen = store.Screens[store.Run_Screen];
-  auto start = [this](int q, int level) {
-    chases_.set_Seq_Level_In(q, level);
-    if (chases_.running(q)) return;
-    chases_.set_Seq_Speed(q, 100);
-    chases_.Start_Sequence(q);
-  };
-  for (int b = 0; b < kPlaybackButtons; ++b) {
-    ButtonFunction& button = store.Button_Functions[b];
-    if (!screen.But_Sel[b] || button.Function != kFunctionSequence) continue;
-    button.Preset = false;
-    start(button.Value, button.Level);
-  }
-  for (int f = 0; f < kPlaybackFaders; ++f) {
-    const FaderFunction& fader = store.Fader_Functions[f];
-    const int level = screen.Fad_Sel[f];
-    if (level <= kSequenceFaderThreshold || fader.Function != kFunctionSequence) continue;
-    start(fader.Value, fader.Data1 != 0 ? fader.Level : level);
-  }
 }
 
 }  // namespace lumaris

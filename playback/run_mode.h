@@ -31,6 +31,9 @@ class PlaybackChases;
 //   take is in progress only takes once it passes its threshold.
 class RunMode {
  public:
+  static constexpr const char* kAutoTakeCaption = "Auto Take";
+  static constexpr int kLastNext = 199;  // Run_screen_sel takes 0 < v < 199
+
   // What run mode needs of the rest of the desk.
   struct Desk {
     std::function<int()> output_interval;       // I: the output cycle's interval, ms
@@ -129,7 +132,7 @@ class RunMode {
   Side side_b_;
   std::string switch_caption_ = "Run";
   Paint switch_colour_;
-  std::string autotake_caption_ = "Auto Take";
+  std::string autotake_caption_ = kAutoTakeCaption;
   Paint autotake_colour_;
 };
 

@@ -14,21 +14,20 @@ struct FakeScheduler::TimerState {
   std::function<void()> tick;
 
   void restart() { due = *now + interval; }
-  bool armed() const { return enabled && interval > 0; }
 };
 
 namespace {
 
 class FakeTimer final : public Timer {
  public:
-  FakeTimer(std::shared_ptr<std::vector<FakeScheduler::TimerState*>> registry,
-            std::unique_ptr<FakeScheduler::TimerState> state)
+  FakeTimer(std::shared_ptr<FakeScheduler::Registry> registry, std::unique_ptr<FakeScheduler::TimerState> state)
       : registry_(std::move(registry)), state_(std::move(state)) {
-    registry_->push_back(state_.get());
+    registry_->timers.push_back(state_.get());
   }
   ~FakeTimer() override {
-    auto& timers = *registry_;
+    auto& timers = registry_->timers;
     timers.erase(std::remove(timers.begin(), timers.end(), state_.get()), timers.end());
+    ++registry_->destroyed;
   }
 
   void set_interval(int ms) override {
@@ -44,13 +43,13 @@ class FakeTimer final : public Timer {
   void on_tick(std::function<void()> tick) override { state_->tick = std::move(tick); }
 
  private:
-  std::shared_ptr<std::vector<FakeScheduler::TimerState*>> registry_;
+  std::shared_ptr<FakeScheduler::Registry> registry_;
   std::unique_ptr<FakeScheduler::TimerState> state_;
 };
 
 }  // namespace
 
-FakeScheduler::FakeScheduler() : timers_(std::make_shared<std::vector<TimerState*>>()) {}
+FakeScheduler::FakeScheduler() : timers_(std::make_shared<Registry>()) {}
 FakeScheduler::~FakeScheduler() = default;
 
 std::unique_ptr<Timer> FakeScheduler::create_timer(bool) {
@@ -72,13 +71,18 @@ void FakeScheduler::run_posted() {
 void FakeScheduler::advance(std::int64_t ms) {
   const std::int64_t target = now_ + ms;
   run_posted();
+  // A day of virtual time is millions of ticks: the scan reads the fields
+  // directly, and the timer is looked up again only when a tick destroyed timers.
   for (;;) {
     TimerState* next = nullptr;
     std::int64_t next_due = std::numeric_limits<std::int64_t>::max();
-    for (TimerState* timer : *timers_) {
-      if (timer->armed() && timer->due <= target && timer->due < next_due) {
-        next = timer;
-        next_due = timer->due;
+    TimerState* const* timer = timers_->timers.data();
+    TimerState* const* const end = timer + timers_->timers.size();
+    for (; timer != end; ++timer) {
+      TimerState* const t = *timer;
+      if (t->enabled && t->interval > 0 && t->due <= target && t->due < next_due) {
+        next = t;
+        next_due = t->due;
       }
     }
     if (next == nullptr) break;
@@ -88,10 +92,13 @@ void FakeScheduler::advance(std::int64_t ms) {
     // further up (it waits in a dialog) skips the ticks that fall due meanwhile.
     if (next->ticking || !next->tick) continue;
     next->ticking = true;
+    const std::uint64_t destroyed = timers_->destroyed;
     next->tick();
-    const auto& timers = *timers_;
-    if (std::find(timers.begin(), timers.end(), next) != timers.end()) next->ticking = false;
-    run_posted();
+    const auto& timers = timers_->timers;
+    if (timers_->destroyed == destroyed || std::find(timers.begin(), timers.end(), next) != timers.end()) {
+      next->ticking = false;
+    }
+    if (!posted_.empty()) run_posted();
   }
   now_ = std::max(now_, target);
 }

@@ -28,10 +28,16 @@ class FakeScheduler final : public Scheduler {
   std::int64_t now() const { return now_; }
 
   struct TimerState;
+  // The live timers in creation order, and how many were ever destroyed (a tick
+  // may destroy timers, its own included).
+  struct Registry {
+    std::vector<TimerState*> timers;
+    std::uint64_t destroyed = 0;
+  };
 
  private:
   std::int64_t now_ = 0;
-  std::shared_ptr<std::vector<TimerState*>> timers_;
+  std::shared_ptr<Registry> timers_;
   std::deque<std::function<void()>> posted_;
 };
 
