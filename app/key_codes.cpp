@@ -2,6 +2,8 @@
 
 #include <QKeyEvent>
 
+#include "keypad/keypad_keys.h"
+
 namespace lumaris {
 
 int virtual_key_code(const QKeyEvent& event) {
@@ -10,8 +12,10 @@ int virtual_key_code(const QKeyEvent& event) {
   if (key >= Qt::Key_0 && key <= Qt::Key_9) return (keypad ? 96 : 48) + (key - Qt::Key_0);
   if (key >= Qt::Key_A && key <= Qt::Key_Z) return 65 + (key - Qt::Key_A);
   switch (key) {
-    case Qt::Key_Asterisk: return 106;
-    case Qt::Key_Plus: return 107;
+    // The main keyboard's * and + are not the keypad's; only a laptop setting
+    // of the command line window makes them so.
+    case Qt::Key_Asterisk: return keypad ? keys::kPadAsterisk : keys::kTopAsterisk;
+    case Qt::Key_Plus: return keypad ? keys::kPadPlus : keys::kTopPlus;
     case Qt::Key_Minus: return keypad ? 109 : 189;
     case Qt::Key_Period:
     case Qt::Key_Comma: return keypad ? 110 : 190;

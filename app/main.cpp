@@ -13,6 +13,7 @@
 #include "app/palette.h"
 #include "app/real_platform.h"
 #include "app/screenshot_names.h"
+#include "app/terminal_input.h"
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
 #include "console/project/project_file.h"
@@ -106,11 +107,13 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
   lumaris::Console console(services);
   if (!apply_run_options(console, line)) return 2;
 
+  // Standard input is the keypad; it prints its own lines and status texts.
+  lumaris::TerminalInput keypad(console, scheduler, std::cout);
   std::string last_status;
-  console.status().on_main_change([&last_status](const std::string& text) {
+  console.status().on_main_change([&last_status, &keypad](const std::string& text) {
     if (text == last_status) return;
     last_status = text;
-    std::cout << text << std::endl;
+    if (!keypad.feeding()) std::cout << text << std::endl;
   });
 
   QTimer stop_watch;
@@ -129,6 +132,7 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
     console.shutdown();
     return 2;
   }
+  keypad.start();
   app.exec();
   console.shutdown();
   return 0;

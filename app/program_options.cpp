@@ -7,7 +7,10 @@ namespace lumaris {
 std::string usage_text() {
   return "Usage: lumaris [options] [SHOW]\n"
          "  SHOW                    a show file (.xml) to load at start\n"
-         "  --headless [SHOW]       run without a window: output cycle, adapters and Art-Net\n"
+         "  --headless [SHOW]       run without a window: output cycle, adapters and Art-Net;\n"
+         "                          standard input is the keypad (keys 0-9 . / * + - c, Backspace,\n"
+         "                          Enter): printf '5.50\\n' | lumaris --headless SHOW sets\n"
+         "                          channel 5 to 50 %; each line is answered with its lamp and status\n"
          "  --screenshot DIR [SHOW] render every window to DIR/<name>_<window>.png and exit\n"
          "  --check SHOW            load SHOW (or a .fxt fixture file) into a fresh desk and report what it holds\n"
          "  --resave IN OUT         load IN into a fresh desk and save it whole as OUT (a .fxt as single or all)\n"

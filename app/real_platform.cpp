@@ -1,5 +1,6 @@
 #include "app/real_platform.h"
 
+#include <QGuiApplication>
 #include <QSocketNotifier>
 #include <iostream>
 
@@ -9,6 +10,7 @@
 #endif
 #include "platform/linux/ppdev_port_io.h"
 #include "platform/linux/vendor_libraries.h"
+#include "platform/linux/x11_num_lock.h"
 #include "platform/midi.h"
 #ifdef LUMARIS_HAVE_RTMIDI
 #include "platform/linux/rtmidi_midi.h"
@@ -30,6 +32,11 @@ RealPlatform::RealPlatform(const ProgramOptions& line)
   midi_ = std::make_unique<RtMidiMidi>();
 #endif
   art_socket_.on_descriptor_change([this](int descriptor) { watch_art_socket(descriptor); });
+  // Num Lock can be kept on only where the windows are on an X11 display.
+  if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr &&
+      QGuiApplication::platformName() == QStringLiteral("xcb")) {
+    num_lock_ = std::make_unique<X11NumLock>();
+  }
 }
 
 RealPlatform::~RealPlatform() {
@@ -50,6 +57,7 @@ void RealPlatform::fill(PlatformServices& services) {
   services.diagnostics = verbose_ ? &std::cerr : nullptr;
   services.art_socket = &art_socket_;
   services.settings = &settings_;
+  services.num_lock = num_lock_.get();
   services.sacn_socket = &sacn_socket_;
   services.ola_client = ola_client_.get();
   services.sacn_target = sacn_target_;

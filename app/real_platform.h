@@ -18,6 +18,7 @@ namespace lumaris {
 class LibftdiD2xx;
 class PpdevPortIo;
 class VendorLibraries;
+class X11NumLock;
 class Midi;
 
 // The product's own hardware and network seams (FTDI, parallel port, vendor
@@ -42,6 +43,7 @@ class RealPlatform {
   std::unique_ptr<VendorLibraries> adapter_libraries_;
   std::unique_ptr<Midi> midi_;  // null where the program was built without RtMidi
   QtSettings settings_;
+  std::unique_ptr<X11NumLock> num_lock_;  // only on an X11 display
   PosixUdpSocket art_socket_;
   PosixUdpSocket sacn_socket_;  // sends only; nothing is read from it
   std::unique_ptr<OlaClient> ola_client_;

@@ -1,5 +1,6 @@
 #include "app/channel_properties_window.h"
 #include "app/chases_window.h"
+#include "app/cli_window.h"
 #include "app/cue_editor_window.h"
 #include "app/desk_app.h"
 #include "app/fixture_prop_window.h"
@@ -36,6 +37,7 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Buttons));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Faders));
   windows.push_back(std::make_unique<CueEditorWindow>(app));
+  windows.push_back(std::make_unique<CliWindow>(app));
   windows.push_back(std::make_unique<InstantScreenWindow>(app));
   windows.push_back(std::make_unique<BcfConfigureWindow>(app));
   windows.push_back(std::make_unique<BcfWindow>(app));

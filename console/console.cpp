@@ -13,6 +13,7 @@
 #include "core/project_info.h"
 #include "fixtures/fixture_prop.h"
 #include "fixtures/moving_desk.h"
+#include "keypad/cli.h"
 #include "net/art_config.h"
 #include "net/art_net_node.h"
 #include "net/sacn_config.h"
@@ -78,6 +79,8 @@ Console::Console(const PlatformServices& services)
   ChaseRuntime& chase = sequence_desk_->runtime();
   output_cycle_->add_fade([&chase](double now) { chase.sample_output(now); });
   playback_desk_->set_output_interval([this] { return output_timer_->interval(); });
+  cli_ = std::make_unique<CLI>(*context_, *main_desk_, *playback_desk_, services_.num_lock);
+  main_desk_->set_cli_key_handler([this](int key_code) { cli_->CLI_Key(key_code); });
   surface_ = std::make_unique<BCF>(*context_, services_.midi, *main_desk_, *playback_desk_);
   surface_setup_ = std::make_unique<BCF_configure>(*context_, *surface_);
   links_->attach_surface(surface_.get());
@@ -103,6 +106,8 @@ void Console::register_windows() {
   Art_Config& art = *art_config_;
   const auto load_art = [&art] { art.Form_Load(); };
   w.add("Art_setup", {&art, load_art, load_art});
+  CLI& cli = *cli_;
+  w.add("CLI_sel", {&cli, [&cli] { cli.Form_Load(); }, {}});
   BCF& surface = *surface_;
   w.add("BCF", {&surface, [&surface] { surface.Form_Load(); }, {}});
   BCF_configure& surface_setup = *surface_setup_;

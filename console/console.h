@@ -23,6 +23,7 @@ class Midi;
 class Settings;
 class FileSystem;
 class Timer;
+class NumLock;
 
 class ConsoleLinks;
 class WindowRegistry;
@@ -40,6 +41,7 @@ class Portsetup;
 class D_ArtNet;
 class Art_Config;
 class ProjectFile;
+class CLI;
 class MovingDesk;
 class BCF;
 class BCF_configure;
@@ -63,6 +65,7 @@ struct PlatformServices {
   Settings* settings = nullptr;
   std::ostream* diagnostics = nullptr;  // the Art-Net log and similar; null discards
   FileSystem* file_system = nullptr;    // null: the computer's own files
+  NumLock* num_lock = nullptr;          // null: the keyboard's Num Lock is left alone
   UdpSocket* sacn_socket = nullptr;
   OlaClient* ola_client = nullptr;      // null: this program has no OLA
   // Command-line choices for this run only; never saved.
@@ -111,6 +114,7 @@ class Console {
   D_ArtNet& art_net() { return *art_net_; }
   Art_Config& art_config() { return *art_config_; }
   ProjectFile& project_file() { return *project_file_; }
+  CLI& cli() { return *cli_; }
   BCF& surface() { return *surface_; }
   BCF_configure& surface_setup() { return *surface_setup_; }
   SacnOutput& sacn_output() { return *sacn_output_; }
@@ -149,6 +153,7 @@ class Console {
   std::unique_ptr<OlaOutput> ola_output_;
   std::unique_ptr<OlaConfig> ola_config_;
   std::unique_ptr<OutputCycle> output_cycle_;
+  std::unique_ptr<CLI> cli_;
   std::unique_ptr<BCF> surface_;
   std::unique_ptr<BCF_configure> surface_setup_;
 };

@@ -6,7 +6,7 @@ packages=(
   qt6-base-dev libgl1-mesa-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   libftdi1-dev librtmidi-dev
-  libola-dev ola tshark
+  libola-dev ola
   clang libclang-rt-14-dev
   xvfb xauth iproute2 util-linux
 )

@@ -78,7 +78,7 @@ TEST_F(WindowsTest, EveryWindowLoadsOnceAndLaterOpensShowTheStoreOfNow) {
   EXPECT_EQ(loads, 1);
   EXPECT_EQ(refreshes, 2);
   EXPECT_TRUE(plain.visible());
-  EXPECT_FALSE(windows.can_open("CLI_sel")) << "a window that does not exist cannot be opened";
+  EXPECT_FALSE(windows.can_open("no_such_window")) << "a window that does not exist cannot be opened";
 }
 
 }  // namespace

@@ -1,0 +1,279 @@
+#include "keypad/cli.h"
+
+#include <cmath>
+#include <cstdio>
+
+#include "base/number_text.h"
+#include "core/desk_context.h"
+#include "core/main_desk.h"
+#include "keypad/keypad_keys.h"
+#include "platform/num_lock.h"
+#include "platform/settings.h"
+#include "playback/playdesk.h"
+#include "playback/run_mode.h"
+#include "playback/screen_panel.h"
+#include "playback/screen_table.h"
+
+namespace lumaris {
+
+namespace {
+
+constexpr const char* kCaption = "Command Line Interface";
+constexpr const char* kThru = "Thru";
+constexpr const char* kAt = "@";
+constexpr const char* kPlus = "+";
+constexpr const char* kScreenWord = "c";
+constexpr const char* kFaderMark = "S";
+constexpr int kTokenChars = 3;
+constexpr int kLastQueryFader = 61;
+constexpr int kLastQueryChannel = 65;  // Desk_Level holds 0..64
+
+std::string cue_selected(int n) { return "Cue " + std::to_string(n) + " Selected"; }
+
+// A level in percent as the desk prints a number: unrounded, up to 15 digits.
+std::string percent_text(double percent) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%.15g", percent);
+  return text;
+}
+
+std::string level_query(const char* words, int n, int level) {
+  const double percent = level / 2.55;
+  return words + std::to_string(n) + " = " + str_number(static_cast<long>(std::trunc(percent))) +
+         "%";
+}
+
+}  // namespace
+
+CLI::CLI(DeskContext& context, Hoofdblad& main_desk, Playdesk& playback_desk, NumLock* num_lock)
+    : Window(kCaption),
+      context_(context),
+      main_desk_(main_desk),
+      playback_desk_(playback_desk),
+      num_lock_(num_lock) {
+  if (const Settings* settings = context_.settings()) {
+    laptop_keys_ = settings->read(kLaptopKeysSetting).value_or("0") == "1";
+  }
+}
+
+void CLI::Form_Load() {
+  if (loaded_) return;
+  loaded_ = true;
+  index_ = 0;
+  tokens_.fill({});
+  marks_.fill(false);
+  string_in_.clear();
+  history_.clear();
+}
+
+const std::string& CLI::token(int i) const {
+  static const std::string none;
+  return i >= 0 && i < kTokens ? tokens_[i] : none;
+}
+
+bool CLI::token_numeric(int i) const {
+  const std::string& t = token(i);
+  if (t.empty()) return false;
+  for (const char c : t) {
+    if (c < '0' || c > '9') return false;
+  }
+  return true;
+}
+
+int CLI::token_value(int i) const { return std::stoi(token(i)); }
+
+void CLI::redisplay() {
+  string_in_.clear();
+  for (int i = 0; i <= index_; ++i) {
+    if (marks_[i]) string_in_ += kFaderMark;
+    string_in_ += tokens_[i] + " ";
+  }
+}
+
+void CLI::clear_tokens() {
+  for (int i = 0; i <= index_; ++i) {
+    tokens_[i].clear();
+    marks_[i] = false;
+  }
+  index_ = 0;
+}
+
+void CLI::CLI_Clear() {
+  clear_tokens();
+  string_in_.clear();
+}
+
+void CLI::end_line(const std::string& shown) {
+  ++lines_ended_;
+  ended_line_ = shown;
+}
+
+void CLI::error() {
+  error_ = true;
+  lamp_ = kLampError;
+  const std::string shown = string_in_;
+  clear_tokens();
+  end_line(shown);
+}
+
+void CLI::Form_KeyDown(int key_code) {
+  if (laptop_keys_) {
+    if (key_code >= keys::kTop0 && key_code <= keys::kTop9) {
+      key_code = keys::kPad0 + (key_code - keys::kTop0);
+    } else if (key_code == keys::kTopPoint) {
+      key_code = keys::kPadPoint;
+    } else if (key_code == keys::kTopSlash) {
+      key_code = keys::kPadSlash;
+    } else if (key_code == keys::kTopPlus) {
+      key_code = keys::kPadPlus;
+    } else if (key_code == keys::kTopAsterisk) {
+      key_code = keys::kPadAsterisk;
+    }
+  }
+  CLI_Key(key_code);
+}
+
+void CLI::Laptop_Keys_Click(bool checked) {
+  laptop_keys_ = checked;
+  if (Settings* settings = context_.settings()) {
+    settings->write(kLaptopKeysSetting, checked ? "1" : "0");
+  }
+}
+
+void CLI::CLI_Key(int key_code) {
+  Form_Load();  // keys from the main desk load the window without showing it
+  lamp_ = kLampTyping;
+  if (key_code >= keys::kPad0 && key_code <= keys::kPad9) {
+    digit(static_cast<char>('0' + key_code - keys::kPad0));
+    if (key_code == keys::kPad0) full_level_shortcut();
+    return;
+  }
+  switch (key_code) {
+    case keys::kPadSlash:
+      marks_[index_] = true;
+      redisplay();
+      break;
+    case keys::kPadAsterisk:
+      append_word(kThru);
+      break;
+    case keys::kPadPlus:
+      append_word(kPlus);
+      break;
+    case keys::kPadPoint:
+      point();
+      break;
+    case keys::kLetterC:
+      if (index_ == 0) {
+        tokens_[0] = kScreenWord;
+        index_ = 1;
+      }
+      redisplay();
+      break;
+    case keys::kBackspace:
+      tokens_[index_].clear();  // shown again at the next key
+      break;
+    case keys::kNumLock:
+      CLI_Set_NumLock(true);
+      break;
+    case keys::kEnter:
+      enter();
+      break;
+    default:
+      break;  // keypad - and every other key only reset the lamp
+  }
+}
+
+void CLI::digit(char d) {
+  std::string& t = tokens_[index_];
+  t += d;
+  if (t.size() > kTokenChars) t.resize(kTokenChars);
+  redisplay();
+}
+
+// "Thru", "+" and "@" take the next token; the one after is typed into. A line
+// that would need more tokens than the line holds is refused.
+void CLI::append_word(const char* word) {
+  if (index_ + 2 >= kTokens) {
+    error();
+    return;
+  }
+  tokens_[index_ + 1] = word;
+  index_ += 2;
+  redisplay();
+}
+
+void CLI::point() {
+  if (index_ > 0 && tokens_[index_ - 1] == kAt) {
+    CLI_Clear();  // the key pressed twice
+    return;
+  }
+  append_word(kAt);
+}
+
+void CLI::full_level_shortcut() {
+  if (tokens_[index_] != "000" || index_ < 2) return;
+  if (tokens_[index_ - 1] != kAt) {
+    error();
+    return;
+  }
+  tokens_[index_] = "100";
+  level_ = 100;
+  redisplay();
+  CLI_Execute();
+}
+
+void CLI::enter() {
+  if (index_ > 1) {
+    if (!token_numeric(index_) || tokens_[index_ - 1] != kAt || token_value(index_) > 100) {
+      error();
+      return;
+    }
+    level_ = token_value(index_);
+    CLI_Execute();
+    return;
+  }
+  query_or_select();
+}
+
+void CLI::query_or_select() {
+  const std::string shown = string_in_;
+  Store& store = context_.store();
+  if (tokens_[0] == kScreenWord && token_numeric(1)) {
+    const int n = token_value(1);
+    if (n >= 1 && n <= ScreenTable::kLastScreen) {
+      if (store.Run_Mode) {
+        playback_desk_.run_mode().Autotake(n);
+      } else {
+        playback_desk_.screens().Cue_Recall(n);
+      }
+      context_.status().show_both(cue_selected(n));
+    }
+    CLI_Clear();
+  } else if (marks_[0]) {
+    const int n = token_numeric(0) ? token_value(0) : 0;
+    if (n >= 1 && n <= kLastQueryFader) {
+      const int level = store.Playback_Fader_Level[n - 1];
+      string_in_ = percent_text(level / 2.55);
+      context_.status().show_both(level_query("Submix Channel ", n, level));
+    }
+    clear_tokens();
+  } else {
+    const int n = token_numeric(0) ? token_value(0) : 0;
+    if (n >= 1 && n <= kLastQueryChannel) {
+      const int level = store.Desk_Level[n - 1];
+      string_in_ = percent_text(level / 2.55);
+      context_.status().show_both(level_query("Main Channel ", n, level));
+    }
+    clear_tokens();
+  }
+  end_line(shown);
+}
+
+void CLI::CLI_Set_NumLock(bool on) {
+  if (num_lock_ == nullptr) return;
+  const std::optional<bool> state = num_lock_->state();
+  if (!state || *state == on) return;
+  num_lock_->set(on);
+}
+
+}  // namespace lumaris

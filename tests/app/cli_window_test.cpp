@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "app/cli_window.h"
+#include "app/desk_app.h"
+#include "app/main_desk_window.h"
+#include "app/widgets/colour_box.h"
+
+namespace lumaris {
+namespace {
+
+class CliWindowTest : public ::testing::Test {
+ protected:
+  CliWindowTest() {
+    app.start();
+    app.show_main_window();
+  }
+  Store& store() { return app.console().store(); }
+  CliWindow& window() {
+    for (const auto& w : app.windows()) {
+      if (auto* cli = dynamic_cast<CliWindow*>(w.get())) return *cli;
+    }
+    throw std::logic_error("no command line window");
+  }
+  void keys(QWidget* target, std::initializer_list<Qt::Key> sequence,
+            Qt::KeyboardModifiers modifiers = Qt::KeypadModifier) {
+    for (const Qt::Key key : sequence) QTest::keyClick(target, key, modifiers);
+  }
+  DeskApp app;
+};
+
+TEST_F(CliWindowTest, TheMenuOpensTheWindowAndItsKeysReachTheLine) {
+  QAction* open = app.main_window().menu_action("CLI_sel");
+  ASSERT_NE(open, nullptr);
+  EXPECT_TRUE(open->isEnabled());
+  open->trigger();
+  ASSERT_TRUE(window().isVisible());
+  EXPECT_EQ(window().windowTitle(), QStringLiteral("Command Line Interface"));
+
+  keys(&window(), {Qt::Key_5, Qt::Key_Period, Qt::Key_5, Qt::Key_0});
+  EXPECT_EQ(window().String_In()->text(), QStringLiteral("5 @ 50 "));
+  keys(&window(), {Qt::Key_Enter});
+  EXPECT_EQ(store().Desk_Level[4], 128);
+  EXPECT_EQ(window().String_In()->text(), QString());
+  EXPECT_EQ(window().Combo1()->currentText(), QStringLiteral("5 @ 50 "));
+  EXPECT_TRUE(window().CLI_Status()->styleSheet().contains(QStringLiteral("rgb(0, 255, 0)")));
+
+  keys(&window(), {Qt::Key_6, Qt::Key_1, Qt::Key_Period, Qt::Key_1, Qt::Key_Enter});
+  EXPECT_TRUE(window().CLI_Status()->styleSheet().contains(QStringLiteral("rgb(255, 0, 0)")));
+  EXPECT_EQ(store().Desk_Level[60], 0);
+
+  QTest::mouseClick(window().Command1(), Qt::LeftButton);
+  EXPECT_FALSE(window().isVisible());
+  open->trigger();
+  EXPECT_EQ(window().Combo1()->count(), 2) << "the history is kept while the program runs";
+}
+
+TEST_F(CliWindowTest, KeysOnTheMainDeskTypeIntoTheLine) {
+  app.main_window().menu_action("CLI_sel")->trigger();
+  keys(app.main_window().widget(), {Qt::Key_3, Qt::Key_Slash});
+  EXPECT_EQ(window().String_In()->text(), QStringLiteral("S3 "));
+  keys(app.main_window().widget(), {Qt::Key_Asterisk});
+  EXPECT_EQ(window().String_In()->text(), QStringLiteral("S3 Thru  "));
+  keys(app.main_window().widget(), {Qt::Key_4}, Qt::NoModifier);
+  EXPECT_EQ(window().String_In()->text(), QStringLiteral("S3 Thru  ")) << "top-row digits are not the keypad";
+}
+
+TEST_F(CliWindowTest, LaptopKeysMakeTheTopRowTheKeypadInThisWindow) {
+  app.main_window().menu_action("CLI_sel")->trigger();
+  keys(&window(), {Qt::Key_7, Qt::Key_Period}, Qt::NoModifier);
+  EXPECT_EQ(window().String_In()->text(), QString()) << "off: the Part's keys only";
+  QTest::mouseClick(window().Laptop_Keys(), Qt::LeftButton);
+  ASSERT_TRUE(app.console().cli().Laptop_Keys());
+  keys(&window(), {Qt::Key_7, Qt::Key_Plus, Qt::Key_2, Qt::Key_Slash, Qt::Key_Asterisk, Qt::Key_4,
+                   Qt::Key_Period, Qt::Key_1, Qt::Key_0, Qt::Key_Return},
+       Qt::NoModifier);
+  EXPECT_EQ(store().Desk_Level[6], 26);
+  EXPECT_EQ(store().Playback_Fader_Level[1], 26);
+  EXPECT_EQ(store().Playback_Fader_Level[3], 26);
+}
+
+}  // namespace
+}  // namespace lumaris

@@ -1,0 +1,332 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "core/main_desk.h"
+#include "keypad/keypad_keys.h"
+#include "platform/num_lock.h"
+#include "playback/playback_chases.h"
+#include "playback/playdesk.h"
+#include "playback/run_mode.h"
+#include "playback/screen_panel.h"
+#include "tests/keypad/keypad_desk.h"
+#include "tests/support/memory_settings.h"
+#include "console/window_registry.h"
+
+namespace lumaris {
+namespace {
+
+using History = std::vector<std::string>;
+
+class CommandLine : public ::testing::Test, public KeypadDesk {};
+
+TEST_F(CommandLine, AnAssignmentSetsTheLevelRecordsTheLineAndLightsGreen) {
+  type("5.50\n");
+  EXPECT_EQ(channel(5), 128) << "50 % is 127.5, halves to even";
+  EXPECT_EQ(cli().Combo1(), History{"5 @ 50 "});
+  EXPECT_EQ(main_status(), "CLI -5 @ 50 ");
+  EXPECT_EQ(playback_status(), "CLI -5 @ 50 ");
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampDone);
+  EXPECT_FALSE(cli().CLI_Error());
+  EXPECT_EQ(cli().String_In(), "");
+  EXPECT_EQ(cli().Token_Index(), 0);
+  EXPECT_EQ(t.console->main_desk().strips()[4].Text1, "128") << "the main desk panel is redrawn";
+
+  type("4/.30\n");
+  EXPECT_EQ(fader(4), 76) << "30 % is 76.5, halves to even";
+  EXPECT_EQ(cli().Combo1(), (History{"5 @ 50 ", "S4 @ 30 "})) << "a fader number shows with S";
+  EXPECT_EQ(channel(4), 0) << "a marked number is a playback fader, not a channel";
+}
+
+TEST_F(CommandLine, TheFirstCommandAfterTheWindowLoadsAlreadyWorks) {
+  t.console->windows().open("CLI_sel");
+  type("c");
+  EXPECT_EQ(cli().Tokens()[0], "c") << "the first command starts at token 0";
+  type("\n5.50\n");
+  EXPECT_EQ(channel(5), 128);
+}
+
+TEST_F(CommandLine, ThreeZerosAfterTheDecimalKeySetFullWithoutEnter) {
+  type("1*8+12.000");
+  for (int n = 1; n <= 8; ++n) EXPECT_EQ(channel(n), 255) << "channel " << n;
+  for (int n = 9; n <= 11; ++n) EXPECT_EQ(channel(n), 0) << "channel " << n;
+  EXPECT_EQ(channel(12), 255);
+  EXPECT_EQ(cli().Combo1(), History{"1 Thru 8 + 12 @ 100 "});
+
+  type("5*000");
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "000 not after @ is an error";
+  EXPECT_EQ(channel(5), 255);
+  EXPECT_EQ(cli().Combo1().size(), 1U) << "a refused line never enters the history";
+  type("7000");
+  EXPECT_EQ(cli().Tokens()[0], "700") << "below token 2 the zeros are only digits";
+}
+
+TEST_F(CommandLine, ThruRangesAreClampedSwappedAndHeldToTheDesk) {
+  type("8*3.10\n");
+  EXPECT_EQ(channel(2), 0);
+  for (int n = 3; n <= 8; ++n) EXPECT_EQ(channel(n), 26) << "channel " << n;
+  EXPECT_EQ(channel(9), 0);
+
+  type("0*999.20\n");
+  EXPECT_EQ(channel(1), 51) << "below 1 starts at 1";
+  EXPECT_EQ(channel(64), 51) << "above 64 ends at 64";
+  EXPECT_EQ(store().Desk_Level[64], 0) << "nothing beyond channel 64";
+
+  type("99*60.40\n");
+  EXPECT_EQ(channel(59), 51) << "swapped from the typed values: 60..99, held to 64";
+  for (int n = 60; n <= 64; ++n) EXPECT_EQ(channel(n), 102) << "channel " << n;
+
+  type("50/*64.100\n");
+  for (int f = 50; f <= 61; ++f) EXPECT_EQ(fader(f), 255) << "fader " << f;
+  EXPECT_EQ(fader(49), 0);
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampDone);
+}
+
+TEST_F(CommandLine, RefusedLinesChangeNothingAndStayOutOfTheHistory) {
+  for (const char* line : {"61.20\n", "5.\n", "5+6\n", "5.150\n", "0.50\n", ".50\n"}) {
+    SCOPED_TRACE(line);
+    type(line);
+    EXPECT_EQ(cli().CLI_Status(), CLI::kLampError);
+    EXPECT_TRUE(cli().CLI_Error());
+    EXPECT_EQ(cli().Token_Index(), 0);
+  }
+  for (int n = 1; n <= 64; ++n) ASSERT_EQ(channel(n), 0) << "channel " << n;
+  EXPECT_EQ(fader(61), 0);
+  // "5.", "5+6" and "5.150" are refused at Enter; the others fail on their
+  // number while executing, and the history shows what was tried.
+  EXPECT_EQ(cli().Combo1(), (History{"61 @ 20 ", "0 @ 50 ", " @ 50 "}));
+
+  type("7\n");
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampTyping) << "every key first greys the lamp";
+}
+
+TEST_F(CommandLine, AnItemThatFailsKeepsTheItemsAlreadySet) {
+  type("2+61.40\n");
+  EXPECT_EQ(channel(2), 102);
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError);
+  EXPECT_EQ(cli().Combo1(), History{"2 + 61 @ 40 "}) << "an execution error still enters the history";
+  EXPECT_EQ(main_status(), "CLI -2 + 61 @ 40 ");
+
+  type("1*3*5.60\n");
+  for (int n = 1; n <= 3; ++n) EXPECT_EQ(channel(n), 153) << "channel " << n;
+  EXPECT_EQ(channel(5), 0) << "a Thru item followed by Thru ends the usable line";
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError);
+
+  type("61+7.30\n");
+  EXPECT_EQ(channel(7), 76);
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampDone) << "the final item that succeeds lights green";
+}
+
+TEST_F(CommandLine, TokensAreEditedKeyByKey) {
+  type("1234");
+  EXPECT_EQ(cli().Tokens()[0], "123");
+  EXPECT_EQ(cli().String_In(), "123 ");
+
+  type("..");
+  EXPECT_EQ(cli().Token_Index(), 0) << "the decimal key twice clears the line";
+  EXPECT_EQ(cli().String_In(), "");
+
+  type("12\b");
+  EXPECT_EQ(cli().Tokens()[0], "");
+  EXPECT_EQ(cli().String_In(), "12 ") << "Backspace redraws at the next key";
+  type("3.50\n");
+  EXPECT_EQ(channel(3), 128);
+  EXPECT_EQ(channel(12), 0);
+
+  type("5c");
+  EXPECT_EQ(cli().Tokens()[0], "c") << "C at the first token replaces it";
+  type("\n5.c-");
+  EXPECT_EQ(cli().Tokens()[0], "5") << "C later in the line and keypad - do nothing";
+  EXPECT_EQ(cli().String_In(), "5 @  ");
+  cli().CLI_Key(keys::kPadSlash);
+  EXPECT_EQ(cli().String_In(), "5 @ S ") << "the mark shows before the token being typed";
+}
+
+TEST_F(CommandLine, ALineLongerThanTheTokenArrayIsRefused) {
+  for (int i = 0; i < 49; ++i) type("1+");
+  type("1");
+  EXPECT_EQ(cli().Token_Index(), 98);
+  type("+");
+  EXPECT_EQ(cli().Token_Index(), 100) << "token 100 is the last one";
+  type("2.");
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "an @ would need token 101";
+  EXPECT_EQ(cli().Token_Index(), 0);
+  type("50\n");
+  EXPECT_TRUE(cli().Combo1().empty());
+  EXPECT_EQ(channel(1), 0);
+
+  type("c");  // a line begun with C types on odd tokens
+  for (int i = 0; i < 49; ++i) type("1+");
+  EXPECT_EQ(cli().Token_Index(), 99);
+  type("1*");
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "a Thru would need token 101";
+  EXPECT_EQ(cli().Token_Index(), 0);
+}
+
+TEST_F(CommandLine, QueriesShowTheLevelInPercent) {
+  store().Desk_Level[6] = 128;
+  type("7\n");
+  EXPECT_EQ(cli().String_In(), "50.1960784313726");
+  EXPECT_EQ(main_status(), "Main Channel 7 =  50%");
+  EXPECT_EQ(playback_status(), "Main Channel 7 =  50%");
+  EXPECT_EQ(cli().Token_Index(), 0);
+
+  store().Playback_Fader_Level[3] = 76;
+  type("4/\n");
+  EXPECT_EQ(cli().String_In(), "29.8039215686275");
+  EXPECT_EQ(main_status(), "Submix Channel 4 =  29%");
+
+  store().Desk_Level[64] = 255;
+  type("65\n");
+  EXPECT_EQ(main_status(), "Main Channel 65 =  100%");
+  store().Playback_Fader_Level[60] = 255;
+  type("61/\n");
+  EXPECT_EQ(main_status(), "Submix Channel 61 =  100%");
+
+  for (const char* out_of_range : {"66\n", "62/\n", "0\n", "\n"}) {
+    type(out_of_range);
+    EXPECT_EQ(main_status(), "Submix Channel 61 =  100%") << out_of_range << " is ignored";
+  }
+  EXPECT_TRUE(cli().Combo1().empty()) << "queries do not enter the history";
+}
+
+TEST_F(CommandLine, CAndANumberSelectAndRecallAScreen) {
+  store().Screens[12].Preset[0] = 200;
+  store().Screen_Count = 13;
+  type("c12\n");
+  EXPECT_EQ(t.console->playback_desk().screens().Screen_Num_sel(), 12);
+  EXPECT_EQ(channel(1), 200) << "the screen is recalled";
+  EXPECT_EQ(main_status(), "Cue 12 Selected");
+  EXPECT_EQ(playback_status(), "Cue 12 Selected");
+  EXPECT_EQ(cli().String_In(), "");
+
+  type("c0\nc200\n");
+  EXPECT_EQ(main_status(), "Cue 12 Selected") << "screen numbers outside the desk are ignored";
+}
+
+TEST_F(CommandLine, InRunModeCAndANumberTakeToTheScreen) {
+  store().Screen_Count = 5;
+  store().Screens[3].Preset[0] = 90;
+  Playdesk& desk = t.console->playback_desk();
+  desk.Show();
+  desk.run_mode().Run_Switch_Click();
+  ASSERT_TRUE(store().Run_Mode);
+  type("c3\n");
+  EXPECT_TRUE(store().Autotake_Running);
+  EXPECT_EQ(store().Run_Screen, 3);
+  EXPECT_EQ(channel(1), 0) << "no recall: the take crossfades";
+  EXPECT_EQ(main_status(), "Cue 3 Selected");
+}
+
+TEST_F(CommandLine, SequenceFadersStartTheirChase) {
+  store().Fader_Functions[2].Function = kFunctionSequence;
+  store().Fader_Functions[2].Value = 4;
+  type("3/.50\n");
+  PlaybackChases& chases = t.console->playback_desk().chases();
+  EXPECT_EQ(chases.Seq_Level(4), 128);
+  EXPECT_TRUE(chases.running(4));
+  type("3/.0\n");
+  EXPECT_FALSE(chases.running(4)) << "level 0 stops it";
+}
+
+TEST_F(CommandLine, TheSurfaceFollowsOnlyInItsMode) {
+  type("5.50\n4/.30\n");
+  EXPECT_TRUE(surface.faders.empty()) << "no surface connected";
+  store().BCF_Mode = 1;
+  type("5.50\n4/.30\n");
+  EXPECT_EQ(surface.faders, (std::vector<std::pair<int, int>>{{4, 128}}));
+  surface.faders.clear();
+  store().BCF_Mode = 2;
+  type("5.50\n4/.30\n");
+  EXPECT_EQ(surface.faders, (std::vector<std::pair<int, int>>{{3, 76}}));
+}
+
+TEST_F(CommandLine, TheMainDeskPassesEveryKeyDown) {
+  Hoofdblad& desk = t.console->main_desk();
+  for (const int code : {101, keys::kPadPoint, 101, keys::kPad0, keys::kEnter}) desk.Key_Down(code);
+  EXPECT_EQ(channel(5), 128);
+  EXPECT_FALSE(cli().visible()) << "keys load the window without showing it";
+  desk.Key_Down(keys::kTop0 + 5);
+  EXPECT_EQ(cli().Tokens()[0], "") << "the top-row digits are not the keypad's";
+}
+
+TEST_F(CommandLine, TheWindowOpensFromTheMenuAndKeepsItsLine) {
+  std::vector<MenuEntry> entries = t.console->main_desk().menu_entries();
+  const auto entry = std::find_if(entries.begin(), entries.end(),
+                                  [](const MenuEntry& e) { return e.name == "CLI_sel"; });
+  ASSERT_NE(entry, entries.end());
+  EXPECT_TRUE(entry->enabled);
+  type("5.50\n3");
+  t.console->main_desk().Menu_Click("CLI_sel");
+  EXPECT_TRUE(cli().visible());
+  EXPECT_EQ(cli().caption(), "Command Line Interface");
+  cli().Command1_Click();
+  EXPECT_FALSE(cli().visible());
+  t.console->main_desk().Menu_Click("CLI_sel");
+  EXPECT_EQ(cli().String_In(), "3 ");
+  EXPECT_EQ(cli().Combo1(), History{"5 @ 50 "});
+}
+
+TEST(LaptopKeys, TopRowKeysActAsTheKeypadInTheWindowOnlyWhenTicked) {
+  MemorySettings settings;
+  {
+    TestConsole t;
+    t.services.settings = &settings;
+    t.build();
+    CLI& cli = t.console->cli();
+    EXPECT_FALSE(cli.Laptop_Keys()) << "off by default";
+    cli.Form_KeyDown(keys::kTop0 + 5);
+    EXPECT_EQ(cli.Tokens()[0], "");
+    cli.Laptop_Keys_Click(true);
+    for (const int code : {keys::kTop0 + 9, keys::kTopAsterisk, keys::kTop0 + 2, keys::kTopPlus,
+                           keys::kTop0 + 1, keys::kTopSlash, keys::kTopPoint, keys::kTop0 + 4,
+                           keys::kTop0, keys::kEnter}) {
+      cli.Form_KeyDown(code);
+    }
+    EXPECT_EQ(cli.Combo1(), History{"9 Thru 2 + S1 @ 40 "});
+    EXPECT_EQ(t.store().Desk_Level[1], 102);
+    EXPECT_EQ(t.store().Playback_Fader_Level[0], 102);
+    t.console->main_desk().Key_Down(keys::kTop0 + 5);
+    EXPECT_EQ(cli.Tokens()[0], "") << "the main desk keeps the keypad's keys";
+  }
+  EXPECT_EQ(settings.read(CLI::kLaptopKeysSetting), "1");
+  TestConsole again;
+  again.services.settings = &settings;
+  again.build();
+  EXPECT_TRUE(again.console->cli().Laptop_Keys()) << "kept with this computer's settings";
+}
+
+struct FakeNumLock final : NumLock {
+  std::optional<bool> on;
+  int sets = 0;
+  std::optional<bool> state() const override { return on; }
+  void set(bool wanted) override {
+    on = wanted;
+    ++sets;
+  }
+};
+
+TEST(NumLockKey, SwitchesNumLockBackOnOnlyWhenItIsOff) {
+  FakeNumLock num_lock;
+  TestConsole t;
+  t.services.num_lock = &num_lock;
+  t.build();
+  num_lock.on = false;
+  t.console->main_desk().Key_Down(keys::kNumLock);
+  EXPECT_EQ(num_lock.on, true);
+  EXPECT_EQ(num_lock.sets, 1);
+  t.console->cli().CLI_Key(keys::kNumLock);
+  EXPECT_EQ(num_lock.sets, 1) << "already on: left alone";
+  num_lock.on.reset();
+  t.console->cli().CLI_Key(keys::kNumLock);
+  EXPECT_EQ(num_lock.sets, 1) << "a keyboard that cannot be asked is left alone";
+
+  TestConsole without;
+  without.build();
+  without.console->cli().CLI_Key(keys::kNumLock);  // no keyboard seam: nothing happens
+  EXPECT_EQ(without.console->cli().CLI_Status(), CLI::kLampTyping);
+}
+
+}  // namespace
+}  // namespace lumaris
