@@ -8,31 +8,8 @@ set -u
 lumaris=$1
 receiver=$2
 show_source=$3
-work=$(mktemp -d)
-host_a=lumaris_wire_a_$$
-host_b=lumaris_wire_b_$$
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null; done
-  wait 2>/dev/null
-  ip netns del "$host_a" 2>/dev/null
-  ip netns del "$host_b" 2>/dev/null
-  rm -rf "$work"
-}
-trap cleanup EXIT
-fail() { echo "FAIL: $*"; cat "$work"/*.log 2>/dev/null; exit 1; }
-
-if ! ip netns add "$host_a" 2>/dev/null || ! ip netns add "$host_b" 2>/dev/null; then
-  echo "SKIP: this machine does not let the test make network namespaces"
-  exit 77
-fi
-ip -n "$host_a" link add wire_a type veth peer name wire_b netns "$host_b" || fail "veth pair"
-ip -n "$host_a" link set lo up
-ip -n "$host_b" link set lo up
-ip -n "$host_a" addr add 10.77.0.1/24 dev wire_a
-ip -n "$host_b" addr add 10.77.0.2/24 dev wire_b
-ip -n "$host_a" link set wire_a up
-ip -n "$host_b" link set wire_b up
+. "$(dirname "$0")/two_hosts.sh"
+make_two_hosts wire 10.77.0
 
 sed 's#<Universe>0</Universe>#<Universe>147</Universe>#' "$show_source" >"$work/show.xml"
 grep -q '<Universe>147</Universe>' "$work/show.xml" || fail "the show has no Art-Net row"
@@ -40,7 +17,7 @@ grep -q '<Universe>147</Universe>' "$work/show.xml" || fail "the show has no Art
 ip netns exec "$host_b" "$receiver" 10.77.0.2 6454 20 >"$work/receiver.log" 2>&1 &
 receiver_pid=$!
 pids+=("$receiver_pid")
-for _ in $(seq 50); do grep -qs listening "$work/receiver.log" && break; sleep 0.1; done
+wait_listening "$work/receiver.log"
 
 mkdir -p "$work/home"
 HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" \
