@@ -272,8 +272,8 @@ void ChasesWindow::sync() {
   sync::text(function_all_, d.Ch_Function_All());
   sync::checked(global_fade_sw_, d.Global_fade_sw());
   sync::checked(check1_, d.Check1());
-  log_slider3_->update();
-  log_slider4_->update();
+  log_slider3_->sync();
+  log_slider4_->sync();
   sync::text(speed_text_, d.Speed_Text());
   sync::text(fade_text_, d.Fade_Text());
   sync::checked(global_speed_, d.Global_Speed());

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,7 +17,8 @@ namespace lumaris {
 class MainDeskWindow;
 
 // The desktop console: the engine on Qt timers and dialogs, and one Qt window
-// per desk window model. After every engine event the shown windows re-sync.
+// per desk window model. After every engine event the shown windows re-sync,
+// each only when something it shows may have changed.
 class DeskApp {
  public:
   // `services` may carry hardware seams; scheduler, dialogs and clock are set here.
@@ -32,7 +35,10 @@ class DeskApp {
   void handle(Work&& work) {
     scheduler_.run_event(std::forward<Work>(work));
   }
+  // Re-syncs every shown window in full.
   void refresh_windows();
+  // The full walks of windows so far; a wiring test counts them.
+  long walks() const { return walks_; }
 
   const std::vector<std::unique_ptr<DeskWindow>>& windows() const { return windows_; }
   MainDeskWindow& main_window() { return *main_window_; }
@@ -44,6 +50,11 @@ class DeskApp {
   std::unique_ptr<Console> console_;
   std::vector<std::unique_ptr<DeskWindow>> windows_;
   MainDeskWindow* main_window_ = nullptr;
+  // Per window: the dry-pass fingerprint of its last walk; none while not shown.
+  std::vector<std::optional<std::uint64_t>> synced_;
+  long walks_ = 0;
+
+  void refresh(bool timer_tick);
 };
 
 // Creates every Qt window of the console; the main desk comes first.

@@ -375,7 +375,7 @@ void PlaydeskWindow::sync() {
   sync::enabled(screen_prog_, s.Screen_Prog_enabled());
   sync::enabled(screen_recall_, s.Screen_Recall_enabled());
   sync::enabled(screen_sel_, s.Screen_Num_sel_enabled());
-  fade_time_->update();
+  fade_time_->sync();
   preset_->set_model_value(d.preset_value());
   main_->set_model_value(d.main_value());
 

@@ -1,5 +1,7 @@
 #include "app/widgets/log_slider_widget.h"
 
+#include "app/widgets/sync.h"
+
 #include <QMouseEvent>
 #include <algorithm>
 #include <QPainter>
@@ -58,6 +60,16 @@ void LogSliderWidget::mousePressEvent(QMouseEvent* event) {
 
 void LogSliderWidget::mouseMoveEvent(QMouseEvent* event) {
   if ((event->buttons() & Qt::LeftButton) && on_position_) on_position_(event->position().y());
+}
+
+}  // namespace lumaris
+
+namespace lumaris {
+
+void LogSliderWidget::sync() {
+  sync::repaint(this, {model_.Value(), model_.MinValue(), model_.MaxValue(), model_.ScaleFactor(),
+                       model_.logAxis() ? 1.0 : 0.0, model_.thumb_top(), model_.thumb_height(),
+                       model_.axis_top(), model_.axis_height()});
 }
 
 }  // namespace lumaris

@@ -19,6 +19,8 @@ class LogSliderWidget : public QWidget {
   explicit LogSliderWidget(VRLogSlider& model, QWidget* parent = nullptr);
   void on_position(std::function<void(double)> handler) { on_position_ = std::move(handler); }
   QSize sizeHint() const override { return {64, 220}; }
+  // Repaints when what it draws of the model may have changed.
+  void sync();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -74,6 +74,7 @@ bool QtScheduler::run_event(const std::function<void()>& work, const void* sourc
   running_.push_back(source);
   work();
   running_.pop_back();
+  event_was_tick_ = source != nullptr;
   if (after_event_) after_event_();
   return true;
 }

@@ -19,6 +19,9 @@ class QtScheduler final : public Scheduler {
   double now_ms() const override;
 
   void set_after_event(std::function<void()> after_event) { after_event_ = std::move(after_event); }
+  // While the after-event hook runs: whether the event was a timer's tick rather
+  // than the operator's (or posted) work.
+  bool event_was_tick() const { return event_was_tick_; }
 
   // Runs one engine event to completion, unless an event of the same source
   // (a timer) is still running further up; then it is skipped and false returned.
@@ -27,6 +30,7 @@ class QtScheduler final : public Scheduler {
  private:
   std::function<void()> after_event_;
   std::vector<const void*> running_;
+  bool event_was_tick_ = false;
 };
 
 }  // namespace lumaris

@@ -1,0 +1,79 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <stdexcept>
+
+#include "app/chases_window.h"
+#include "app/desk_app.h"
+#include "app/main_desk_window.h"
+#include "core/main_desk.h"
+#include "sequence/chases.h"
+
+namespace lumaris {
+namespace {
+
+class DeskAppRefreshTest : public ::testing::Test {
+ protected:
+  DeskAppRefreshTest() {
+    app.start();
+    app.show_main_window();
+  }
+  Store& store() { return app.console().store(); }
+  MainDeskWindow& desk() { return app.main_window(); }
+  ChasesWindow& chases() {
+    for (const auto& window : app.windows()) {
+      if (window->name() == "Chases") return static_cast<ChasesWindow&>(*window);
+    }
+    throw std::logic_error("no sequence desk window");
+  }
+  // Runs `work` the way a timer's tick runs.
+  template <typename Work>
+  void tick(Work work) {
+    app.scheduler().run_event(work, &tick_source_);
+  }
+  DeskApp app;
+
+ private:
+  int tick_source_ = 0;
+};
+
+TEST_F(DeskAppRefreshTest, AHiddenWindowIsNotWalkedAndCatchesUpWhenShown) {
+  const QString before = chases().Chase_Sel()->itemText(0);
+  app.handle([&] { store().Chase_Table[0].Name = "Sunrise"; });
+  EXPECT_EQ(chases().Chase_Sel()->itemText(0), before) << "the hidden sequence desk was walked";
+
+  app.handle([&] { app.console().sequence_desk().Show(); });
+  EXPECT_TRUE(chases().isVisible());
+  EXPECT_TRUE(chases().Chase_Sel()->itemText(0).contains(QStringLiteral("Sunrise")));
+}
+
+TEST_F(DeskAppRefreshTest, ATickThatChangesNothingShownSkipsTheWalkAndOneThatDoesWalks) {
+  const QString status = desk().Status()->text();
+  // A widget the walk would rewrite tells whether the walk ran.
+  desk().Status()->setText(QStringLiteral("not from the model"));
+  const long walks = app.walks();
+  tick([] {});
+  EXPECT_EQ(desk().Status()->text(), QStringLiteral("not from the model"));
+  EXPECT_EQ(app.walks(), walks);
+
+  tick([&] {
+    store().Desk_Level[7] = 90;
+    app.console().main_desk().Refresh_Desk_Panel();
+  });
+  EXPECT_EQ(desk().Text1(7)->text(), QStringLiteral("90"));
+  EXPECT_EQ(desk().Slider1(7)->value(), 90);
+  EXPECT_EQ(desk().Status()->text(), status) << "a changed window is walked in full";
+  EXPECT_EQ(app.walks(), walks + 1) << "only the window that changed is walked";
+}
+
+TEST_F(DeskAppRefreshTest, TheOperatorsEventsAlwaysWalkTheShownWindows) {
+  tick([] {});
+  // An edit the model never took is put back by the next operator event.
+  desk().Text1(3)->setText(QStringLiteral("abc"));
+  app.handle([] {});
+  EXPECT_EQ(desk().Text1(3)->text(), QString::number(store().Desk_Level[3]));
+}
+
+}  // namespace
+}  // namespace lumaris
