@@ -151,22 +151,18 @@ void FunctionSetup<Record>::store() {
       r.Level = level;
       break;
     case kFunctionPreset:
-      r.Channel1 = channel(channels_[0]);
-      r.Channel2 = channel(channels_[1]);
-      r.Channel3 = channel(channels_[2]);
+    case kFunctionColour: {
+      // A preset's three channels, or a colour's red, green and blue channels.
+      const auto& boxes = function_ == kFunctionPreset ? channels_ : colour_channels_;
+      r.Channel1 = channel(boxes[0]);
+      r.Channel2 = channel(boxes[1]);
+      r.Channel3 = channel(boxes[2]);
       r.Level = level;
       r.Name = name_;
       r.Colour = colour_box_ ? colour_to_text(*colour_box_) : std::string();
+      if (function_ == kFunctionColour) r.Value = static_cast<std::int16_t>(value_);
       break;
-    case kFunctionColour:
-      r.Channel1 = channel(colour_channels_[0]);
-      r.Channel2 = channel(colour_channels_[1]);
-      r.Channel3 = channel(colour_channels_[2]);
-      r.Level = level;
-      r.Name = name_;
-      r.Colour = colour_box_ ? colour_to_text(*colour_box_) : std::string();
-      r.Value = static_cast<std::int16_t>(value_);
-      break;
+    }
     default:
       break;
   }
