@@ -249,29 +249,43 @@ QAction* ChasesWindow::menu_action(const std::string& name) const {
 }
 
 void ChasesWindow::sync() {
+  for (int part = 0; part < kSyncParts; ++part) sync_part(part);
+}
+
+void ChasesWindow::sync_part(int part) {
+  switch (part) {
+    case kRunning:
+      sync_running();
+      break;
+    case kPictures:
+      sync_pictures();
+      break;
+    case kSteps:
+      sync_steps();
+      break;
+    default:
+      sync_rest();
+      break;
+  }
+}
+
+void ChasesWindow::sync_running() {
+  const ChaseRuntime& run = desk().runtime();
+  slider2_->set_model_value(run.Slider2());
+  sync::text(go_, run.Chase_Go_Button());
+  sync::background(go_, run.Chase_Go_Button_colour(), "QPushButton");
+  sync::checked(live_mode_, run.Live_Mode_Sel());
+  sync::enabled(live_mode_, run.Live_Mode_Sel_enabled());
+  sync::value(fade_bar_, run.Fade_Bar().Value());
+  sync::value(step_bar_, run.Step_Bar().Value());
+}
+
+void ChasesWindow::sync_steps() {
   Chases& d = desk();
-  const ChaseRuntime& run = d.runtime();
-  sync::title(this, d.caption());
-  const std::vector<std::string> entries = d.Chase_Sel_entries();
-  for (int i = 0; i < static_cast<int>(entries.size()); ++i) {
-    if (i >= chase_sel_->count()) {
-      chase_sel_->addItem(sync::q(entries[i]));
-    } else if (chase_sel_->itemText(i) != sync::q(entries[i])) {
-      chase_sel_->setItemText(i, sync::q(entries[i]));
-    }
-  }
-  if (chase_sel_->currentIndex() != d.Cur_Chase()) {
-    const QSignalBlocker block(chase_sel_);
-    chase_sel_->setCurrentIndex(d.Cur_Chase());
-  }
-  if (!chase_name_->hasFocus()) sync::text(chase_name_, d.Chase_Name());
-  sync::background(chase_colour_, d.Chase_Colour_Sel(), "QFrame");
   sync::text(steps_, d.Steps());
   sync::text(step_display_, d.Step_Display());
-  sync_channels();
+  sync_channel_steps();
   sync::text(function_all_, d.Ch_Function_All());
-  sync::checked(global_fade_sw_, d.Global_fade_sw());
-  sync::checked(check1_, d.Check1());
   log_slider3_->sync();
   log_slider4_->sync();
   sync::text(speed_text_, d.Speed_Text());
@@ -280,23 +294,25 @@ void ChasesWindow::sync() {
   sync::enabled(global_speed_, d.Global_Speed_enabled());
   sync::checked(global_fade_, d.Global_fade());
   sync::enabled(global_fade_, d.Global_fade_enabled());
+  sync::text(loop_times_txt_, d.Loop_Times_txt());
+}
+
+void ChasesWindow::sync_rest() {
+  Chases& d = desk();
+  sync::title(this, d.caption());
+  sync::items(chase_sel_, d.Chase_Sel_entries());
+  sync::current(chase_sel_, d.Cur_Chase());
+  if (!chase_name_->hasFocus()) sync::text(chase_name_, d.Chase_Name());
+  sync::background(chase_colour_, d.Chase_Colour_Sel(), "QFrame");
+  sync::checked(global_fade_sw_, d.Global_fade_sw());
+  sync::checked(check1_, d.Check1());
   sync::checked(speed_fade_lock_, d.Speed_Fade_Lock());
   sync::checked(loop_box_, d.Loop_Box());
   sync::value(loop_times_, d.Loop_Times());
   sync::enabled(loop_times_, d.Loop_Times_enabled());
   sync::enabled(loop_times_txt_, d.Loop_Times_enabled());
-  sync::text(loop_times_txt_, d.Loop_Times_txt());
-  slider2_->set_model_value(run.Slider2());
-  sync::text(go_, run.Chase_Go_Button());
-  sync::background(go_, run.Chase_Go_Button_colour(), "QPushButton");
-  sync::checked(live_mode_, run.Live_Mode_Sel());
-  sync::enabled(live_mode_, run.Live_Mode_Sel_enabled());
-  if (fade_bar_->value() != run.Fade_Bar().Value()) fade_bar_->setValue(run.Fade_Bar().Value());
-  if (step_bar_->value() != run.Step_Bar().Value()) step_bar_->setValue(run.Step_Bar().Value());
   for (const MenuEntry& entry : d.menu_entries()) {
-    if (QAction* action = menu_action(entry.name); action && action->isEnabled() != entry.enabled) {
-      action->setEnabled(entry.enabled);
-    }
+    if (QAction* action = menu_action(entry.name)) sync::enabled(action, entry.enabled);
   }
   sync::text(show_moving_, d.Show_Moving());
   sync::enabled(show_moving_, d.Show_Moving_enabled());

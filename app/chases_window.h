@@ -38,6 +38,8 @@ class ChasesWindow final : public ToolWindow, public DeskWindow {
   Window& model() override;
   std::string name() const override { return "Chases"; }
   void sync() override;
+  int sync_parts() const override { return kSyncParts; }
+  void sync_part(int part) override;
 
   // Widgets by control name, for the wiring tests.
   QComboBox* Chase_Sel() const { return chase_sel_; }
@@ -48,6 +50,10 @@ class ChasesWindow final : public ToolWindow, public DeskWindow {
   QPushButton* Ch_Function(int i) const { return channels_[i].function; }
   QPushButton* Chase_Go_Button() const { return go_; }
   LogSliderWidget* LogSlider3() const { return log_slider3_; }
+  QLineEdit* Chase_Name() const { return chase_name_; }
+  ColourBox* Picture1(int i) const { return channels_[i].indicator; }
+  QProgressBar* Fade_Bar() const { return fade_bar_; }
+  QProgressBar* Step_Bar() const { return step_bar_; }
   QAction* menu_action(const std::string& name) const;
   QPushButton* Show_Moving() const { return show_moving_; }
   MovingPanelWidget* moving_panel() const { return moving_panel_; }
@@ -70,7 +76,15 @@ class ChasesWindow final : public ToolWindow, public DeskWindow {
   QWidget* build_times();
   QWidget* build_bottom_row();
   void build_menus(QWidget* owner);
-  void sync_channels();
+  // The parts of the walk, apart because a running chase changes its controls,
+  // bars and indicators on every level tick, its step fields on every step and
+  // the rest only when the operator edits.
+  enum SyncPart { kRunning, kPictures, kSteps, kRest, kSyncParts };
+  void sync_running();
+  void sync_pictures();
+  void sync_steps();
+  void sync_channel_steps();
+  void sync_rest();
 
   DeskApp& app_;
   std::array<Channel, kChaseChannels> channels_{};

@@ -65,7 +65,7 @@ QWidget* ChasesWindow::build_channels() {
   return panel;
 }
 
-void ChasesWindow::sync_channels() {
+void ChasesWindow::sync_channel_steps() {
   const auto& model = desk().channels();
   for (int i = 0; i < kChaseChannels; ++i) {
     const ChaseChannelControls& m = model[i];
@@ -75,13 +75,20 @@ void ChasesWindow::sync_channels() {
     sync::tooltip(ch.text, m.Text1_tooltip);
     sync::text(ch.function, m.Ch_Function);
     sync::background(ch.function, m.Ch_Function_colour, "QPushButton");
-    sync::background(ch.indicator, m.Picture1, "QFrame");
-    sync::tooltip(ch.indicator, m.Picture1_tooltip);
     if (ch.slider == nullptr) continue;
     ch.slider->set_model_value(m.Slider1);
     sync::enabled(ch.slider, m.level_enabled);
     sync::enabled(ch.full, m.level_enabled);
     sync::enabled(ch.zero, m.level_enabled);
+  }
+}
+
+// The indicators follow the chase's levels while it runs, ten times a second.
+void ChasesWindow::sync_pictures() {
+  const auto& model = desk().channels();
+  for (int i = 0; i < kChaseChannels; ++i) {
+    sync::fill(channels_[i].indicator, model[i].Picture1);
+    sync::tooltip(channels_[i].indicator, model[i].Picture1_tooltip);
   }
 }
 

@@ -33,28 +33,37 @@ void DeskApp::show_main_window() {
 void DeskApp::refresh_windows() { refresh(false); }
 
 // A window is walked only while it is shown and not minimised. After a timer's
-// tick its walk is skipped when a dry pass finds the values it would write
-// unchanged; after the operator's events the walk always runs, so a widget the
-// operator edited shows the model again even when the model refused the edit.
+// tick a part of its walk is skipped when a dry pass finds the values it would
+// write unchanged; after the operator's events the walk always runs in full, so
+// a widget the operator edited shows the model again even when the model
+// refused the edit.
 void DeskApp::refresh(bool timer_tick) {
   for (std::size_t i = 0; i < windows_.size(); ++i) {
     DeskWindow& window = *windows_[i];
     QWidget* widget = window.widget();
     const bool wanted = window.model().visible();
+    std::vector<std::uint64_t>& synced = synced_[i];
     if (wanted && !widget->isMinimized()) {
-      std::uint64_t fingerprint = 0;
-      {
+      const int parts = window.sync_parts();
+      fingerprints_.resize(static_cast<std::size_t>(parts));
+      for (int part = 0; part < parts; ++part) {
         const sync::DryPass dry;
-        window.sync();
-        fingerprint = dry.value();
+        window.sync_part(part);
+        fingerprints_[static_cast<std::size_t>(part)] = dry.value();
       }
-      if (!timer_tick || synced_[i] != fingerprint) {
+      if (!timer_tick || synced.size() != fingerprints_.size()) {
         window.sync();
         ++walks_;
+      } else if (synced != fingerprints_) {
+        for (int part = 0; part < parts; ++part) {
+          const auto at = static_cast<std::size_t>(part);
+          if (synced[at] != fingerprints_[at]) window.sync_part(part);
+        }
+        ++walks_;
       }
-      synced_[i] = fingerprint;
+      synced = fingerprints_;
     } else {
-      synced_[i].reset();
+      synced.clear();
     }
     if (wanted != widget->isVisible()) {
       widget->setVisible(wanted);

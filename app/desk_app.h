@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,7 +36,7 @@ class DeskApp {
   }
   // Re-syncs every shown window in full.
   void refresh_windows();
-  // The full walks of windows so far; a wiring test counts them.
+  // The walks of windows (in full or of some parts) so far; a wiring test counts them.
   long walks() const { return walks_; }
 
   const std::vector<std::unique_ptr<DeskWindow>>& windows() const { return windows_; }
@@ -50,8 +49,10 @@ class DeskApp {
   std::unique_ptr<Console> console_;
   std::vector<std::unique_ptr<DeskWindow>> windows_;
   MainDeskWindow* main_window_ = nullptr;
-  // Per window: the dry-pass fingerprint of its last walk; none while not shown.
-  std::vector<std::optional<std::uint64_t>> synced_;
+  // Per window: the dry-pass fingerprints of its parts at its last walk; none
+  // while not shown.
+  std::vector<std::vector<std::uint64_t>> synced_;
+  std::vector<std::uint64_t> fingerprints_;  // of the window being refreshed
   long walks_ = 0;
 
   void refresh(bool timer_tick);

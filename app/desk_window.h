@@ -20,6 +20,11 @@ class DeskWindow {
   // The file name of its screenshot, e.g. "Hoofdblad".
   virtual std::string name() const = 0;
   virtual void sync() = 0;
+  // A window whose shown values change often splits sync() into parts that can
+  // be walked alone, sync() walking them all; after a timer's tick only the parts
+  // whose values changed are walked.
+  virtual int sync_parts() const { return 1; }
+  virtual void sync_part(int /*part*/) { sync(); }
   // Opens the window the way the operator would before its screenshot is taken.
   virtual void prepare_screenshot() { model().Show(); }
   // Further states worth a screenshot: a name suffix and the operator action that

@@ -3,6 +3,8 @@
 #include <QSlider>
 #include <functional>
 
+#include "app/widgets/sync.h"
+
 namespace lumaris {
 
 // A vertical level fader. The models keep slider values the way the desk does
@@ -19,7 +21,9 @@ class LevelSlider : public QSlider {
 
   // The value as the model keeps it.
   int model_value() const { return 255 - value(); }
+  // Shows the model's value; a dry pass (sync.h) only takes its fingerprint.
   void set_model_value(int model_value) {
+    if (sync::dry(this, model_value)) return;
     if (this->model_value() == model_value) return;
     const QSignalBlocker block(this);
     setValue(255 - model_value);

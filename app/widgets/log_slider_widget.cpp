@@ -67,7 +67,7 @@ void LogSliderWidget::mouseMoveEvent(QMouseEvent* event) {
 namespace lumaris {
 
 void LogSliderWidget::sync() {
-  sync::repaint(this, {model_.Value(), model_.MinValue(), model_.MaxValue(), model_.ScaleFactor(),
+  sync::repaint(this, painted_, {model_.Value(), model_.MinValue(), model_.MaxValue(), model_.ScaleFactor(),
                        model_.logAxis() ? 1.0 : 0.0, model_.thumb_top(), model_.thumb_height(),
                        model_.axis_top(), model_.axis_height()});
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QWidget>
+#include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "controls/log_slider.h"
 
@@ -19,7 +21,7 @@ class LogSliderWidget : public QWidget {
   explicit LogSliderWidget(VRLogSlider& model, QWidget* parent = nullptr);
   void on_position(std::function<void(double)> handler) { on_position_ = std::move(handler); }
   QSize sizeHint() const override { return {64, 220}; }
-  // Repaints when what it draws of the model may have changed.
+  // Repaints when what it draws of the model changed since its last sync.
   void sync();
 
  protected:
@@ -33,6 +35,7 @@ class LogSliderWidget : public QWidget {
 
   VRLogSlider& model_;
   std::function<void(double)> on_position_;
+  std::optional<std::uint64_t> painted_;  // the drawn model values of the last sync
 };
 
 }  // namespace lumaris

@@ -2,15 +2,21 @@
 
 #include <QAbstractButton>
 #include <QAbstractSlider>
+#include <QAction>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPalette>
+#include <QProgressBar>
 #include <QSignalBlocker>
 #include <QString>
 #include <QWidget>
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/colour.h"
 
@@ -160,14 +166,75 @@ inline void background(QWidget* widget, Paint paint, const char* kind = "QWidget
   if (widget->styleSheet() != sheet) widget->setStyleSheet(sheet);
 }
 
-// Schedules a repaint of a widget that paints straight from its model; `shown`
-// are the model values its painting depends on.
-inline void repaint(QWidget* widget, std::initializer_list<double> shown) {
-  if (Fingerprint* f = dry_fingerprint()) {
-    for (double value : shown) f->add(widget, value);
+// Fills a widget that paints its own background (a ColourBox) through its
+// palette; nothing means the style's own colour. For colours that change while
+// a show runs: a style sheet is parsed again and the widget re-polished on every
+// change, a palette is not.
+inline void fill(QWidget* widget, Paint paint) {
+  if (dry(widget, paint ? (paint->r << 16 | paint->g << 8 | paint->b) : -1.0)) return;
+  const QPalette& shown = widget->palette();
+  const bool filled = widget->testAttribute(Qt::WA_SetPalette);
+  if (!paint) {
+    if (filled) widget->setPalette(QPalette());
     return;
   }
+  const QColor wanted(paint->r, paint->g, paint->b);
+  if (filled && shown.color(QPalette::Window) == wanted) return;
+  const int luma = (299 * paint->r + 587 * paint->g + 114 * paint->b) / 1000;
+  QPalette palette = shown;
+  palette.setColor(QPalette::Window, wanted);
+  palette.setColor(QPalette::WindowText, luma < 110 ? Qt::white : Qt::black);
+  widget->setPalette(palette);
+}
+
+// Schedules a repaint of a widget that paints straight from its model when the
+// model values its painting depends on (`shown`) differ from those of its last
+// repaint, which `last` keeps for the widget.
+inline void repaint(QWidget* widget, std::optional<std::uint64_t>& last, std::initializer_list<double> shown) {
+  Fingerprint values;
+  for (double value : shown) values.add(widget, value);
+  if (dry(widget, static_cast<double>(values.value()))) return;
+  if (last == values.value()) return;
+  last = values.value();
   widget->update();
+}
+
+// A progress bar repaints at once on a new value; here the repaint waits for the
+// window's next paint, so it joins whatever else the event changed.
+inline void value(QProgressBar* bar, int wanted) {
+  if (dry(bar, wanted)) return;
+  if (bar->value() == wanted) return;
+  bar->setUpdatesEnabled(false);
+  bar->setValue(wanted);
+  bar->setUpdatesEnabled(true);  // schedules the repaint
+}
+
+inline void items(QComboBox* box, const std::vector<std::string>& entries) {
+  if (Fingerprint* f = dry_fingerprint()) {
+    for (const std::string& entry : entries) f->add(box, entry);
+    return;
+  }
+  const QSignalBlocker block(box);
+  for (int i = 0; i < static_cast<int>(entries.size()); ++i) {
+    const QString wanted = q(entries[static_cast<std::size_t>(i)]);
+    if (i >= box->count()) {
+      box->addItem(wanted);
+    } else if (box->itemText(i) != wanted) {
+      box->setItemText(i, wanted);
+    }
+  }
+}
+
+inline void current(QComboBox* box, int index) {
+  if (dry(box, index)) return;
+  if (box->currentIndex() == index) return;
+  const QSignalBlocker block(box);
+  box->setCurrentIndex(index);
+}
+
+inline void enabled(QAction* action, bool wanted) {
+  if (dry(action, wanted ? 1.0 : 0.0)) return;
+  if (action->isEnabled() != wanted) action->setEnabled(wanted);
 }
 
 }  // namespace lumaris::sync

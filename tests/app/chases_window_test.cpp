@@ -5,11 +5,13 @@
 #include <stdexcept>
 #include <QPushButton>
 #include <QLineEdit>
+#include <QProgressBar>
 
 #include "app/chases_window.h"
 #include "app/desk_app.h"
 #include "app/main_desk_window.h"
 #include "app/moving_panel_widget.h"
+#include "app/widgets/colour_box.h"
 #include "app/widgets/log_slider_widget.h"
 #include "sequence/chase_runtime.h"
 
@@ -113,6 +115,60 @@ TEST(ChasesWindow, ShowMovingWidensTheDeskAndThePadAimsTheMovingLight) {
   QCoreApplication::processEvents();
   EXPECT_FALSE(window.moving_panel()->isVisible());
   EXPECT_EQ(window.width(), narrow);
+}
+
+}  // namespace lumaris
+
+namespace lumaris {
+
+TEST(ChasesWindow, ARunningChasesTicksRewriteEveryPartTheyChangedAndLeaveTheRest) {
+  DeskApp app;
+  app.start();
+  app.show_main_window();
+  Chases& desk = app.console().sequence_desk();
+  ChasesWindow& window = chases_window(app);
+  // Two steps of 5 s; chase channel 1 fades 0 -> 255 over the first second of each.
+  app.handle([&] {
+    ChaseRec& c = app.console().store().Chase_Table[0];
+    c.Steps = 2;
+    for (int step = 1; step <= 2; ++step) {
+      c.Speed[step] = 5;
+      c.Time[step] = 1;
+      c.Fade[step][1] = kChaseFade;
+    }
+    c.Data[1][1] = 0;
+    c.Data[2][1] = 255;
+    desk.Show();
+  });
+  window.Chase_Go_Button()->click();
+  ASSERT_TRUE(desk.runtime().Chase_Running());
+  // A field no tick changes: a tick that walked it would put the model back.
+  window.Chase_Name()->setText(QStringLiteral("not from the model"));
+  int source = 0;
+  auto tick = [&](void (ChaseRuntime::*timer)()) {
+    app.scheduler().run_event([&] { (desk.runtime().*timer)(); }, &source);
+  };
+
+  tick(&ChaseRuntime::Advance_Step);  // into step 2: 0 -> 255
+  for (int i = 0; i < 4; ++i) tick(&ChaseRuntime::Fade_Tick);
+  const ChaseRuntime& run = desk.runtime();
+  EXPECT_EQ(window.Step_Display()->text(), QStringLiteral("2"));
+  ASSERT_GT(run.Fade_Bar().Value(), 0);
+  EXPECT_EQ(window.Fade_Bar()->value(), run.Fade_Bar().Value());
+  EXPECT_EQ(window.Step_Bar()->value(), run.Step_Bar().Value());
+  const Rgb fading = desk.channels()[1].Picture1;
+  ASSERT_NE(fading, kWhite);
+  EXPECT_EQ(window.Picture1(1)->palette().color(QPalette::Window), QColor(fading.r, fading.g, fading.b));
+  EXPECT_EQ(window.Chase_Name()->text(), QStringLiteral("not from the model"));
+
+  tick(&ChaseRuntime::Advance_Step);  // back to step 1
+  EXPECT_EQ(window.Step_Display()->text(), QStringLiteral("1"));
+  EXPECT_EQ(window.Fade_Bar()->value(), 0);
+  EXPECT_EQ(window.Step_Bar()->value(), 0);
+
+  window.Chase_Go_Button()->click();  // the operator's event walks everything
+  EXPECT_EQ(window.Chase_Go_Button()->text(), QStringLiteral("Go"));
+  EXPECT_NE(window.Chase_Name()->text(), QStringLiteral("not from the model"));
 }
 
 }  // namespace lumaris
