@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -18,6 +17,7 @@
 #include "app/moving_panel_widget.h"
 #include "app/widgets/colour_box.h"
 #include "app/widgets/log_slider_widget.h"
+#include "app/widgets/prog_bar_widget.h"
 #include "app/widgets/sync.h"
 #include "sequence/chase_runtime.h"
 
@@ -40,15 +40,6 @@ QLineEdit* display(QWidget* parent, const QString& tooltip) {
   edit->setToolTip(tooltip);
   edit->setFocusPolicy(Qt::NoFocus);
   return edit;
-}
-
-QProgressBar* bar(const QString& tooltip, QWidget* parent) {
-  auto* b = new QProgressBar(parent);
-  b->setRange(0, 100);
-  b->setTextVisible(false);
-  b->setMaximumHeight(12);
-  b->setToolTip(tooltip);
-  return b;
 }
 
 }  // namespace
@@ -154,8 +145,16 @@ QWidget* ChasesWindow::build_times() {
   go_->setMinimumHeight(40);
   live_mode_ = new QCheckBox(QStringLiteral("Live Mode"), panel);
   live_mode_->setToolTip(QStringLiteral("Show Output Live"));
-  fade_bar_ = bar(QStringLiteral("Fade in Position"), panel);
-  step_bar_ = bar(QStringLiteral("Step Position"), panel);
+  // Flat bars drawn straight from the runtime's bars: they move on every level
+  // tick, and a styled progress bar costs several times as much to paint.
+  auto bar = [&](const ProgBar& model, const QString& tooltip) {
+    auto* b = new ProgBarWidget(model, panel);
+    b->setFixedHeight(12);
+    b->setToolTip(tooltip);
+    return b;
+  };
+  fade_bar_ = bar(desk().runtime().Fade_Bar(), QStringLiteral("Fade in Position"));
+  step_bar_ = bar(desk().runtime().Step_Bar(), QStringLiteral("Step Position"));
   grid->addWidget(go_, 3, 0, 1, 3);
   grid->addWidget(live_mode_, 4, 0, 1, 3);
   grid->addWidget(fade_bar_, 5, 0, 1, 3);
@@ -276,8 +275,8 @@ void ChasesWindow::sync_running() {
   sync::background(go_, run.Chase_Go_Button_colour(), "QPushButton");
   sync::checked(live_mode_, run.Live_Mode_Sel());
   sync::enabled(live_mode_, run.Live_Mode_Sel_enabled());
-  sync::value(fade_bar_, run.Fade_Bar().Value());
-  sync::value(step_bar_, run.Step_Bar().Value());
+  fade_bar_->sync();
+  step_bar_->sync();
 }
 
 void ChasesWindow::sync_steps() {

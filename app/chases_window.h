@@ -16,7 +16,6 @@ class QAction;
 class QCheckBox;
 class QComboBox;
 class QLineEdit;
-class QProgressBar;
 class QPushButton;
 class QScrollBar;
 class QLabel;
@@ -26,6 +25,7 @@ namespace lumaris {
 class DeskApp;
 class ColourBox;
 class LogSliderWidget;
+class ProgBarWidget;
 class MovingPanelWidget;
 
 // The sequence desk: chase selection, 24 chase channels, step times, loops, the
@@ -52,8 +52,8 @@ class ChasesWindow final : public ToolWindow, public DeskWindow {
   LogSliderWidget* LogSlider3() const { return log_slider3_; }
   QLineEdit* Chase_Name() const { return chase_name_; }
   ColourBox* Picture1(int i) const { return channels_[i].indicator; }
-  QProgressBar* Fade_Bar() const { return fade_bar_; }
-  QProgressBar* Step_Bar() const { return step_bar_; }
+  ProgBarWidget* Fade_Bar() const { return fade_bar_; }
+  ProgBarWidget* Step_Bar() const { return step_bar_; }
   QAction* menu_action(const std::string& name) const;
   QPushButton* Show_Moving() const { return show_moving_; }
   MovingPanelWidget* moving_panel() const { return moving_panel_; }
@@ -110,8 +110,8 @@ class ChasesWindow final : public ToolWindow, public DeskWindow {
   LevelSlider* slider2_ = nullptr;
   QPushButton* go_ = nullptr;
   QCheckBox* live_mode_ = nullptr;
-  QProgressBar* fade_bar_ = nullptr;
-  QProgressBar* step_bar_ = nullptr;
+  ProgBarWidget* fade_bar_ = nullptr;
+  ProgBarWidget* step_bar_ = nullptr;
   QPushButton* show_moving_ = nullptr;
   MovingPanelWidget* moving_panel_ = nullptr;
   QSize narrow_size_;

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
-#include <QProgressBar>
 #include <QSignalBlocker>
 #include <QString>
 #include <QWidget>
@@ -197,16 +196,6 @@ inline void repaint(QWidget* widget, std::optional<std::uint64_t>& last, std::in
   if (last == values.value()) return;
   last = values.value();
   widget->update();
-}
-
-// A progress bar repaints at once on a new value; here the repaint waits for the
-// window's next paint, so it joins whatever else the event changed.
-inline void value(QProgressBar* bar, int wanted) {
-  if (dry(bar, wanted)) return;
-  if (bar->value() == wanted) return;
-  bar->setUpdatesEnabled(false);
-  bar->setValue(wanted);
-  bar->setUpdatesEnabled(true);  // schedules the repaint
 }
 
 inline void items(QComboBox* box, const std::vector<std::string>& entries) {
