@@ -168,7 +168,7 @@ TEST(ChasesWindow, ARunningChasesTicksRewriteEveryPartTheyChangedAndLeaveTheRest
   const Rgb fading = desk.channels()[1].Picture1;
   ASSERT_NE(fading, kWhite);
   EXPECT_EQ(window.Picture1(1)->palette().color(QPalette::Window), QColor(fading.r, fading.g, fading.b));
-  EXPECT_EQ(window.Chase_Name()->text(), QStringLiteral("not from the model"));
+  EXPECT_EQ(window.Chase_Name()->text().toStdString(), "not from the model");
   ASSERT_GT(run.Fade_Bar().Value(), 0);
   EXPECT_TRUE(repainted(window.Fade_Bar(), fade_painted));
   EXPECT_TRUE(repainted(window.Step_Bar(), step_painted));
@@ -180,7 +180,7 @@ TEST(ChasesWindow, ARunningChasesTicksRewriteEveryPartTheyChangedAndLeaveTheRest
 
   window.Chase_Go_Button()->click();  // the operator's event walks everything
   EXPECT_EQ(window.Chase_Go_Button()->text(), QStringLiteral("Go"));
-  EXPECT_NE(window.Chase_Name()->text(), QStringLiteral("not from the model"));
+  EXPECT_NE(window.Chase_Name()->text().toStdString(), "not from the model");
 }
 
 }  // namespace lumaris
