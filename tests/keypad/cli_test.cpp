@@ -191,8 +191,9 @@ TEST_F(CommandLine, QueriesShowTheLevelInPercent) {
   EXPECT_TRUE(cli().Combo1().empty()) << "queries do not enter the history";
 }
 
-TEST_F(CommandLine, CAndANumberSelectAndRecallAScreen) {
+TEST_F(CommandLine, CAndANumberRecallAScreenOrInRunModeTakeToIt) {
   store().Screens[12].Preset[0] = 200;
+  store().Screens[3].Preset[0] = 90;
   store().Screen_Count = 13;
   type("c12\n");
   EXPECT_EQ(t.console->playback_desk().screens().Screen_Num_sel(), 12);
@@ -200,14 +201,9 @@ TEST_F(CommandLine, CAndANumberSelectAndRecallAScreen) {
   EXPECT_EQ(main_status(), "Cue 12 Selected");
   EXPECT_EQ(playback_status(), "Cue 12 Selected");
   EXPECT_EQ(cli().String_In(), "");
-
   type("c0\nc200\n");
   EXPECT_EQ(main_status(), "Cue 12 Selected") << "screen numbers outside the desk are ignored";
-}
 
-TEST_F(CommandLine, InRunModeCAndANumberTakeToTheScreen) {
-  store().Screen_Count = 5;
-  store().Screens[3].Preset[0] = 90;
   Playdesk& desk = t.console->playback_desk();
   desk.Show();
   desk.run_mode().Run_Switch_Click();
@@ -228,6 +224,7 @@ TEST_F(CommandLine, SequenceFadersStartTheirChase) {
   EXPECT_TRUE(chases.running(4));
   type("3/.0\n");
   EXPECT_FALSE(chases.running(4)) << "level 0 stops it";
+  EXPECT_EQ(chases.Seq_Level(4), 0);
 }
 
 TEST_F(CommandLine, TheSurfaceFollowsOnlyInItsMode) {
