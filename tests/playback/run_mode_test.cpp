@@ -50,7 +50,6 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
   store().Screens[1].Time = 7;
   store().Screens[2].Preset[0] = 200;
   enter();
-  EXPECT_EQ(store().Desk_Level[0], 120) << "screen 1 becomes the desk";
   EXPECT_EQ(run().Run_Switch_caption(), "STOP");
   EXPECT_EQ(run().Run_Switch_colour(), kRed);
   EXPECT_EQ(run().Run_A_Num() + " " + run().Run_A(), "1 Look 1");
@@ -84,7 +83,6 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
   leave();
   EXPECT_FALSE(store().Run_Mode);
   EXPECT_FALSE(store().Autotake_Running);
-  EXPECT_FALSE(run().Timer2().enabled());
   const int level = store().Crossfade_Level;
   clock().advance(5000);
   EXPECT_EQ(store().Crossfade_Level, level) << "the take timer stopped";
@@ -125,8 +123,8 @@ TEST_F(RunModeTest, AutotakeTimingFollowsTheFadeTimeAndTheOutputTick) {
   }
 }
 
-TEST_F(RunModeTest, ATakeShowsItsProgressAndEndsWithTheNextScreenWaiting) {
-  screen(2, "Slow", 30).Preset[0] = 255;
+TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrStartedOver) {
+  screen(2, "Ten", 10).Preset[0] = 255;
   enter();
   run().Autotake(2);
   EXPECT_EQ(main_status(), " Autotake Running 1 To 2");
@@ -134,26 +132,7 @@ TEST_F(RunModeTest, ATakeShowsItsProgressAndEndsWithTheNextScreenWaiting) {
   EXPECT_EQ(run().Run_Autotake_colour(), kYellow);
   EXPECT_EQ(run().side_a_colour(), kYellow);
   EXPECT_EQ(run().Run_A(), "Look 1") << "the outgoing screen on the side the crossfader leaves";
-  EXPECT_EQ(run().Run_B(), "Slow");
-
-  clock().advance(118 * 100);  // 100 ticks: X = 100
-  EXPECT_EQ(store().Crossfade_Level, 100);
-  EXPECT_EQ(run().Run_Crossfade(), 155) << "Next on A: the crossfader shows 255 - X";
-  clock().advance(20);
-  EXPECT_EQ(wire(1), 100) << "255 * 100 / 255 on the wire";
-
-  run_until_complete();
-  EXPECT_EQ(d.status(), " Autotake Complete ");
-  EXPECT_EQ(store().Desk_Level[0], 255);
-  EXPECT_EQ(run().side_a_colour(), kGreen);
-  EXPECT_EQ(run().side_b_colour(), kRed);
-  EXPECT_EQ(run().Run_A(), "Look 3") << "the next screen waits on side A";
-}
-
-TEST_F(RunModeTest, APausedTakeHoldsCarriesOnByHandAndResumesOrNearTheEndsStartsOver) {
-  screen(2, "Ten", 10).Preset[0] = 255;
-  enter();
-  run().Autotake(2);
+  EXPECT_EQ(run().Run_B(), "Ten");
   ASSERT_EQ(run().Timer2().interval(), 39);  // u = 39.2 ms
   clock().advance(39 * 102);                 // 40 %
   ASSERT_EQ(store().Crossfade_Level, 102);
@@ -167,9 +146,8 @@ TEST_F(RunModeTest, APausedTakeHoldsCarriesOnByHandAndResumesOrNearTheEndsStarts
   EXPECT_EQ(run().Run_Autotake_caption(), "Auto Take");
   clock().advance(10000);
   EXPECT_EQ(store().Crossfade_Level, 102) << "a paused take holds its level";
-  clock().advance(20);
-  EXPECT_EQ(wire(1), 102);
-  ASSERT_EQ(run().Run_Crossfade(), 153);
+  EXPECT_EQ(wire(1), 102) << "255 * 102 / 255 on the wire";
+  EXPECT_EQ(run().Run_Crossfade(), 153) << "Next on A: the crossfader shows 255 - X";
   run().Run_Crossfade_Change(100);
   EXPECT_EQ(store().Crossfade_Level, 155) << "the crossfader carries the paused take on";
 
@@ -177,6 +155,11 @@ TEST_F(RunModeTest, APausedTakeHoldsCarriesOnByHandAndResumesOrNearTheEndsStarts
   EXPECT_EQ(d.status(), " Autotake Running ");
   EXPECT_EQ(store().Run_Screen, 2) << "resumed, not a new take";
   EXPECT_EQ(run_until_complete(), 97 * 39) << "the rest of the way at the take's own pace";
+  EXPECT_EQ(d.status(), " Autotake Complete ");
+  EXPECT_EQ(store().Desk_Level[0], 255);
+  EXPECT_EQ(run().side_a_colour(), kGreen);
+  EXPECT_EQ(run().side_b_colour(), kRed);
+  EXPECT_EQ(run().Run_A(), "Look 3") << "the next screen waits on side A";
 
   run().Autotake(150);
   EXPECT_EQ(store().Run_Screen, 2) << "a target past the show retakes the live screen";
@@ -222,9 +205,18 @@ TEST_F(RunModeTest, AutoScreensChainAfterTheirDelayOrAtOnce) {
   EXPECT_EQ(wire(5), 77);
 }
 
-TEST_F(RunModeTest, HandTakeMovedBackAndForthCompletesOnlyPast240) {
-  store().Screens[1].Preset[0] = 40;
-  store().Screens[2].Preset[0] = 240;
+// Channel 1 is at 150 in both looks, channel 2 goes up, channel 3 goes down and
+// channel 4 goes from 40 to 240.
+TEST_F(RunModeTest, AHandTakeFollowsTheCrossfaderBothWaysAndCompletesOnlyPast240) {
+  Screen& one = store().Screens[1];
+  Screen& two = store().Screens[2];
+  one.Preset[0] = two.Preset[0] = 150;
+  one.Preset[1] = 10;
+  two.Preset[1] = 250;
+  one.Preset[2] = 230;
+  two.Preset[2] = 0;
+  one.Preset[3] = 40;
+  two.Preset[3] = 240;
   enter();
   run().Run_Crossfade_Change(230);
   EXPECT_FALSE(store().Take_Manual) << "not yet past 220";
@@ -236,19 +228,32 @@ TEST_F(RunModeTest, HandTakeMovedBackAndForthCompletesOnlyPast240) {
   EXPECT_EQ(run().Run_B(), "Look 2") << "moving towards B";
   for (int v : {120, 180, 60, 250, 20}) {
     run().Run_Crossfade_Change(v);
-    EXPECT_TRUE(store().Take_Manual) << "at " << v;
-    EXPECT_EQ(store().Crossfade_Level, 255 - v);
+    EXPECT_EQ(store().Crossfade_Level, 255 - v) << "at " << v;
   }
-  run().Run_Crossfade_Change(128);
-  clock().advance(20);
-  EXPECT_EQ(wire(1), 140);  // 40*128/255 + 240*127/255 = 20.1 + 119.5
-  run().Run_Crossfade_Change(15);  // X = 240: not yet
-  EXPECT_TRUE(store().Take_Manual);
+  // Every position up to X = 240: the steady channel never leaves 150 by more
+  // than 1 and the others move one way.
+  int last_up = 0;
+  int last_down = 255;
+  for (int v = 255; v >= 15; --v) {
+    run().Run_Crossfade_Change(v);
+    clock().advance(20);
+    const int x = store().Crossfade_Level;
+    ASSERT_TRUE(store().Take_Manual) << "X = " << x;
+    EXPECT_NEAR(wire(1), 150, 1) << "X = " << x;
+    EXPECT_GE(wire(2), last_up) << "X = " << x;
+    EXPECT_LE(wire(3), last_down) << "X = " << x;
+    if (v == 128) { EXPECT_EQ(wire(4), 140); }  // 40*128/255 + 240*127/255 = 20.1 + 119.5
+    last_up = wire(2);
+    last_down = wire(3);
+  }
   run().Run_Crossfade_Change(14);
   EXPECT_FALSE(store().Take_Manual);
   EXPECT_EQ(store().Crossfade_Level, 255);
-  EXPECT_EQ(store().Desk_Level[0], 240);
+  EXPECT_EQ(store().Desk_Level[3], 240);
   EXPECT_EQ(run().Run_Crossfade(), 0) << "the crossfader rests at B";
+  clock().advance(20);
+  EXPECT_EQ(wire(2), 250);
+  EXPECT_EQ(wire(3), 0);
 
   run().Run_Crossfade_Change(5);
   EXPECT_FALSE(store().Take_Manual) << "moving on towards the end starts nothing";
@@ -256,33 +261,6 @@ TEST_F(RunModeTest, HandTakeMovedBackAndForthCompletesOnlyPast240) {
   EXPECT_TRUE(store().Take_Manual) << "up past 35 takes";
   EXPECT_EQ(store().Run_Screen, 3);
   EXPECT_EQ(run().Next_Screen(), 4) << "a take started upward chooses the next screen at once";
-}
-
-// Channel 1 is at 150 in both looks, channel 2 goes up, channel 3 goes down:
-// the steady channel never leaves 150 by more than 1 and the others move one way.
-TEST_F(RunModeTest, ACrossfadeByHandOverEveryPositionMovesEachChannelOneWay) {
-  Screen& one = store().Screens[1];
-  Screen& two = store().Screens[2];
-  one.Preset[0] = two.Preset[0] = 150;
-  one.Preset[1] = 10;
-  two.Preset[1] = 250;
-  one.Preset[2] = 230;
-  two.Preset[2] = 0;
-  enter();
-  run().Run_Crossfade_Change(200);  // the take starts, then sweeps every X from 0
-  int last_up = 0;
-  int last_down = 255;
-  for (int v = 255; v >= 0; --v) {
-    run().Run_Crossfade_Change(v);
-    clock().advance(20);
-    EXPECT_NEAR(wire(1), 150, 1) << "X = " << store().Crossfade_Level;
-    EXPECT_GE(wire(2), last_up) << "X = " << store().Crossfade_Level;
-    EXPECT_LE(wire(3), last_down) << "X = " << store().Crossfade_Level;
-    last_up = wire(2);
-    last_down = wire(3);
-  }
-  EXPECT_EQ(wire(2), 250);
-  EXPECT_EQ(wire(3), 0);
 }
 
 // The incoming screen's buttons reach the run output at once and the live desk

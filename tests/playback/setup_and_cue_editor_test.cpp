@@ -31,10 +31,10 @@ TEST(ButtonSetup, OkStoresWhatTheFunctionUsesAndMarksTheProject) {
   EXPECT_EQ(p.panel().buttons()[6].Command1, "Front");
 }
 
-TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefused) {
+TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefusedAndPlusAndMinusKeepTheNumberInRange) {
   PlaybackDesk p;
   ButtonSetup& w = p.desk->button_setup();
-  w.Open(0);
+  w.Open(0);  // Submix 1
   w.Channel_Change(1, "65");
   ASSERT_EQ(p.t.dialogs.messages().size(), 1u);
   EXPECT_EQ(p.t.dialogs.messages()[0].text, " Values must be between 0 and 64");
@@ -43,12 +43,7 @@ TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefused) {
   EXPECT_EQ(p.t.dialogs.messages().size(), 2u);
   w.Channel_Change(1, "64");
   EXPECT_EQ(p.t.dialogs.messages().size(), 2u);
-}
 
-TEST(ButtonSetup, PlusAndMinusKeepTheValueInRange) {
-  PlaybackDesk p;
-  ButtonSetup& w = p.desk->button_setup();
-  w.Open(0);  // Submix 1
   EXPECT_EQ(w.Number(), "1");
   w.Minus_Click();
   EXPECT_EQ(w.Number(), "1");
