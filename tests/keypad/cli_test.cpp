@@ -201,7 +201,7 @@ TEST_F(CommandLine, CAndANumberRecallAScreenOrInRunModeTakeToIt) {
   EXPECT_EQ(main_status(), "Cue 3 Selected");
 }
 
-TEST_F(CommandLine, SequenceFadersStartTheirChase) {
+TEST_F(CommandLine, SequenceFadersStartTheirChaseAndTheSurfaceFollowsOnlyInItsMode) {
   store().Fader_Functions[2].Function = kFunctionSequence;
   store().Fader_Functions[2].Value = 4;
   type("3/.50\n");
@@ -211,9 +211,7 @@ TEST_F(CommandLine, SequenceFadersStartTheirChase) {
   type("3/.0\n");
   EXPECT_FALSE(chases.running(4)) << "level 0 stops it";
   EXPECT_EQ(chases.Seq_Level(4), 0);
-}
 
-TEST_F(CommandLine, TheSurfaceFollowsOnlyInItsMode) {
   type("5.50\n4/.30\n");
   EXPECT_TRUE(surface.faders.empty()) << "no surface connected";
   store().BCF_Mode = 1;

@@ -15,7 +15,6 @@ class Terminal : public ::testing::Test, public KeypadDesk {
 
 TEST_F(Terminal, APipedLineSetsLevelsAndReportsEachLineThatEnds) {
   terminal.feed("5.50\n");
-  EXPECT_EQ(channel(5), 128);
   terminal.feed("1*8+12.000");
   EXPECT_EQ(channel(12), 255);
   EXPECT_EQ(out.str(),

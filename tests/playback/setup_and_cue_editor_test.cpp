@@ -4,7 +4,7 @@
 
 namespace lumaris {
 
-TEST(ButtonSetup, OkStoresWhatTheFunctionUsesAndMarksTheProject) {
+TEST(ButtonSetup, OkOrMovingOnStoresWhatTheFunctionUsesAndMarksTheProject) {
   PlaybackDesk p;
   p.store().Project_Changed = false;
   ButtonSetup& w = p.desk->button_setup();
@@ -29,6 +29,26 @@ TEST(ButtonSetup, OkStoresWhatTheFunctionUsesAndMarksTheProject) {
   EXPECT_TRUE(p.store().Project_Changed);
   EXPECT_FALSE(w.visible());
   EXPECT_EQ(p.panel().buttons()[6].Command1, "Front");
+
+  w.Open(1);  // a Colour stores its fixed colour only when ticked
+  w.Fun_set_Click(kFunctionColour);
+  w.Colour_Channel_Change(0, "5");
+  w.Colour_Channel_Change(1, "6");
+  p.t.dialogs.answer_colour(Rgb{10, 20, 30});
+  w.Colour_box_Click();
+  EXPECT_EQ(w.Component_Label(2), "30");
+  w.Preset_Col_Click(true);
+  w.Pannel_Inc_Click();
+  EXPECT_EQ(w.element(), 2);
+  const ButtonFunction& c = p.button(1);
+  EXPECT_EQ(c.Channel1, 5);
+  EXPECT_EQ(c.Channel2, 6);
+  EXPECT_TRUE(c.Preset);
+  EXPECT_EQ(c.Data3, 30);
+  EXPECT_EQ(c.Colour, colour_to_text(Rgb{10, 20, 30}));
+  p.press(1);  // a flash button: lit while held
+  EXPECT_EQ(p.live(5), 10);
+  EXPECT_EQ(p.live(6), 20);
 }
 
 TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefusedAndPlusAndMinusKeepTheNumberInRange) {
@@ -52,30 +72,6 @@ TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefusedAndPlusAndMinusKeepTheNumberIn
   w.Fun_set_Click(kFunctionCue);
   for (int i = 0; i < 200; ++i) w.Plus_Click();
   EXPECT_EQ(w.Number(), "198");
-}
-
-TEST(ButtonSetup, AColourButtonStoresItsFixedColourOnlyWhenTicked) {
-  PlaybackDesk p;
-  ButtonSetup& w = p.desk->button_setup();
-  w.Open(1);
-  w.Fun_set_Click(kFunctionColour);
-  w.Colour_Channel_Change(0, "5");
-  w.Colour_Channel_Change(1, "6");
-  p.t.dialogs.answer_colour(Rgb{10, 20, 30});
-  w.Colour_box_Click();
-  EXPECT_EQ(w.Component_Label(2), "30");
-  w.Preset_Col_Click(true);
-  w.Pannel_Inc_Click();  // stores and moves on
-  EXPECT_EQ(w.element(), 2);
-  const ButtonFunction& b = p.button(1);
-  EXPECT_EQ(b.Channel1, 5);
-  EXPECT_EQ(b.Channel2, 6);
-  EXPECT_TRUE(b.Preset);
-  EXPECT_EQ(b.Data3, 30);
-  EXPECT_EQ(b.Colour, colour_to_text(Rgb{10, 20, 30}));
-  p.press(1);  // a flash button: lit while held
-  EXPECT_EQ(p.live(5), 10);
-  EXPECT_EQ(p.live(6), 20);
 }
 
 TEST(FaderSetup, ASequenceFaderKeepsItsLevelOrStepTimeChoice) {
