@@ -106,8 +106,9 @@ TEST_F(CommandLine, TokensAreEditedKeyByKey) {
   type("1234");
   EXPECT_EQ(cli().Tokens()[0], "123");
   EXPECT_EQ(cli().String_In(), "123 ");
-  type("..7000");
-  EXPECT_EQ(cli().Tokens()[0], "700") << "below token 2 the zeros are only digits";
+  type("..000");
+  EXPECT_EQ(cli().Tokens()[0], "000") << "below token 2 the zeros are only digits";
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampTyping);
 
   type("..");
   EXPECT_EQ(cli().Token_Index(), 0) << "the decimal key twice clears the line";

@@ -75,7 +75,8 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
   run().Run_Switch_Click();
   ASSERT_FALSE(d.t.dialogs.messages().empty());
   const MessageBoxSpec& box = d.t.dialogs.messages().back();
-  EXPECT_EQ(box.text, "Do You wish to Exit Run Mode ");
+  EXPECT_EQ(box.title + "|" + box.text, " Run Mode|Do You wish to Exit Run Mode ");
+  EXPECT_EQ(box.icon, MessageIcon::Question);
   EXPECT_EQ(box.default_button, MessageResult::Cancel);
   EXPECT_TRUE(store().Run_Mode) << "Cancel stays in run mode";
   ASSERT_TRUE(store().Autotake_Running);
@@ -83,6 +84,7 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
   leave();
   EXPECT_FALSE(store().Run_Mode);
   EXPECT_FALSE(store().Autotake_Running);
+  EXPECT_FALSE(run().Timer2().enabled());
   const int level = store().Crossfade_Level;
   clock().advance(5000);
   EXPECT_EQ(store().Crossfade_Level, level) << "the take timer stopped";
@@ -136,6 +138,7 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   ASSERT_EQ(run().Timer2().interval(), 39);  // u = 39.2 ms
   clock().advance(39 * 102);                 // 40 %
   ASSERT_EQ(store().Crossfade_Level, 102);
+  EXPECT_EQ(wire(1), 101) << "255 * 101 / 255: X at the last output tick";
 
   run().Run_Autotake_Click();
   EXPECT_EQ(d.status(), " Autotake Stopped ");
@@ -154,6 +157,7 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   run().Run_Autotake_Click();
   EXPECT_EQ(d.status(), " Autotake Running ");
   EXPECT_EQ(store().Run_Screen, 2) << "resumed, not a new take";
+  EXPECT_EQ(run().Fade_Ticks(), 97);
   EXPECT_EQ(run_until_complete(), 97 * 39) << "the rest of the way at the take's own pace";
   EXPECT_EQ(d.status(), " Autotake Complete ");
   EXPECT_EQ(store().Desk_Level[0], 255);
