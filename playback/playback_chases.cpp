@@ -73,6 +73,7 @@ void PlaybackChases::enter_step(int q, bool starting) {
   const ChaseRec& chase = context_.store().Chase_Table[q];
   Run& run = runs_[q];
   run.fade_ticks = 0;
+  run.anchor_ms = context_.scheduler().now_ms();
   const double time = chase.Time[run.step];
   for (int k = 0; k < kChaseChannels; ++k) {
     const double data = chase.Data[run.step][k];
@@ -170,6 +171,7 @@ void PlaybackChases::Timer3_Tick() {
     }
     merge(q, levels);
     if (fading) ++run.fade_ticks;
+    run.anchor_ms = last_mix_ms_;
     run.final_unseen = fading && !in_fade(q);
     // A held fade end keeps what the frame is still owed, unless a later fade end replaces it.
     if (!run.hold || run.final_unseen) run.shown = levels;
@@ -178,7 +180,7 @@ void PlaybackChases::Timer3_Tick() {
 
 void PlaybackChases::sample_output(double now_ms) {
   context_.store().Playback_Seq_Out.fill(0);
-  const double progress = std::clamp((now_ms - last_mix_ms_) / kMixInterval, 0.0, 1.0);
+  const double next_mix_ms = last_mix_ms_ + kMixInterval;
   std::array<std::int16_t, kChaseChannels> levels{};
   for (int q = 0; q < kStepTimers; ++q) {
     Run& run = runs_[q];
@@ -189,6 +191,9 @@ void PlaybackChases::sample_output(double now_ms) {
       continue;
     }
     if (!lit(q)) continue;
+    // A step that began between two ticks fades from its start to the next tick.
+    const double span = next_mix_ms - run.anchor_ms;
+    const double progress = span > 0 ? std::clamp((now_ms - run.anchor_ms) / span, 0.0, 1.0) : 1.0;
     const double share = in_fade(q) ? progress : 0.0;
     for (int k = 0; k < kChaseChannels; ++k) {
       levels[k] = static_cast<std::int16_t>(contribution(q, run.level[k] + run.increment[k] * share));

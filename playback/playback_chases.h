@@ -72,6 +72,7 @@ class PlaybackChases {
     std::array<double, kChaseChannels> increment{};
     // Smooth output: what the last mixing tick lit, kept while a held fade end waits for a frame.
     std::array<std::int16_t, kChaseChannels> shown{};
+    double anchor_ms = 0;  // when the levels last moved: a mixing tick or the step's start
     bool final_unseen = false;  // the last mixing tick wrote a fade's last level, no frame took it yet
     bool hold = false;
   };

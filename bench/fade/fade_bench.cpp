@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <set>
 #include <vector>
@@ -128,7 +129,7 @@ std::function<void()> prepare(Fade fade, Console& console, Store& store) {
   return {};
 }
 
-FadeFigures run_once(Fade fade, bool smooth, int refresh_ms, int art_phase, int fade_phase) {
+std::vector<int> run_levels(Fade fade, bool smooth, int refresh_ms, int art_phase, int fade_phase) {
   FakeUdp udp;
   TestConsole t;
   t.services.art_socket = &udp;
@@ -142,9 +143,14 @@ FadeFigures run_once(Fade fade, bool smooth, int refresh_ms, int art_phase, int 
   console.art_config().Button1_Click(0);
   t.scheduler.advance(fade_phase);
   udp.clear_sent();
+  t.scheduler.advance(200);  // dark frames before the fade
   start();
   t.scheduler.advance(7500);
-  return measure(slot1_levels(udp));
+  return slot1_levels(udp);
+}
+
+FadeFigures run_once(Fade fade, bool smooth, int refresh_ms, int art_phase, int fade_phase) {
+  return measure(run_levels(fade, smooth, refresh_ms, art_phase, fade_phase));
 }
 
 struct Row {
@@ -178,8 +184,17 @@ void report(Fade fade, bool smooth, int refresh_ms) {
 }  // namespace
 }  // namespace lumaris
 
-int main() {
+// With arguments FADE(0-2) SMOOTH(0/1) REFRESH ART_PHASE FADE_PHASE: the levels of one run.
+int main(int argc, char** argv) {
   using lumaris::Fade;
+  if (argc == 6) {
+    for (const int level : lumaris::run_levels(static_cast<Fade>(std::atoi(argv[1])), std::atoi(argv[2]) != 0,
+                                               std::atoi(argv[3]), std::atoi(argv[4]), std::atoi(argv[5]))) {
+      std::printf("%d ", level);
+    }
+    std::printf("\n");
+    return 0;
+  }
   std::printf("5 s 0 -> 255 fades, Art-Net slot 1, 120 timer phases each\n\n");
   std::printf("| fade | smooth | refresh | fades | distinct levels | largest jump | repeated frames "
               "| 255 never sent |\n");

@@ -57,6 +57,16 @@ TEST(SmoothPlaybackChase, FramesFollowTheFadeBetweenMixingTicksAndMeetThemAtEach
   EXPECT_EQ(on.mixed(10), 200);
 }
 
+TEST(SmoothPlaybackChase, AStepBeginningBetweenMixingTicksFadesFromItsStartToTheNextTick) {
+  SmoothPlayback on(true);
+  on.advance(50);
+  on.click(4);  // the mix ticks at 100: 40
+  on.advance(20);
+  EXPECT_EQ(on.mixed(10), 16) << "at 70: 20 of the 50 ms to the tick";
+  on.advance(30);
+  EXPECT_EQ(on.mixed(10), 40);
+}
+
 TEST(SmoothPlaybackChase, AFadesLastLevelIsHeldForAFrameWhenTheStepMovesOnFirst) {
   SmoothPlayback on(true);
   // The fade fills the step: its last level (200) is mixed at 500, the step
