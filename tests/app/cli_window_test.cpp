@@ -8,31 +8,20 @@
 #include <QTest>
 
 #include "app/cli_window.h"
-#include "app/desk_app.h"
 #include "app/main_desk_window.h"
 #include "app/widgets/colour_box.h"
+#include "tests/app/app_windows.h"
 
 namespace lumaris {
 namespace {
 
-class CliWindowTest : public ::testing::Test {
+class CliWindowTest : public DeskAppTest {
  protected:
-  CliWindowTest() {
-    app.start();
-    app.show_main_window();
-  }
-  Store& store() { return app.console().store(); }
-  CliWindow& window() {
-    for (const auto& w : app.windows()) {
-      if (auto* cli = dynamic_cast<CliWindow*>(w.get())) return *cli;
-    }
-    throw std::logic_error("no command line window");
-  }
+  CliWindow& window() { return window_named<CliWindow>(app, "CLI"); }
   void keys(QWidget* target, std::initializer_list<Qt::Key> sequence,
             Qt::KeyboardModifiers modifiers = Qt::KeypadModifier) {
     for (const Qt::Key key : sequence) QTest::keyClick(target, key, modifiers);
   }
-  DeskApp app;
 };
 
 TEST_F(CliWindowTest, TheMenuOpensTheWindowAndItsKeysReachTheLine) {

@@ -5,21 +5,15 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "app/desk_app.h"
 #include "app/main_desk_window.h"
+#include "tests/app/app_windows.h"
 
 namespace lumaris {
 namespace {
 
-class MainDeskWindowTest : public ::testing::Test {
+class MainDeskWindowTest : public DeskAppTest {
  protected:
-  MainDeskWindowTest() {
-    app.start();
-    app.show_main_window();
-  }
-  Store& store() { return app.console().store(); }
   MainDeskWindow& window() { return app.main_window(); }
-  DeskApp app;
 };
 
 TEST_F(MainDeskWindowTest, FaderButtonsAndKeysOnScreenReachTheModel) {
@@ -39,20 +33,6 @@ TEST_F(MainDeskWindowTest, FaderButtonsAndKeysOnScreenReachTheModel) {
   QTest::keyClick(window().Slider1(0), Qt::Key_5, Qt::KeypadModifier);
   QTest::keyClick(window().Slider1(0), Qt::Key_Enter, Qt::KeypadModifier);
   EXPECT_EQ(keys, (std::vector<int>{101, 13}));
-}
-
-TEST_F(MainDeskWindowTest, ModelChangesReachTheWidgetsAndAbsentWindowsAreDisabled) {
-  app.handle([&] {
-    store().Desk_Level[7] = 90;
-    store().Fader_Names[7].Desc = "Cyc";
-    store().Fader_Names[7].Name = "Cyc";
-    app.console().main_desk().Refresh_Desk_Panel();
-  });
-  EXPECT_EQ(window().Slider1(7)->value(), 90);
-  EXPECT_EQ(window().Text3(7)->text(), QStringLiteral("Cyc"));
-  EXPECT_EQ(window().Text3(7)->toolTip(), QStringLiteral(" Ch 8 Cyc"));
-  EXPECT_TRUE(window().menu_action("BCF2000_setup")->isEnabled());
-  EXPECT_TRUE(window().menu_action("editpatch")->isEnabled());
 }
 
 TEST_F(MainDeskWindowTest, DoubleClickAndRightPressOpenTheChannelOfTheShownPage) {

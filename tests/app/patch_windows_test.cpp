@@ -7,24 +7,16 @@
 #include <QMouseEvent>
 #include <QPushButton>
 
-#include "app/desk_app.h"
 #include "app/main_desk_window.h"
 #include "app/output_monitor_window.h"
 #include "app/patch_editor_window.h"
 #include "app/widgets/prog_bar_widget.h"
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
+#include "tests/app/app_windows.h"
 
 namespace lumaris {
 namespace {
-
-template <typename W>
-W& window_named(DeskApp& app, const std::string& name) {
-  for (const auto& window : app.windows()) {
-    if (window->name() == name) return dynamic_cast<W&>(*window);
-  }
-  throw std::runtime_error("no window " + name);
-}
 
 void type(QWidget* widget, const QString& text) {
   widget->setFocus();
