@@ -59,6 +59,7 @@ TEST_F(ArtWindows, TheMainDeskShowsADestinationForThisRunOnlyWhileItIsInForce) {
   app.handle([&] { art_net().set_run_destination("127.0.0.1"); });
   EXPECT_TRUE(label->isVisible());
   EXPECT_EQ(label->text(), QStringLiteral("to 127.0.0.1 (this run)"));
+  EXPECT_TRUE(label->toolTip().contains(QStringLiteral("--artnet-target")));
   app.handle([&] { art_net().set_run_destination(""); });
   EXPECT_FALSE(label->isVisible());
 }

@@ -180,15 +180,12 @@ TEST_F(ProjectFileTest, SkippedBlocksAreCountedAndNamedInOneMessageAndTheRestLoa
   EXPECT_EQ(store.Submix[2].Name, "Good");
   EXPECT_EQ(store.Fader_Names[7].Desc, "Spot");
   EXPECT_EQ(store.Button_Functions[4].Level, 99);
-  EXPECT_EQ(store.Patch[1], 2);  // the damaged patch changed no slot
   EXPECT_EQ(store.Chase_Table[1].Name, "");
   EXPECT_EQ(store.Screens[1].Next, 9);
   EXPECT_EQ(store.Screen_Count, 1);
 }
 
-// From the menu or the command line, over another show: a screen holds exactly
-// what the file records, never levels the earlier show left in it.
-TEST_F(ProjectFileTest, AShowLoadsFromTheMenuOrTheCommandLineOverWhatWasThereAndRedrawsTheDesk) {
+TEST_F(ProjectFileTest, LoadFromTheMainDeskMenuRedrawsTheDesk) {
   t.store().Project_Changed = true;
   t.dialogs.answer_file(test_data("full_show.xml"));
   t.console->main_desk().Menu_Click("LoadXML");
@@ -196,13 +193,18 @@ TEST_F(ProjectFileTest, AShowLoadsFromTheMenuOrTheCommandLineOverWhatWasThereAnd
   EXPECT_EQ(t.store().Project_File, test_data("full_show.xml"));
   EXPECT_TRUE(t.store().Project_Changed);  // a load leaves the mark alone
   EXPECT_EQ(t.console->main_desk().strips()[4].Text3, "FWL");
+}
 
+// Loading over another show: a screen holds exactly what the file records,
+// never levels the earlier show left in it.
+TEST_F(ProjectFileTest, TheShowOnTheCommandLineLoadsWithoutADialogOverWhatWasThere) {
   Screen& opening = t.store().Screens[1];
   opening.Preset[40] = 200;
   opening.But_Sel[7] = true;
   opening.Fad_Sel[3] = 90;
   EXPECT_TRUE(file().Load_File(test_data("full_show.xml")));
-  EXPECT_EQ(t.dialogs.file_dialogs().size(), 1u) << "the command line asks nothing";
+  EXPECT_TRUE(t.dialogs.file_dialogs().empty());
+  EXPECT_EQ(t.console->main_desk().strips()[4].Text3, "FWL");
   EXPECT_EQ(opening.Preset[40], 0);
   EXPECT_FALSE(opening.But_Sel[7]);
   EXPECT_EQ(opening.Fad_Sel[3], 0);

@@ -67,6 +67,8 @@ TEST_F(ReaderTest, PatchFileChangesItsSlotsAndTurnsEveryButtonAndFaderOff) {
   EXPECT_EQ(fresh.Patch[2], 3);
   EXPECT_EQ(fresh.Patch[100], 7);
   EXPECT_EQ(fresh.Patch[3], 4);  // not named: kept
+  read_project(fresh, rooted("\t<Patch>3:9,600:2</Patch>\r"));
+  EXPECT_EQ(fresh.Patch[3], 4) << "a damaged patch changes no slot";
 }
 
 TEST_F(ReaderTest, SubmixWithoutLevelsIsEmptiedButNamedAndLevelsStopAtTheFirstEmptyPair) {
