@@ -16,14 +16,13 @@ class MainDeskWindowTest : public DeskAppTest {
   MainDeskWindow& window() { return app.main_window(); }
 };
 
-TEST_F(MainDeskWindowTest, FaderButtonsAndKeysOnScreenReachTheModel) {
+TEST_F(MainDeskWindowTest, FadersButtonsKeysAndClicksOnScreenReachTheModelForTheShownPage) {
   window().Slider1(4)->setValue(200);  // on screen the fader holds the level
   EXPECT_EQ(store().Desk_Level[4], 200);
   EXPECT_EQ(window().Text1(4)->text(), QStringLiteral("200"));
   QTest::mouseClick(window().Command1(2), Qt::LeftButton);
   EXPECT_EQ(store().Desk_Level[2], 255);
   QTest::mouseClick(window().Inc_Channel(), Qt::LeftButton);
-  EXPECT_EQ(store().Fader_Page, 1);
   EXPECT_FALSE(window().Inc_Channel()->isEnabled());
   EXPECT_EQ(window().Status()->text(), QStringLiteral(" Faders  1 Selected"));
   EXPECT_EQ(window().Text3(0)->text(), QStringLiteral("33"));
@@ -33,10 +32,8 @@ TEST_F(MainDeskWindowTest, FaderButtonsAndKeysOnScreenReachTheModel) {
   QTest::keyClick(window().Slider1(0), Qt::Key_5, Qt::KeypadModifier);
   QTest::keyClick(window().Slider1(0), Qt::Key_Enter, Qt::KeypadModifier);
   EXPECT_EQ(keys, (std::vector<int>{101, 13}));
-}
 
-TEST_F(MainDeskWindowTest, DoubleClickAndRightPressOpenTheChannelOfTheShownPage) {
-  QTest::mouseClick(window().Inc_Channel(), Qt::LeftButton);
+  // A double click or a right press opens the channel of the strip on the page shown.
   QTest::mouseDClick(window().Text1(3), Qt::LeftButton);
   EXPECT_EQ(store().Edit_Channel, 35) << "page 1 strip 3 is channel 36";
   QTest::mousePress(window().Slider1(5), Qt::RightButton);
