@@ -98,7 +98,7 @@ TEST_F(RunControlsWindow, LeavingAsksInABoxAndClearsTheSides) {
   EXPECT_TRUE(w.Run_A()->text().isEmpty());
 }
 
-TEST_F(RunControlsWindow, InstantPanelOpensFromThePlaydeskAndTakesOrEdits) {
+TEST_F(RunControlsWindow, InstantPanelOpensFromThePlaydeskFollowsRunModeAndTakesOrEdits) {
   playdesk().Instant_screens()->click();
   InstantScreenWindow& w = instant();
   ASSERT_TRUE(w.isVisible());
@@ -109,8 +109,13 @@ TEST_F(RunControlsWindow, InstantPanelOpensFromThePlaydeskAndTakesOrEdits) {
   EXPECT_TRUE(w.Screen_sel(1)->isVisibleTo(&w));
   EXPECT_FALSE(w.Screen_sel(2)->isVisibleTo(&w));
 
-  playdesk().Run_Switch()->click();
-  w.Screen_sel(1)->click();
+  store().Screens[3].Instant = true;
+  store().Screens[3].Name = "Warm";
+  EXPECT_EQ(w.Screen_sel(1)->text(), QStringLiteral("Dark")) << "not rebuilt yet";
+  playdesk().Run_Switch()->click();  // entering run mode rebuilds the panel while it is shown
+  EXPECT_EQ(w.Screen_sel(1)->text(), QStringLiteral("Warm"));
+  EXPECT_EQ(w.Screen_sel(2)->toolTip(), QStringLiteral("3, Screen 4 Dark"));
+  w.Screen_sel(2)->click();
   EXPECT_TRUE(store().Autotake_Running);
   EXPECT_EQ(store().Run_Screen, 4);
 
@@ -121,17 +126,6 @@ TEST_F(RunControlsWindow, InstantPanelOpensFromThePlaydeskAndTakesOrEdits) {
   w.Exit()->click();
   EXPECT_FALSE(w.isVisible());
   EXPECT_FALSE(app.console().playback_desk().instant_cues().visible());
-}
-
-TEST_F(RunControlsWindow, InstantPanelFollowsRunModeWhileShown) {
-  playdesk().Instant_screens()->click();
-  InstantScreenWindow& w = instant();
-  store().Screens[3].Instant = true;
-  store().Screens[3].Name = "Warm";
-  EXPECT_EQ(w.Screen_sel(1)->text(), QStringLiteral("Dark")) << "not rebuilt yet";
-  playdesk().Run_Switch()->click();
-  EXPECT_EQ(w.Screen_sel(1)->text(), QStringLiteral("Warm"));
-  EXPECT_EQ(w.Screen_sel(2)->toolTip(), QStringLiteral("3, Screen 4 Dark"));
 }
 
 }  // namespace
