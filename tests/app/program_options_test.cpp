@@ -4,6 +4,7 @@
 
 #include "console/output_cycle.h"
 #include "core/output_timing.h"
+#include "output/portsetup.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/test_console.h"
 
@@ -48,7 +49,8 @@ TEST(ProgramOptions, ARefreshThatIsNoWholeNumberOf10To750MsOrMissingIsRefusedWit
 }
 
 // The program applies both to the console it runs as main.cpp does; neither
-// reaches the computer's settings, so the next run starts as before.
+// reaches the computer's settings, not even when Port Setup is saved for
+// another reason, so the next run starts as before.
 TEST(ProgramOptions, SmoothAndRefreshHoldForTheRunAndLeaveTheSettingsAlone) {
   MemorySettings settings;
   settings.write(OutputTiming::kSmoothSetting, "0");
@@ -61,6 +63,13 @@ TEST(ProgramOptions, SmoothAndRefreshHoldForTheRunAndLeaveTheSettingsAlone) {
   t.console->output_cycle().Timer1().set_interval(*line.refresh_ms);
   EXPECT_TRUE(timing.smooth());
   EXPECT_FALSE(timing.smooth_setting());
+  EXPECT_EQ(t.console->output_cycle().Timer1().interval(), 23);
+
+  Portsetup& setup = t.console->port_setup();
+  setup.Form_Load();
+  EXPECT_TRUE(setup.Smooth_Check_Value()) << "the box shows this run's pacing";
+  setup.Command1_Click();  // "Save and Exit" with the box left alone
+  EXPECT_TRUE(timing.smooth());
   EXPECT_EQ(t.console->output_cycle().Timer1().interval(), 23);
   EXPECT_EQ(settings.read(OutputTiming::kSmoothSetting), "0");
 
