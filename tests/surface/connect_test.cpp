@@ -17,15 +17,7 @@ class ConnectTest : public ::testing::Test {
   SurfaceDesk t;
 };
 
-TEST_F(ConnectTest, TheSetupWindowIsOnTheMainDeskMenuAndOpensTheHiddenControlWindow) {
-  t.main_desk().Menu_Click("BCF2000_setup");
-  EXPECT_TRUE(t.setup().visible());
-  EXPECT_FALSE(t.surface().visible());
-  t.setup().Command2_Click();
-  EXPECT_TRUE(t.surface().visible());
-}
-
-TEST_F(ConnectTest, OnlyAClientNamedExactlyBcf2000IsTheSurface) {
+TEST(Bcf2000Port, OnlyAClientNamedExactlyBcf2000IsTheSurface) {
   EXPECT_TRUE(is_bcf2000_port("BCF2000"));
   EXPECT_TRUE(is_bcf2000_port("BCF2000:BCF2000 Port 2 20:1"));
   for (const char* other : {"BCF2000 Clone:BCF2000 20:0", "Midi Through:BCF2000 14:0", "BCR2000:BCR2000 Port 1 24:0"}) {
