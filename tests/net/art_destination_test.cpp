@@ -15,7 +15,7 @@ std::string host_of_next_packet(ArtNetDesk& t) {
 }
 }  // namespace
 
-TEST(ArtDestination, CommandLineDestinationHoldsForThisRunOnlyAndTheMainDeskSaysSo) {
+TEST(ArtDestination, CommandLineDestinationHoldsForThisRunOnlyUntilSetKeepsOneForEveryPacket) {
   ArtNetDesk t;
   t.build();
   ASSERT_EQ(t.node().set_run_destination("127.0.0.1"), D_ArtNet::DestinationCheck::Accepted);
@@ -38,13 +38,27 @@ TEST(ArtDestination, CommandLineDestinationHoldsForThisRunOnlyAndTheMainDeskSays
   EXPECT_EQ(next.node().destination_in_force(), "");
   EXPECT_EQ(next.main_desk().Art_Destination(), "");
 
-  // The operator's Set keeps a destination and ends the one of the command line.
-  t.config().Destination_Change("127.0.0.3");
+  // The operator's Set keeps a destination and ends the one of the command line;
+  // poll replies go there as well, never broadcast.
+  t.config().Destination_Change(" 127.0.0.3 ");
   t.config().Destination_Set_Click();
   EXPECT_EQ(t.settings.read(D_ArtNet::kDestinationSetting), "127.0.0.3");
   EXPECT_EQ(host_of_next_packet(t), "127.0.0.3");
   EXPECT_EQ(t.main_desk().Art_Destination(), "to 127.0.0.3");
   EXPECT_EQ(t.config().Destination_Status(), " Sending to 127.0.0.3 port 6454");
+  t.arrive(art_packet(0x2000, 14));
+  ASSERT_EQ(t.udp.sent().size(), 2u);
+  for (const auto& packet : t.udp.sent()) {
+    EXPECT_EQ(packet.host, "127.0.0.3");
+    EXPECT_FALSE(packet.broadcast_allowed);
+  }
+
+  t.config().Destination_Change("");  // back to automatic
+  t.config().Destination_Set_Click();
+  EXPECT_FALSE(t.settings.read(D_ArtNet::kDestinationSetting).has_value());
+  EXPECT_EQ(t.config().Destination_Status(), " Sending to 255.255.255.255 port 6454 (automatic)");
+  EXPECT_EQ(host_of_next_packet(t), "255.255.255.255");
+  EXPECT_TRUE(t.udp.sent()[0].broadcast_allowed);
 }
 
 TEST(ArtDestination, AnEmptyCommandLineDestinationBroadcastsThisRunAndKeepsTheSavedOne) {
@@ -61,7 +75,7 @@ TEST(ArtDestination, AnEmptyCommandLineDestinationBroadcastsThisRunAndKeepsTheSa
   EXPECT_EQ(t.settings.read(D_ArtNet::kDestinationSetting), "127.0.0.1");
 }
 
-TEST(ArtDestination, BroadcastAddressesAreRefusedWithAMessageAndChangeNothing) {
+TEST(ArtDestination, NoAddressesAndBroadcastAddressesAreRefusedWithAMessageAndChangeNothing) {
   ArtNetDesk t;
   t.udp.set_broadcasts({"192.168.1.255", "172.16.3.127"});
   t.settings.write(D_ArtNet::kDestinationSetting, "127.0.0.1");
@@ -69,34 +83,46 @@ TEST(ArtDestination, BroadcastAddressesAreRefusedWithAMessageAndChangeNothing) {
   t.store().Art_Universes[0] = {true, 0};
   t.config().Start_From_Show();
   t.open_setup();
-  for (const char* broadcast :
-       {"255.255.255.255", "10.255.255.255", "2.255.255.255", "192.168.1.255", "172.16.3.127"}) {
-    SCOPED_TRACE(broadcast);
+  using Check = D_ArtNet::DestinationCheck;
+  const std::pair<const char*, Check> refused[] = {
+      {"10.0.0", Check::NotAnAddress},          {"localhost", Check::NotAnAddress},
+      {"1.2.3.256", Check::NotAnAddress},       {"0.0.0.0", Check::NotAnAddress},
+      {"255.255.255.255", Check::Broadcast},    {"10.255.255.255", Check::Broadcast},
+      {"2.255.255.255", Check::Broadcast},      {"192.168.1.255", Check::Broadcast},
+      {"172.16.3.127", Check::Broadcast}};
+  for (const auto& [text, check] : refused) {
+    SCOPED_TRACE(text);
     t.desk.dialogs.clear();
-    t.config().Destination_Change(broadcast);
+    t.config().Destination_Change(text);
     t.config().Destination_Set_Click();
     ASSERT_EQ(t.desk.dialogs.messages().size(), 1u);
     const MessageBoxSpec& box = t.desk.dialogs.messages()[0];
     EXPECT_EQ(box.title, " Art-Net Destination");
-    EXPECT_EQ(box.text.rfind(std::string("\"") + broadcast + "\" is a broadcast address, not one node", 0),
-              0u)
+    const std::string quoted = std::string("\"") + text + "\"";
+    EXPECT_NE(box.text.find(check == Check::Broadcast ? quoted + " is a broadcast address, not one node"
+                                                      : "Not an IPv4 address: " + quoted),
+              std::string::npos)
         << box.text;
     EXPECT_EQ(t.settings.read(D_ArtNet::kDestinationSetting), "127.0.0.1");
     EXPECT_EQ(t.config().Destination(), "127.0.0.1");
     EXPECT_EQ(host_of_next_packet(t), "127.0.0.1");
-    EXPECT_EQ(t.node().set_run_destination(broadcast), D_ArtNet::DestinationCheck::Broadcast);
+    EXPECT_EQ(t.node().set_run_destination(text), check);
     EXPECT_EQ(t.main_desk().Art_Destination(), "to 127.0.0.1");
   }
   // An ordinary host of the same network is one node.
-  EXPECT_EQ(t.node().check_destination("192.168.1.254"), D_ArtNet::DestinationCheck::Accepted);
-  EXPECT_EQ(t.node().check_destination("10.255.255.254"), D_ArtNet::DestinationCheck::Accepted);
+  EXPECT_EQ(t.node().check_destination("192.168.1.254"), Check::Accepted);
+  EXPECT_EQ(t.node().check_destination("10.255.255.254"), Check::Accepted);
 
-  // A broadcast address kept from an older version is ignored, and the log says why.
-  ArtNetDesk old;
-  old.settings.write(D_ArtNet::kDestinationSetting, "192.168.1.255");
-  old.build();
-  EXPECT_EQ(old.node().destination(), "");
-  EXPECT_NE(old.log.str().find("broadcast address: 192.168.1.255"), std::string::npos);
+  // A kept setting that is no address, or a broadcast address from an older
+  // version, is ignored from the start, and the log says why.
+  for (const auto& [kept, logged] : {std::pair("stage-node", "not an address: stage-node"),
+                                     std::pair("192.168.1.255", "broadcast address: 192.168.1.255")}) {
+    ArtNetDesk old;
+    old.settings.write(D_ArtNet::kDestinationSetting, kept);
+    old.build();
+    EXPECT_EQ(old.node().destination(), "") << kept;
+    EXPECT_NE(old.log.str().find(logged), std::string::npos) << old.log.str();
+  }
 }
 
 }  // namespace lumaris

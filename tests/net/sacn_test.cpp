@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 #include <vector>
 
 #include "console/output_cycle.h"
@@ -121,16 +122,15 @@ TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameAndEndsWithThreeTerminations) {
   window().Enable_Click(2);
   tick();
   ASSERT_EQ(socket.sent().size(), 1u);
-  EXPECT_EQ(socket.sent()[0].host, "239.255.1.7");
-  EXPECT_EQ(socket.sent()[0].port, sacn::kPort);
-  EXPECT_EQ(universe_of(socket.sent()[0]), 263);
-  EXPECT_EQ(socket.sent()[0].bytes[sacn::dmp::kSlotData], 200);  // channel 1 of the frame
+  const auto& sent = socket.sent()[0];
+  EXPECT_EQ(std::tie(sent.host, sent.port), std::tuple("239.255.1.7", sacn::kPort));
+  EXPECT_EQ(std::tuple(universe_of(sent), sent.bytes[sacn::dmp::kSlotData]), std::tuple(263, 200));
   EXPECT_EQ(settings.read("sacn/row3/universe"), "263");
 
   socket.clear_sent();
   window().Enable_Click(2);  // Disable
   ASSERT_EQ(socket.sent().size(), 3u);
-  for (const auto& sent : socket.sent()) EXPECT_TRUE(terminated(sent));
+  for (const auto& end : socket.sent()) EXPECT_TRUE(terminated(end));
   tick();
   EXPECT_EQ(socket.sent().size(), 3u) << "a disabled row sends nothing more";
 
@@ -152,17 +152,14 @@ TEST_F(SacnDesk, SequenceNumbersCountPerUniverseAndWrap) {
     if (universe_of(sent) == 1) sequence_of_1.push_back(sent.bytes[sacn::framing::kSequence]);
   }
   ASSERT_EQ(sequence_of_1.size(), 257u);
-  EXPECT_EQ(sequence_of_1[1], 1);
-  EXPECT_EQ(sequence_of_1[255], 255);
-  EXPECT_EQ(sequence_of_1[256], 0);
+  EXPECT_EQ(std::tuple(sequence_of_1[1], sequence_of_1[255], sequence_of_1[256]), std::tuple(1, 255, 0));
 }
 
 TEST_F(SacnDesk, RunTargetRedirectsRowsOrSendsUniverseOneAndIsNeverSaved) {
   build("127.0.0.1");
   tick();
   ASSERT_EQ(socket.sent().size(), 1u);
-  EXPECT_EQ(socket.sent()[0].host, "127.0.0.1");
-  EXPECT_EQ(universe_of(socket.sent()[0]), 1);
+  EXPECT_EQ(std::tuple(socket.sent()[0].host, universe_of(socket.sent()[0])), std::tuple("127.0.0.1", 1));
 
   socket.clear_sent();
   ASSERT_FALSE(output().set_row(0, 9, true));
@@ -170,15 +167,13 @@ TEST_F(SacnDesk, RunTargetRedirectsRowsOrSendsUniverseOneAndIsNeverSaved) {
   // Universe 1 ends (three terminations), universe 9 goes to the same target.
   ASSERT_EQ(socket.sent().size(), 4u);
   EXPECT_TRUE(terminated(socket.sent()[0]));
-  EXPECT_EQ(universe_of(socket.sent()[3]), 9);
-  EXPECT_EQ(socket.sent()[3].host, "127.0.0.1");
+  EXPECT_EQ(std::tuple(universe_of(socket.sent()[3]), socket.sent()[3].host), std::tuple(9, "127.0.0.1"));
   EXPECT_FALSE(settings.read(SacnOutput::kDestinationSetting).has_value());
 }
 
 TEST_F(SacnDesk, BadInputShowsAMessageAndChangesNothing) {
   build();
-  const auto before = settings.read(SacnOutput::kCidSetting);
-  ASSERT_TRUE(before.has_value()) << "the CID is made once and kept with the computer";
+  ASSERT_TRUE(settings.read(SacnOutput::kCidSetting)) << "the CID is made once and kept with the computer";
 
   for (const char* bad : {"0", "64000", "abc", ""}) {
     window().Universe_Change(0, bad);
@@ -207,8 +202,8 @@ TEST_F(SacnDesk, BadInputShowsAMessageAndChangesNothing) {
   window().Apply_Click();
   EXPECT_EQ(output().priority(), 150);
   tick();
-  EXPECT_EQ(socket.sent().back().host, "127.0.0.1");
-  EXPECT_EQ(socket.sent().back().bytes[sacn::framing::kPriority], 150);
+  EXPECT_EQ(std::tuple(socket.sent().back().host, socket.sent().back().bytes[sacn::framing::kPriority]),
+            std::tuple("127.0.0.1", 150));
   EXPECT_EQ(settings.read(SacnOutput::kSourceNameSetting), "FOH");
 }
 
@@ -229,8 +224,8 @@ TEST_F(SacnDesk, SettingsComeBackWithTheNextRunAndTheSameCid) {
   EXPECT_TRUE(next.console->sacn_output().row(4).enabled);
   next.console->output_cycle().Timer1_Tick();
   ASSERT_EQ(socket.sent().size(), 1u);
-  EXPECT_EQ(universe_of(socket.sent()[0]), 40);
-  EXPECT_EQ(socket.sent()[0].bytes[sacn::framing::kPriority], 7);
+  EXPECT_EQ(std::tuple(universe_of(socket.sent()[0]), socket.sent()[0].bytes[sacn::framing::kPriority]),
+            std::tuple(40, 7));
   EXPECT_TRUE(std::equal(cid.begin(), cid.end(), socket.sent()[0].bytes.begin() + sacn::root::kCid));
 }
 

@@ -57,10 +57,7 @@ TEST(ParallelFrame, ParlexSends65SlotsAndManolator255OnTheChosenPortWithTheirWai
     ASSERT_EQ(port.events.size(), 3u + static_cast<std::size_t>(c.slots) * 5u + 1u);
     EXPECT_EQ(port.events, expected_frame(c.port_address, c.slots));
     // Spot checks worked out by hand.
-    const int control = c.port_address + 2;
     EXPECT_EQ(port.events[8], std::make_pair(c.port_address, 8));  // slot 2: 1*7+1
-    EXPECT_EQ(port.events[9], std::make_pair(control, 0));
-    EXPECT_EQ(port.events[10], std::make_pair(kWait, 20));
     const int last = 3 + (c.slots - 1) * 5;
     EXPECT_EQ(port.events[last].second, c.slots == 65 ? 193 : 243);  // 449-256, 1779-6*256
   }
