@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "playback/playback_panel.h"
 #include "playback/playdesk.h"
 
@@ -27,13 +29,8 @@ TEST_F(SubmixTest, ProgramStoresCompactedEntriesNameAndColourAndReprogramClearsT
   desk().Sub_colour_Click();
   desk().Submix_Prog_Click();
   const SubmixRec& sub = store().Submix[0];
-  EXPECT_EQ(sub.Chan[0], 3);
-  EXPECT_EQ(sub.Level[0], 40);
-  EXPECT_EQ(sub.Chan[1], 10);
-  EXPECT_EQ(sub.Level[1], 255);
-  EXPECT_EQ(sub.Chan[2], 0);
-  EXPECT_EQ(sub.Name, "Warm");
-  EXPECT_EQ(sub.Colour, "255");
+  EXPECT_EQ(std::tuple(sub.Chan[0], sub.Level[0], sub.Chan[1], sub.Level[1], sub.Chan[2]), std::tuple(3, 40, 10, 255, 0));
+  EXPECT_EQ(std::tuple(sub.Name, sub.Colour), std::tuple("Warm", "255"));
   EXPECT_EQ(desk().Status(), " Submix  0 Programmed");
   EXPECT_TRUE(store().Project_Changed);
   EXPECT_EQ(t.dialogs.colour_titles().front(), " Choose a Colour");
@@ -61,15 +58,14 @@ TEST_F(SubmixTest, RecallRestoresAllSixtyFourLevelsAndThePlaybackDeskShowsTheNew
   desk().Inc_Channel_Click();
   desk().Submix_Recal_Click();
   for (int i = 0; i < 64; ++i) EXPECT_EQ(store().Desk_Level[i], 255 - i) << i;
-  EXPECT_EQ(desk().strips()[8].Slider1, 40) << "page 1 fader 8 is channel 41";
-  EXPECT_EQ(desk().strips()[8].Text1, "215");
+  EXPECT_EQ(std::tuple(desk().strips()[8].Slider1, desk().strips()[8].Text1), std::tuple(40, "215"))
+      << "page 1 fader 8 is channel 41";
   EXPECT_EQ(desk().Status(), " Submix 0 Recalled");
 }
 
 TEST_F(SubmixTest, SelectionWrapsAtBothEndsAndShowsNameAndColour) {
   desk().Submix_Minus_Click();
-  EXPECT_EQ(desk().Text9(), "32");
-  EXPECT_EQ(desk().current_submix(), 31);
+  EXPECT_EQ(std::tuple(desk().Text9(), desk().current_submix()), std::tuple("32", 31));
   store().Submix[1].Name = "Blue wash";
   store().Submix[1].Colour = "16711680";  // 0xFF0000 in BBGGRR: blue
   desk().Submix_Plus_Click();

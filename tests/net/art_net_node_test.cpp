@@ -23,7 +23,7 @@ bool logged(const ArtNetDesk& t, const std::string& line) {
 
 }  // namespace
 
-TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMilliseconds) {
+TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMillisecondsWhileTheIndicatorBlinks) {
   ArtNetDesk t;
   t.build();
   t.main_desk().Command1_Click(0);  // channel 1 full: DMX 1
@@ -31,38 +31,27 @@ TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMilliseconds) {
   t.open_setup();
   t.config().Button1_Click(0);
   t.config().Button1_Click(3);
+  EXPECT_TRUE(t.main_desk().Art_Label_enabled());
 
   t.desk.scheduler.advance(100);
   ASSERT_EQ(t.udp.sent().size(), 2u);
-  const auto& first = t.udp.sent()[0];
-  const auto& second = t.udp.sent()[1];
+  const auto first = t.udp.sent()[0];
+  const auto second = t.udp.sent()[1];
   EXPECT_EQ(std::tuple(first.bytes.size(), universe_of(first), universe_of(second)), std::tuple(530u, 0, 3));
   EXPECT_EQ(data_of(first), data_of(second));
   EXPECT_EQ(std::tuple(data_of(first)[0], data_of(first)[4]), std::tuple(255, 77));
   EXPECT_EQ(std::tie(first.host, first.port), std::tuple("255.255.255.255", 6454));
-
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen});
   t.desk.scheduler.advance(99);
   EXPECT_EQ(t.udp.sent().size(), 2u);
   t.desk.scheduler.advance(1);
   EXPECT_EQ(t.udp.sent().size(), 4u);
-}
-
-TEST(ArtNetNode, IndicatorBlinksWhileRowsRunAndStopsWithTheLastRow) {
-  ArtNetDesk t;
-  t.build();
-  t.open_setup();
-  t.config().Button1_Click(2);
-  t.config().Button1_Click(5);
-  EXPECT_TRUE(t.main_desk().Art_Label_enabled());
-  t.desk.scheduler.advance(100);
-  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen});
-  t.desk.scheduler.advance(100);
   EXPECT_EQ(t.main_desk().Picture1(), Paint{kBlack});
 
-  t.config().Button1_Click(2);
-  EXPECT_TRUE(t.console().art_net().Art_Time().enabled());
-  t.config().Button1_Click(5);  // the last one
-  EXPECT_FALSE(t.console().art_net().Art_Time().enabled());
+  t.config().Button1_Click(0);
+  EXPECT_TRUE(t.node().Art_Time().enabled());
+  t.config().Button1_Click(3);  // the last one
+  EXPECT_FALSE(t.node().Art_Time().enabled());
   EXPECT_EQ(t.main_desk().Picture1(), Paint{});
   EXPECT_FALSE(t.main_desk().Art_Label_enabled());
   t.udp.clear_sent();
@@ -147,17 +136,19 @@ TEST(ArtNetNode, ReceivingNotesArtNetPacketsLogsUnknownOpcodesAndAnswersNoneOfTh
   EXPECT_TRUE(t.udp.sent().empty()) << "levels received are not used, nothing answered";
 }
 
-TEST(ArtNetNode, ALoadedShowWithNetworkRowsSendsOnTheirUniversesWithoutTheWindow) {
+// Nine rows keep the send timer running, as they always have; only the eight
+// rows that have buttons send.
+TEST(ArtNetNode, ALoadedShowSendsOnTheUniversesOfItsEightRowsWithButtonsWithoutTheWindow) {
   ArtNetDesk t;
   t.build();
   ASSERT_TRUE(t.load_show_with_rows({}));
   EXPECT_FALSE(t.udp.bound_port().has_value()) << "no rows: nothing starts";
 
-  ASSERT_TRUE(t.load_show_with_rows({1, 0x93}));
+  ASSERT_TRUE(t.load_show_with_rows({1, 0x93, 12, 13, 14, 15, 16, 17, 18}));
   EXPECT_FALSE(t.config().visible());
   t.desk.scheduler.advance(100);
-  ASSERT_EQ(t.udp.sent().size(), 2u);
-  EXPECT_EQ(universe_of(t.udp.sent()[0]), 1);
+  ASSERT_EQ(t.udp.sent().size(), 8u);
+  EXPECT_EQ(std::tuple(universe_of(t.udp.sent()[0]), universe_of(t.udp.sent()[7])), std::tuple(1, 17));
   const auto& second = t.udp.sent()[1].bytes;
   EXPECT_EQ((std::vector<std::uint8_t>{second[14], second[15]}),
             (std::vector<std::uint8_t>{0x93, 0x00}))  // Universe 147, low byte first
@@ -167,24 +158,13 @@ TEST(ArtNetNode, ALoadedShowWithNetworkRowsSendsOnTheirUniversesWithoutTheWindow
   EXPECT_EQ(std::tuple(t.config().Text2(), t.console().status().main()), std::tuple(" Art Net OK", " ART NET OK "));
   EXPECT_EQ(std::tuple(t.config().Button1(1), t.config().Text1(0), t.config().Text1(1)),
             std::tuple("Disable", "1", "147"));
-  EXPECT_EQ(t.config().Text1(2), "2") << "a disabled row shows the universe enabling gives it";
   t.config().Button1_Click(1);
   t.config().Button1_Click(1);
   EXPECT_EQ(t.config().Text1(1), "1") << "enabled again: on its own index";
-}
 
-// Nine rows keep the send timer running, as they always have; only the eight
-// rows that have buttons send.
-TEST(ArtNetNode, OnlyTheEightRowsWithButtonsSendAndTheNinthKeepsTheTimerRunning) {
-  ArtNetDesk t;
-  t.build();
-  ASSERT_TRUE(t.load_show_with_rows({10, 11, 12, 13, 14, 15, 16, 17, 18}));
-  t.desk.scheduler.advance(100);
-  ASSERT_EQ(t.udp.sent().size(), 8u);
-  EXPECT_EQ(universe_of(t.udp.sent()[7]), 17);
-
-  t.open_setup();
   for (int row = 0; row < 8; ++row) t.config().Button1_Click(row);  // all but the ninth off
+  t.open_setup();
+  EXPECT_EQ(t.config().Text1(2), "2") << "a disabled row shows the universe enabling gives it";
   EXPECT_TRUE(t.node().Art_Time().enabled());
   EXPECT_TRUE(t.main_desk().Art_Label_enabled());
   t.udp.clear_sent();

@@ -142,24 +142,13 @@ TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameAndEndsWithThreeTerminations) {
   EXPECT_TRUE(terminated(socket.sent()[2]));
 }
 
-TEST_F(SacnDesk, SequenceNumbersCountPerUniverseAndWrap) {
-  build();
-  ASSERT_FALSE(output().set_row(0, 1, true));
-  ASSERT_FALSE(output().set_row(1, 2, true));
-  for (int i = 0; i < 257; ++i) tick();
-  std::vector<int> sequence_of_1;
-  for (const auto& sent : socket.sent()) {
-    if (universe_of(sent) == 1) sequence_of_1.push_back(sent.bytes[sacn::framing::kSequence]);
-  }
-  ASSERT_EQ(sequence_of_1.size(), 257u);
-  EXPECT_EQ(std::tuple(sequence_of_1[1], sequence_of_1[255], sequence_of_1[256]), std::tuple(1, 255, 0));
-}
-
-TEST_F(SacnDesk, RunTargetRedirectsRowsOrSendsUniverseOneAndIsNeverSaved) {
+TEST_F(SacnDesk, RunTargetSendsUniverseOneOrRedirectsRowsIsNeverSavedAndSequencesCountPerUniverse) {
   build("127.0.0.1");
-  tick();
-  ASSERT_EQ(socket.sent().size(), 1u);
+  for (int i = 0; i < 257; ++i) tick();
+  ASSERT_EQ(socket.sent().size(), 257u);
   EXPECT_EQ(std::tuple(socket.sent()[0].host, universe_of(socket.sent()[0])), std::tuple("127.0.0.1", 1));
+  const auto sequence = [this](std::size_t i) { return socket.sent()[i].bytes[sacn::framing::kSequence]; };
+  EXPECT_EQ(std::tuple(sequence(1), sequence(255), sequence(256)), std::tuple(1, 255, 0)) << "and wraps";
 
   socket.clear_sent();
   ASSERT_FALSE(output().set_row(0, 9, true));
@@ -168,6 +157,7 @@ TEST_F(SacnDesk, RunTargetRedirectsRowsOrSendsUniverseOneAndIsNeverSaved) {
   ASSERT_EQ(socket.sent().size(), 4u);
   EXPECT_TRUE(terminated(socket.sent()[0]));
   EXPECT_EQ(std::tuple(universe_of(socket.sent()[3]), socket.sent()[3].host), std::tuple(9, "127.0.0.1"));
+  EXPECT_EQ(sequence(3), 0) << "each universe counts on its own";
   EXPECT_FALSE(settings.read(SacnOutput::kDestinationSetting).has_value());
 }
 
