@@ -57,7 +57,7 @@ std::array<std::uint8_t, sacn::kSlots> ramp() {
   return slots;
 }
 
-TEST(SacnPackets, DataAndTerminationPacketsAreLaidOutByteForByte) {
+TEST(SacnPackets, PacketsAreLaidOutByteForByteNamesAreCutAndUniversesMapToTheirMulticastGroup) {
   sacn::StreamFields fields;
   fields.cid = kCid;
   fields.source_name = "Lumaris";
@@ -74,14 +74,12 @@ TEST(SacnPackets, DataAndTerminationPacketsAreLaidOutByteForByte) {
   std::vector<std::uint8_t> expected = kDataHeader;
   expected[112] = 0x40;  // options: Stream_Terminated
   EXPECT_EQ(std::vector<std::uint8_t>(end.begin(), end.begin() + 126), expected);
-}
 
-TEST(SacnPackets, LongNamesAreCutAndUniversesMapToTheirMulticastGroup) {
-  sacn::StreamFields fields;
   fields.source_name = std::string(80, 'x');
-  const auto packet = sacn::build_data(fields, ramp());
-  EXPECT_EQ(packet[sacn::framing::kSourceName + 62], 'x');
-  EXPECT_EQ(packet[sacn::framing::kSourceName + 63], 0);  // always NUL-terminated
+  const auto named = sacn::build_data(fields, slots);
+  EXPECT_EQ(named[sacn::framing::kSourceName + 62], 'x');
+  EXPECT_EQ(named[sacn::framing::kSourceName + 63], 0);  // always NUL-terminated
+
   EXPECT_EQ(sacn::multicast_address(1), "239.255.0.1");
   EXPECT_EQ(sacn::multicast_address(63999), "239.255.249.255");
   sacn::Cid back{};
@@ -112,7 +110,7 @@ struct SacnDesk : ::testing::Test {
   }
 };
 
-TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameAndEndsWithThreeTerminations) {
+TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameEndsWithThreeTerminationsAndComesBackWithTheNextRun) {
   build();
   desk.store().Desk_Level[0] = 200;
   tick();
@@ -122,7 +120,7 @@ TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameAndEndsWithThreeTerminations) {
   window().Enable_Click(2);
   tick();
   ASSERT_EQ(socket.sent().size(), 1u);
-  const auto& sent = socket.sent()[0];
+  const auto sent = socket.sent()[0];
   EXPECT_EQ(std::tie(sent.host, sent.port), std::tuple("239.255.1.7", sacn::kPort));
   EXPECT_EQ(std::tuple(universe_of(sent), sent.bytes[sacn::dmp::kSlotData]), std::tuple(263, 200));
   EXPECT_EQ(settings.read("sacn/row3/universe"), "263");
@@ -135,11 +133,26 @@ TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameAndEndsWithThreeTerminations) {
   EXPECT_EQ(socket.sent().size(), 3u) << "a disabled row sends nothing more";
 
   window().Enable_Click(2);
+  ASSERT_FALSE(output().set_priority(7));
   tick();
+  const sacn::Cid cid = output().cid();
   socket.clear_sent();
   desk.console->shutdown();
   ASSERT_EQ(socket.sent().size(), 3u) << "stopping the console ends the stream";
   EXPECT_TRUE(terminated(socket.sent()[2]));
+  desk.console.reset();
+  socket.clear_sent();
+
+  TestConsole next;  // the row, the priority and the CID are kept with the computer
+  next.services.sacn_socket = &socket;
+  next.services.settings = &settings;
+  next.build();
+  EXPECT_EQ(next.console->sacn_output().cid(), cid);
+  next.console->output_cycle().Timer1_Tick();
+  ASSERT_EQ(socket.sent().size(), 1u);
+  EXPECT_EQ(std::tuple(universe_of(socket.sent()[0]), socket.sent()[0].bytes[sacn::framing::kPriority]),
+            std::tuple(263, 7));
+  EXPECT_TRUE(std::equal(cid.begin(), cid.end(), socket.sent()[0].bytes.begin() + sacn::root::kCid));
 }
 
 TEST_F(SacnDesk, RunTargetSendsUniverseOneOrRedirectsRowsIsNeverSavedAndSequencesCountPerUniverse) {
@@ -195,28 +208,6 @@ TEST_F(SacnDesk, BadInputShowsAMessageAndChangesNothing) {
   EXPECT_EQ(std::tuple(socket.sent().back().host, socket.sent().back().bytes[sacn::framing::kPriority]),
             std::tuple("127.0.0.1", 150));
   EXPECT_EQ(settings.read(SacnOutput::kSourceNameSetting), "FOH");
-}
-
-TEST_F(SacnDesk, SettingsComeBackWithTheNextRunAndTheSameCid) {
-  build();
-  ASSERT_FALSE(output().set_row(4, 40, true));
-  ASSERT_FALSE(output().set_priority(7));
-  const sacn::Cid cid = output().cid();
-  desk.console->shutdown();
-  desk.console.reset();
-  socket.clear_sent();
-
-  TestConsole next;
-  next.services.sacn_socket = &socket;
-  next.services.settings = &settings;
-  next.build();
-  EXPECT_EQ(next.console->sacn_output().cid(), cid);
-  EXPECT_TRUE(next.console->sacn_output().row(4).enabled);
-  next.console->output_cycle().Timer1_Tick();
-  ASSERT_EQ(socket.sent().size(), 1u);
-  EXPECT_EQ(std::tuple(universe_of(socket.sent()[0]), socket.sent()[0].bytes[sacn::framing::kPriority]),
-            std::tuple(40, 7));
-  EXPECT_TRUE(std::equal(cid.begin(), cid.end(), socket.sent()[0].bytes.begin() + sacn::root::kCid));
 }
 
 }  // namespace
