@@ -29,14 +29,16 @@ struct ChannelPropertiesTest : ::testing::Test {
 TEST_F(ChannelPropertiesTest, ShowsTheRecordAndStoresTheInverseFollowFlags) {
   store().Fader_Names[9] = {"Front spot left", "Spot", "255", true, false};
   open(9);
-  EXPECT_EQ(std::tuple(properties->Show_Channel(), properties->Show_Name(), properties->Channel_Description()),
+  EXPECT_EQ(std::tuple(properties->Show_Channel(), properties->Show_Name(),
+                       properties->Channel_Description()),
             std::tuple("10", "Spot", "Front spot left"));
   EXPECT_EQ(properties->colour_bx(), Paint(kRed));
   // The boxes say "follows the Main fader / the crossfade": the inverse of the exemption flags.
   EXPECT_EQ(std::tuple(properties->Main_F(), properties->Cross_F()), std::tuple(false, true));
   properties->Main_F_Click(true);
   properties->Cross_F_Click(false);
-  EXPECT_EQ(std::tuple(store().Fader_Names[9].Main_F, store().Fader_Names[9].Cross_F), std::tuple(false, true));
+  EXPECT_EQ(std::tuple(store().Fader_Names[9].Main_F, store().Fader_Names[9].Cross_F),
+            std::tuple(false, true));
   EXPECT_TRUE(store().Project_Changed);
   properties->OK_Click();
   EXPECT_FALSE(properties->visible());

@@ -15,7 +15,8 @@ TEST(ProjectInfo, ShowsTodayOrTheLoadedHeaderCancelDropsTheEditAndOkStoresIt) {
   Store& store = t.store();
   t.clock.set(CalendarDate{2027, 3, 5});
   info.Form_Load();
-  EXPECT_EQ(std::tuple(info.Prj_Date(), info.Prj_Version()), std::tuple("05/03/2027", "1")) << "a new project";
+  EXPECT_EQ(std::tuple(info.Prj_Date(), info.Prj_Version()),
+            std::tuple("05/03/2027", "1")) << "a new project";
   store.Project_Name = "Hamlet";
   store.Project_Text = "Act one";
   store.Project_Date = "01/02/2020";

@@ -29,7 +29,8 @@ TEST_F(SubmixTest, ProgramStoresCompactedEntriesNameAndColourAndReprogramClearsT
   desk().Sub_colour_Click();
   desk().Submix_Prog_Click();
   const SubmixRec& sub = store().Submix[0];
-  EXPECT_EQ(std::tuple(sub.Chan[0], sub.Level[0], sub.Chan[1], sub.Level[1], sub.Chan[2]), std::tuple(3, 40, 10, 255, 0));
+  EXPECT_EQ(std::tuple(sub.Chan[0], sub.Level[0], sub.Chan[1], sub.Level[1], sub.Chan[2]),
+            std::tuple(3, 40, 10, 255, 0));
   EXPECT_EQ(std::tuple(sub.Name, sub.Colour), std::tuple("Warm", "255"));
   EXPECT_EQ(desk().Status(), " Submix  0 Programmed");
   EXPECT_TRUE(store().Project_Changed);

@@ -31,13 +31,6 @@ TEST(ArtDestination, CommandLineDestinationHoldsForThisRunOnlyUntilSetKeepsOneFo
   EXPECT_EQ(t.config().Destination_Status(),
             " Sending to 127.0.0.1 port 6454 (this run only, --artnet-target)");
 
-  // The next start on this computer, without the option: automatic, nothing on the desk.
-  ArtNetDesk next;
-  next.settings = t.settings;
-  next.build();
-  EXPECT_EQ(next.node().destination_in_force(), "");
-  EXPECT_EQ(next.main_desk().Art_Destination(), "");
-
   // The operator's Set keeps a destination and ends the one of the command line;
   // poll replies go there as well, never broadcast.
   t.config().Destination_Change(" 127.0.0.3 ");

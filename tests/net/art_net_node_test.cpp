@@ -155,7 +155,8 @@ TEST(ArtNetNode, ALoadedShowSendsOnTheUniversesOfItsEightRowsWithButtonsWithoutT
       << "neither swapped nor split into sub-net and universe";
 
   t.open_setup();  // the window then shows the running node and what each row sends
-  EXPECT_EQ(std::tuple(t.config().Text2(), t.console().status().main()), std::tuple(" Art Net OK", " ART NET OK "));
+  EXPECT_EQ(std::tuple(t.config().Text2(), t.console().status().main()),
+            std::tuple(" Art Net OK", " ART NET OK "));
   EXPECT_EQ(std::tuple(t.config().Button1(1), t.config().Text1(0), t.config().Text1(1)),
             std::tuple("Disable", "1", "147"));
   t.config().Button1_Click(1);

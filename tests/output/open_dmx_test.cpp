@@ -108,7 +108,8 @@ TEST_F(OpenDmxTest, OpenConfiguresTheDeviceAndAFrameIsBreakStartCodeAndTheFirst5
 
   const std::array<std::uint8_t, 3> short_frame = {1, 2, 3};
   usb->USB_Set_Data(short_frame);
-  EXPECT_EQ(std::tuple(usb->USB_Data()[2], usb->USB_Data()[3]), std::tuple(3, ' ')) << "short frames are padded with blanks";
+  EXPECT_EQ(std::tuple(usb->USB_Data()[2], usb->USB_Data()[3]),
+            std::tuple(3, ' ')) << "short frames are padded with blanks";
 }
 
 TEST_F(OpenDmxTest, QuietModeCountsFailuresAndASendOnAClosedDeviceWritesNothing) {

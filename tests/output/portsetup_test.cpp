@@ -131,7 +131,8 @@ TEST_F(PortsetupTest, CancelKeepsOnlyThePortAndSaveAndExitSetsAdapterAndRateAndM
   setup->HScroll1_Change(300);
   setup->Command2_Click();
   EXPECT_FALSE(setup->visible());
-  EXPECT_EQ(std::tuple(test.store().Adapter, test.store().Port_Address, timer_interval()), std::tuple(0, 632, 70));
+  EXPECT_EQ(std::tuple(test.store().Adapter, test.store().Port_Address, timer_interval()),
+            std::tuple(0, 632, 70));
   EXPECT_FALSE(test.store().Project_Changed);
 
   open();

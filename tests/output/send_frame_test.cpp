@@ -45,7 +45,8 @@ TEST_F(SendFrameTest, OkiReadsThenWritesTheFrameOnThePortAndEachFailingCallShows
   for (const auto& call : libraries.calls) {
     EXPECT_EQ(std::tuple(call.port_or_command, call.second), std::tuple(632, 0)) << call.name << " on LPT2";
   }
-  EXPECT_EQ(std::tuple(libraries.calls[0].name, libraries.calls[1].name), std::tuple("Okdmx31Read", "Okdmx31Write"));
+  EXPECT_EQ(std::tuple(libraries.calls[0].name, libraries.calls[1].name),
+            std::tuple("Okdmx31Read", "Okdmx31Write"));
   EXPECT_EQ(libraries.calls[1].data, (std::vector<std::uint8_t>{0, 1, 2, 3, 4, 5, 6, 7}));
   EXPECT_TRUE(test.dialogs.messages().empty());
 

@@ -19,7 +19,8 @@ TEST(ChaseEditing, CopyPasteShiftAndClearWorkOnTheShownStep) {
   s.desk->Command_Copy_Click();
   s.desk->Chase_Plus_Click();
   s.desk->Command_Paste_Click();
-  EXPECT_EQ(std::tuple(c.Speed[2], c.Time[2], c.Data[2][6], c.Fade[2][20]), std::tuple(0.0, 2.0, 66, kChaseOff));
+  EXPECT_EQ(std::tuple(c.Speed[2], c.Time[2], c.Data[2][6], c.Fade[2][20]),
+            std::tuple(0.0, 2.0, 66, kChaseOff));
   c.Speed[2] = 2.5;
   s.desk->Command_Copy_Click();
   EXPECT_EQ(std::tuple(s.desk->clipboard().Copy_Speed, s.desk->clipboard().Copy_Time), std::tuple(2, 2));
@@ -84,7 +85,8 @@ TEST(ChaseEditing, StepsStayBetweenOneAndThirtyTwoInsertOpensAnEmptyStepAndRemov
   EXPECT_EQ(c.Steps, 32);
   c.Data[32][0] = 200;
   s.desk->Chase_Minus_Click();  // previous on step 1 goes to the last
-  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->Prev_Step(), s.desk->channels()[0].Slider1), std::tuple(32, 1, 55));
+  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->Prev_Step(), s.desk->channels()[0].Slider1),
+            std::tuple(32, 1, 55));
   s.desk->Steps_subtract_Click();  // the shown step goes with it
   EXPECT_EQ(s.desk->Step_Display(), "31");
 
@@ -99,7 +101,8 @@ TEST(ChaseEditing, StepsStayBetweenOneAndThirtyTwoInsertOpensAnEmptyStepAndRemov
   s.desk->Insert_Click();  // after step 1
   EXPECT_TRUE(s.t.store().Project_Changed);
   EXPECT_EQ(c.Steps, 4);
-  EXPECT_EQ(std::tuple(c.Data[2][0], c.Fade[2][0], c.Speed[2], c.Data[3][0]), std::tuple(0, kChaseFade, 2.0, 20))
+  EXPECT_EQ(std::tuple(c.Data[2][0], c.Fade[2][0], c.Speed[2], c.Data[3][0]),
+            std::tuple(0, kChaseFade, 2.0, 20))
       << "the function and time stay with the step that moved up";
   s.desk->Chase_Plus_Click();
   s.t.store().Project_Changed = false;
@@ -143,7 +146,9 @@ TEST(ChaseEditing, TimeSlidersWriteTheStepOrEveryStepAndTheLockGivesTheFadeTheSt
   s.desk->Global_Speed_Click(true);
   s.desk->Speed_Fade_Lock_Click(true);  // the fade follows the duration
   speed.Set_From_Position(top + speed.axis_height());
-  for (int step = 0; step <= 3; ++step) EXPECT_EQ(std::tuple(c.Speed[step], c.Time[step]), std::tuple(0.1, 0.1));
+  for (int step = 0; step <= 3; ++step) {
+    EXPECT_EQ(std::tuple(c.Speed[step], c.Time[step]), std::tuple(0.1, 0.1));
+  }
   // Showing another step places the thumbs and writes nothing.
   c.Speed[2] = 3;
   s.desk->Chase_Plus_Click();

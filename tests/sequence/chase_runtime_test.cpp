@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 #include "tests/sequence/sequence_desk.h"
@@ -54,15 +55,11 @@ TEST(ChaseRuntime, RepeatCountTwoPlaysThreePassesThenStopsAndASecondGoCountsAfre
   s.t.scheduler.advance(2002);  // end of pass 2
   EXPECT_EQ(s.desk->Loop_Times_txt(), "0");
   s.t.scheduler.advance(2001);  // 1 ms before the end of pass 3: step 2 still lit
-  EXPECT_TRUE(s.runtime().Chase_Running());
-  EXPECT_EQ(s.desk->Cur_Step(), 2);
-  EXPECT_EQ(s.out(0), 77);
-  s.t.scheduler.advance(1);  // the counter reaches -1 and the chase stops
-  EXPECT_FALSE(s.runtime().Chase_Running());
-  EXPECT_EQ(s.runtime().Loop_Count(), 3);
-  EXPECT_EQ(s.desk->Loop_Times_txt(), "2");
-  EXPECT_EQ(s.out(0), 0);
-  EXPECT_EQ(s.desk->Cur_Step(), 2) << "an exhausted count does not move the display on";
+  EXPECT_EQ(std::tuple(s.runtime().Chase_Running(), s.desk->Cur_Step(), s.out(0)), std::tuple(true, 2, 77));
+  s.t.scheduler.advance(1);  // the counter reaches -1 and the chase stops; the display stays on step 2
+  EXPECT_EQ(std::tuple(s.runtime().Chase_Running(), s.runtime().Loop_Count(), s.desk->Loop_Times_txt(),
+                       s.out(0), s.desk->Cur_Step()),
+            std::tuple(false, 3, "2", 0, 2));
 
   s.desk->Chase_Go_Button_Click();  // from step 2, still shown: three more ends of a pass
   s.t.scheduler.advance(5004);
@@ -81,7 +78,7 @@ TEST(ChaseRuntime, MixesChaseChannelsByHighestAndScalesByTheMainLevel) {
   s.desk->Slider2_Change(128);  // (255 - 128) / 255 of each level
   s.desk->Chase_Go_Button_Click();
   s.t.scheduler.advance(100);
-  EXPECT_EQ(s.out(9), 100);  // round(127 x 200 / 255) = round(99.6)
+  EXPECT_EQ(s.out(9), 100);  // the higher, 200: round(127 x 200 / 255) = round(99.6)
   s.desk->Slider2_Change(255);
   s.t.scheduler.advance(100);
   EXPECT_EQ(s.out(9), 0);
@@ -106,8 +103,7 @@ TEST(ChaseRuntime, AChannelSwitchedOffHoldsTheLevelItHadEvenAfterAFadeWithNoTime
   EXPECT_EQ(s.desk->channels()[0].Ch_Function, "off");
   s.t.scheduler.advance(1400);
   ASSERT_EQ(s.desk->Cur_Step(), 3);
-  EXPECT_EQ(s.out(0), 0);
-  EXPECT_EQ(s.runtime().Fade_Level(0), 90.0);
+  EXPECT_EQ(std::tuple(s.out(0), s.runtime().Fade_Level(0)), std::tuple(0, 90.0));
   s.t.scheduler.advance(600);  // step 4 from 3003 ms: the off channel holds 90
   ASSERT_EQ(s.desk->Cur_Step(), 4);
   EXPECT_EQ(s.out(0), 90);
@@ -148,9 +144,9 @@ TEST(ChaseRuntime, GoStopAndManualStepsPickTheStepAndRenewTheStepTimer) {
   s.t.scheduler.advance(1500);
   ASSERT_EQ(s.desk->Cur_Step(), 2);
   s.desk->Chase_Go_Button_Click();
-  EXPECT_FALSE(s.runtime().Chase_Running());
-  EXPECT_EQ(std::tuple(s.desk->Step_Display(), s.desk->channels()[2].Slider1), std::tuple("3", 255 - 40));
-  EXPECT_EQ(s.runtime().Chase_Go_Button(), "Go");
+  EXPECT_EQ(std::tuple(s.runtime().Chase_Running(), s.desk->Step_Display(), s.desk->channels()[2].Slider1,
+                       s.runtime().Chase_Go_Button()),
+            std::tuple(false, "3", 255 - 40, "Go"));
   s.t.scheduler.advance(5000);
   EXPECT_EQ(s.desk->Cur_Step(), 3);
 
@@ -161,8 +157,7 @@ TEST(ChaseRuntime, GoStopAndManualStepsPickTheStepAndRenewTheStepTimer) {
   EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->Prev_Step()), std::tuple(3, 2));
   EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
   s.t.scheduler.advance(1064);
-  ASSERT_EQ(s.desk->Cur_Step(), 4);
-  EXPECT_EQ(s.runtime().Timer1().interval(), 501);
+  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.runtime().Timer1().interval()), std::tuple(4, 501));
   s.desk->Chase_Minus_Click();
   EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
   s.t.scheduler.advance(500);
@@ -173,9 +168,8 @@ TEST(ChaseRuntime, GoStopAndManualStepsPickTheStepAndRenewTheStepTimer) {
   s.t.scheduler.advance(400);  // the new step has 501 ms from the click
   EXPECT_EQ(s.desk->Cur_Step(), 4);
   s.t.scheduler.advance(1);
-  EXPECT_EQ(s.desk->Cur_Step(), 1);
-  EXPECT_TRUE(s.runtime().Chase_Running());
-  EXPECT_EQ(s.runtime().Loop_Count(), 1);
+  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.runtime().Chase_Running(), s.runtime().Loop_Count()),
+            std::tuple(1, true, 1));
 }
 
 // While a chase runs, edits that would fight it are ignored, and both global
@@ -196,12 +190,10 @@ TEST(ChaseRuntime, WhileRunningEditsAreIgnoredAndBothTimeSlidersActOnEveryStep) 
   s.desk->Command_Paste_Click();
   EXPECT_EQ(s.chase().Data, before.Data);
   EXPECT_EQ(s.chase().Fade, before.Fade);
-  EXPECT_EQ(s.chase().Steps, 3);
-  EXPECT_FALSE(s.t.store().Project_Changed);
+  EXPECT_EQ(std::tuple(s.chase().Steps, s.t.store().Project_Changed), std::tuple(3, false));
 
-  EXPECT_TRUE(s.desk->Global_fade());
-  EXPECT_FALSE(s.desk->Global_fade_enabled());
-  EXPECT_FALSE(s.desk->Global_Speed_enabled());
+  EXPECT_EQ(std::tuple(s.desk->Global_fade(), s.desk->Global_fade_enabled(), s.desk->Global_Speed_enabled()),
+            std::tuple(true, false, false));
   s.desk->LogSlider3().Set_From_Position(s.desk->LogSlider3().axis_top());
   EXPECT_EQ(std::tuple(s.chase().Speed[0], s.chase().Speed[2]), std::tuple(240.0, 240.0));
   VRLogSlider& fade = s.desk->LogSlider4();
@@ -213,9 +205,9 @@ TEST(ChaseRuntime, WhileRunningEditsAreIgnoredAndBothTimeSlidersActOnEveryStep) 
   fade.Set_From_Position(fade.axis_top() + fade.axis_height());
   for (int step = 0; step <= 3; ++step) EXPECT_EQ(s.chase().Time[step], 0.1) << step;
   s.desk->Chase_Go_Button_Click();
-  EXPECT_EQ(std::tuple(s.desk->Global_Speed(), s.desk->Global_fade()), std::tuple(true, false));
-  EXPECT_TRUE(s.desk->Global_Speed_enabled());
-  EXPECT_TRUE(s.desk->Global_fade_enabled());
+  EXPECT_EQ(std::tuple(s.desk->Global_Speed(), s.desk->Global_fade(), s.desk->Global_Speed_enabled(),
+                       s.desk->Global_fade_enabled()),
+            std::tuple(true, false, true, true));
 }
 
 TEST(ChaseRuntime, LiveModeShowsEditsWhileStoppedAndPausesWhileAChaseRuns) {
@@ -236,12 +228,12 @@ TEST(ChaseRuntime, LiveModeShowsEditsWhileStoppedAndPausesWhileAChaseRuns) {
   EXPECT_EQ(s.out(11), 80);
 
   s.desk->Chase_Go_Button_Click();
-  EXPECT_FALSE(s.runtime().Live_Output());
-  EXPECT_FALSE(s.runtime().Live_Mode_Sel_enabled());
+  EXPECT_EQ(std::tuple(s.runtime().Live_Output(), s.runtime().Live_Mode_Sel_enabled()),
+            std::tuple(false, false));
   s.desk->Chase_Go_Button_Click();
-  EXPECT_TRUE(s.runtime().Live_Output());
-  EXPECT_TRUE(s.runtime().Live_Mode_Sel_enabled());
-  EXPECT_TRUE(s.desk->channels()[0].level_enabled);
+  EXPECT_EQ(std::tuple(s.runtime().Live_Output(), s.runtime().Live_Mode_Sel_enabled(),
+                       s.desk->channels()[0].level_enabled),
+            std::tuple(true, true, true));
   s.desk->Slider2_Change(128);  // 127 / 255 of 200 is 99.6: rounded, not cut
   s.desk->Slider1_Change(0, 255 - 200);
   EXPECT_EQ(s.out(0), 100);
