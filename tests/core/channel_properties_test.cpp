@@ -66,7 +66,7 @@ TEST_F(ChannelPropertiesTest, ListsTheSixLowestSlotsAndPagingStopsAtTheEnds) {
   EXPECT_EQ(properties->Show_Channel(), "63");
 }
 
-TEST_F(ChannelPropertiesTest, AFiveCharacterNameIsCutToFourCharactersAfterTheWarning) {
+TEST_F(ChannelPropertiesTest, NameDescriptionAndColourReachTheDeskAndAFifthCharacterIsCutAfterAWarning) {
   open(2);
   properties->Show_Name_Change("Äöüß");  // 4 characters, 8 bytes
   EXPECT_TRUE(t.dialogs.messages().empty());
@@ -79,9 +79,7 @@ TEST_F(ChannelPropertiesTest, AFiveCharacterNameIsCutToFourCharactersAfterTheWar
       << "the main desk panel was redrawn";
   properties->Show_Name_Change("Grün€");
   EXPECT_EQ(store().Fader_Names[2].Name, "Grün");
-}
 
-TEST_F(ChannelPropertiesTest, DescriptionAndColourReachTheDesk) {
   open(4);
   store().Project_Changed = false;
   properties->Channel_Description_Change("Cyc blue");

@@ -23,7 +23,7 @@ class OutputCycleTest : public ::testing::Test {
   TestConsole t;
 };
 
-TEST_F(OutputCycleTest, TheHighestSourceWinsAndIsClampedAt255) {
+TEST_F(OutputCycleTest, TheHighestSourceWinsIsClampedAt255AndThePatchMapsChannelsToSlots) {
   store().Desk_Level[0] = 255;
   desk().Submix_Prog_Click();  // submix 1 holds channel 1 at 255
   store().Desk_Level[0] = 200;
@@ -42,6 +42,17 @@ TEST_F(OutputCycleTest, TheHighestSourceWinsAndIsClampedAt255) {
   store().Submix[0].Chan[0] = 0;  // an entry with no channel contributes nothing
   tick();
   EXPECT_EQ(slot(1), 200);
+
+  store().Desk_Level[4] = 77;
+  store().Desk_Level[63] = 99;
+  store().Patch[100] = 5;
+  store().Patch[200] = 5;
+  store().Patch[300] = 64;
+  store().Patch[4] = 0;
+  tick();
+  // One channel feeds any number of slots; channel 64 reaches its slot; unpatched
+  // slots (5, and 64 from the start) carry nothing.
+  EXPECT_EQ(std::tuple(slot(101), slot(201), slot(301), slot(5), slot(64)), std::tuple(77, 77, 99, 0, 0));
 }
 
 // Slider 128 is the factor 127/255: 255 -> 127, 200 -> 99.6 -> 100.
@@ -68,19 +79,6 @@ TEST_F(OutputCycleTest, MastersScaleAndRoundToTheNearestLevelExceptMainFreeChann
   desk().Submix_Master_Change(128);
   tick();
   EXPECT_EQ(slot(2), 100) << "a submix under a half-way master rounds";
-}
-
-TEST_F(OutputCycleTest, PatchMapsChannelsToSlots) {
-  store().Desk_Level[4] = 77;
-  store().Desk_Level[63] = 99;
-  store().Patch[100] = 5;
-  store().Patch[200] = 5;
-  store().Patch[300] = 64;
-  store().Patch[4] = 0;
-  tick();
-  // One channel feeds any number of slots; channel 64 reaches its slot; unpatched
-  // slots (5, and 64 from the start) carry nothing.
-  EXPECT_EQ(std::tuple(slot(101), slot(201), slot(301), slot(5), slot(64)), std::tuple(77, 77, 99, 0, 0));
 }
 
 // The run-mode mix itself, take and crossfade, is tested in tests/console.

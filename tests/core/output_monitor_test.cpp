@@ -19,7 +19,7 @@ struct OutputMonitorTest : ::testing::Test {
   void tick() { t.scheduler.advance(70); }
 };
 
-TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShown) {
+TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShownAndPagesOverlapByOneSlot) {
   fader(0, 55);  // channel 1 at 200, on slot 1
   tick();
   EXPECT_EQ(t.store().DMX_Out[0], 200);
@@ -34,10 +34,8 @@ TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShown) {
   tick();
   EXPECT_EQ(t.store().DMX_Out[1], 0);
   EXPECT_EQ(monitor->bar(1).Value(), 100);
-}
 
-TEST_F(OutputMonitorTest, PagesOverlapByOneSlotAndTheLastHidesBarsBeyondTheFrame) {
-  monitor->Show();
+  monitor->Show();  // pages overlap by one slot; the last hides bars beyond the frame
   EXPECT_EQ(monitor->range_label(), " Real DMX Output  Ch1   -  Ch144");
   monitor->Pannel_Inc_Click();
   EXPECT_EQ(t.store().Realout_First, 143);

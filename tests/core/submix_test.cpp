@@ -19,7 +19,7 @@ class SubmixTest : public ::testing::Test {
   TestConsole t;
 };
 
-TEST_F(SubmixTest, ProgramStoresCompactedEntriesNameAndColourAndReprogramClearsTheRest) {
+TEST_F(SubmixTest, ProgramStoresCompactedEntriesNameAndColourRecallRestoresThemAndReprogramClearsTheRest) {
   store().Desk_Level[2] = 40;
   store().Desk_Level[9] = 255;
   desk().Submix_Text_Change("Warm");
@@ -36,23 +36,10 @@ TEST_F(SubmixTest, ProgramStoresCompactedEntriesNameAndColourAndReprogramClearsT
   EXPECT_TRUE(store().Project_Changed);
   EXPECT_EQ(t.dialogs.colour_titles().front(), " Choose a Colour");
 
-  for (int i = 0; i < 64; ++i) store().Desk_Level[i] = static_cast<std::int16_t>(i + 1);
-  desk().Submix_Prog_Click();
-  EXPECT_EQ(store().Submix[0].Chan[63], 64) << "all 64 channels are stored";
-  store().Desk_Level.fill(0);
-  store().Desk_Level[50] = 7;
-  desk().Submix_Prog_Click();
-  EXPECT_EQ(store().Submix[0].Chan[0], 51);
-  for (int k = 1; k < 65; ++k) EXPECT_EQ(store().Submix[0].Chan[k], 0) << k;
-  store().Desk_Level.fill(3);
-  desk().Submix_Recal_Click();
-  for (int i = 0; i < 64; ++i) EXPECT_EQ(store().Desk_Level[i], i == 50 ? 7 : 0) << i;
-}
-
-TEST_F(SubmixTest, RecallRestoresAllSixtyFourLevelsAndThePlaybackDeskShowsTheNewName) {
   for (int i = 0; i < 64; ++i) store().Desk_Level[i] = static_cast<std::int16_t>(255 - i);
   desk().Submix_Text_Change("Everything");
   desk().Submix_Prog_Click();
+  EXPECT_EQ(store().Submix[0].Chan[63], 64) << "all 64 channels are stored";
   EXPECT_EQ(t.console->playback_desk().panel().buttons()[0].Command1, "Everything")
       << "the playback button of submix 1 shows its new name";
   store().Desk_Level.fill(3);
@@ -62,6 +49,15 @@ TEST_F(SubmixTest, RecallRestoresAllSixtyFourLevelsAndThePlaybackDeskShowsTheNew
   EXPECT_EQ(std::tuple(desk().strips()[8].Slider1, desk().strips()[8].Text1), std::tuple(40, "215"))
       << "page 1 fader 8 is channel 41";
   EXPECT_EQ(desk().Status(), " Submix 0 Recalled");
+
+  store().Desk_Level.fill(0);
+  store().Desk_Level[50] = 7;
+  desk().Submix_Prog_Click();
+  EXPECT_EQ(store().Submix[0].Chan[0], 51);
+  for (int k = 1; k < 65; ++k) EXPECT_EQ(store().Submix[0].Chan[k], 0) << k;
+  store().Desk_Level.fill(3);
+  desk().Submix_Recal_Click();
+  for (int i = 0; i < 64; ++i) EXPECT_EQ(store().Desk_Level[i], i == 50 ? 7 : 0) << i;
 }
 
 TEST_F(SubmixTest, SelectionWrapsAtBothEndsAndShowsNameAndColour) {

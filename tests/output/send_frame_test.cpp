@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "console/output_cycle.h"
 #include "output/output_devices.h"
+#include "output/parallel_frames.h"
 #include "output/portsetup.h"
 #include "tests/support/fake_adapter_libraries.h"
 #include "tests/support/fake_d2xx.h"
@@ -36,6 +38,52 @@ struct SendFrameTest : ::testing::Test {
   }
   void tick() { test.scheduler.advance(console->output_cycle().Timer1().interval()); }
 };
+
+using Events = std::vector<std::pair<int, int>>;
+constexpr int kWait = FakePortIo::kWait;
+
+// A parallel adapter's frame as it sees it on the port at `base`, counting loops included.
+Events expected_parallel_frame(int base, int slots) {
+  const int control = base + 2;
+  Events e = {
+      {control, 3},  // start pulse
+      {kWait, 50},   //   held for 50 rounds
+      {control, 1},  //   released
+  };
+  for (int s = 0; s < slots; ++s) {
+    e.push_back({base, (s * 7 + 1) % 256});  // slot s+1 on the data register
+    e.push_back({control, 0});               // strobe low
+    e.push_back({kWait, 20});                //   held low for 20 rounds
+    e.push_back({control, 1});               // strobe released
+    e.push_back({kWait, 20});                //   held high for 20 rounds
+  }
+  e.push_back({control, 1});  // closing release
+  return e;
+}
+
+TEST_F(SendFrameTest, ParlexSends65SlotsAndManolator255OnTheChosenPortAndNothingFailsWithoutAPort) {
+  // A frame whose slots all differ: slot s carries (s * 7 + 1) mod 256.
+  for (int s = 0; s <= 512; ++s) test.store().DMX_Out[s] = static_cast<std::uint8_t>((s * 7 + 1) % 256);
+  for (const auto& [adapter, port_address, slots] : {std::tuple(1, 888, 65), std::tuple(4, 632, 255)}) {
+    SCOPED_TRACE(adapter);
+    test.store().Adapter = static_cast<std::int16_t>(adapter);
+    test.store().Port_Address = static_cast<std::int16_t>(port_address);
+    port.events.clear();
+    console->output_devices().Send_Frame();
+    ASSERT_EQ(port.events.size(), 3u + static_cast<std::size_t>(slots) * 5u + 1u);
+    EXPECT_EQ(port.events, expected_parallel_frame(port_address, slots));
+    // Spot checks worked out by hand.
+    EXPECT_EQ(port.events[8], std::make_pair(port_address, 8));  // slot 2: 1*7+1
+    EXPECT_EQ(port.events[3 + (slots - 1) * 5].second, slots == 65 ? 193 : 243);  // 449-256, 1779-6*256
+  }
+
+  TestConsole without_port;  // no port seam: nothing is written and nothing fails
+  Console& other = without_port.build();
+  without_port.store().Adapter = 4;
+  without_port.scheduler.advance(70);
+  EXPECT_FALSE(other.output_cycle().last_tick_failed());
+  EXPECT_TRUE(without_port.dialogs.messages().empty());
+}
 
 TEST_F(SendFrameTest, OkiReadsThenWritesTheFrameOnThePortAndEachFailingCallShowsTheMessage) {
   test.store().Adapter = 2;
