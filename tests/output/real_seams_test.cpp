@@ -50,7 +50,7 @@ struct RealSeamsTest : ::testing::Test {
   }
 };
 
-TEST_F(RealSeamsTest, ParallelAdaptersRunWithOrWithoutAPort) {
+TEST_F(RealSeamsTest, ParallelAdaptersAndOpenDmxRunWithOrWithoutTheirHardwareAndAskNothing) {
   choose_and_save(1);
   EXPECT_EQ(test.console->status().main(), " Parlex Adapter Running");
   run_ticks(5);
@@ -59,7 +59,19 @@ TEST_F(RealSeamsTest, ParallelAdaptersRunWithOrWithoutAPort) {
   run_ticks(5);
   EXPECT_EQ(test.store().Adapter, 4);
   EXPECT_FALSE(console->output_cycle().last_tick_failed());
+
+  choose_and_save(3);  // Open DMX USB searches quietly or says the driver is missing
+  run_ticks(10);
   EXPECT_TRUE(test.dialogs.messages().empty());
+  const std::string status = test.console->status().main();
+  if (!d2xx.driver_present()) {
+    EXPECT_EQ(status, " Open USB Not Found !");
+  } else {
+    EXPECT_TRUE(status == " Open USB Searching" || status == " Open USB Searching......." ||
+                status == " Open USB Connected")
+        << status;
+  }
+  console->shutdown();
 }
 
 TEST_F(RealSeamsTest, OkiOrOksidizerWithoutItsLibraryFallsBackToNoneOnce) {
@@ -80,21 +92,6 @@ TEST_F(RealSeamsTest, OkiOrOksidizerWithoutItsLibraryFallsBackToNoneOnce) {
   EXPECT_EQ(test.dialogs.messages()[2].title, " DMX ERROR");
   EXPECT_EQ(test.store().Adapter, 0);
   EXPECT_EQ(console->port_setup().Combo1_ListIndex(), 0);  // the open window follows
-}
-
-TEST_F(RealSeamsTest, OpenDmxSearchesQuietlyOrSaysTheDriverIsMissing) {
-  choose_and_save(3);
-  run_ticks(10);
-  EXPECT_TRUE(test.dialogs.messages().empty());
-  const std::string status = test.console->status().main();
-  if (!d2xx.driver_present()) {
-    EXPECT_EQ(status, " Open USB Not Found !");
-  } else {
-    EXPECT_TRUE(status == " Open USB Searching" || status == " Open USB Searching......." ||
-                status == " Open USB Connected")
-        << status;
-  }
-  console->shutdown();
 }
 
 TEST(VendorLibraries, LoadFromTheLoaderPathAndMissingLibrariesOrFunctionsAnswerAsAdaptersThatDoNotRespond) {
