@@ -1,29 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <tuple>
-#include <vector>
 
 #include "console/output_cycle.h"
 #include "tests/sequence/sequence_desk.h"
 
 namespace lumaris {
-
-namespace {
-
-struct LitWindow {
-  int from;  // first ms at which the level shows
-  int to;    // first ms at which it is gone
-  int level;
-};
-
-int expected_at(const std::vector<LitWindow>& windows, int ms) {
-  for (const LitWindow& w : windows) {
-    if (ms >= w.from && ms < w.to) return w.level;
-  }
-  return 0;
-}
-
-}  // namespace
 
 // Step timer 1001 ms (Speed 1 s), level timer every 100 ms from Go at 0 ms. A fresh
 // desk has Fade_Elapsed 0.1, so the first step gets four level ticks; every later
@@ -34,11 +17,14 @@ TEST(ChaseRuntime, EachStepIsLitForTheFirstHalfOfItsSecondOnly) {
   for (int step = 1; step <= 4; ++step) s.chase().Data[step][0] = static_cast<std::int16_t>(50 * step);
   s.desk->Chase_Go_Button_Click();
   EXPECT_EQ(s.runtime().Timer1().interval(), 1001);
-  const std::vector<LitWindow> lit = {
-      {100, 500, 50}, {1100, 1600, 100}, {2100, 2600, 150}, {3100, 3600, 200}, {4100, 4600, 50}};
+  // Each level shows from the first ms given up to the second.
+  const std::array<std::array<int, 3>, 5> lit = {
+      {{100, 500, 50}, {1100, 1600, 100}, {2100, 2600, 150}, {3100, 3600, 200}, {4100, 4600, 50}}};
   for (int ms = 1; ms <= 5000; ++ms) {
     s.t.scheduler.advance(1);
-    ASSERT_EQ(s.out(0), expected_at(lit, ms)) << "at " << ms << " ms";
+    int expected = 0;
+    for (const auto& [from, to, level] : lit) expected = ms >= from && ms < to ? level : expected;
+    ASSERT_EQ(s.out(0), expected) << "at " << ms << " ms";
   }
   EXPECT_TRUE(s.runtime().Chase_Running());
 }
