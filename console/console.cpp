@@ -25,7 +25,9 @@
 #include "platform/posix_file_system.h"
 #include "platform/scheduler.h"
 #include "playback/instant_cues.h"
+#include "playback/playback_chases.h"
 #include "playback/playdesk.h"
+#include "playback/run_mode.h"
 #include "sequence/chase_runtime.h"
 #include "sequence/chases.h"
 #include "surface/bcf.h"
@@ -78,6 +80,11 @@ Console::Console(const PlatformServices& services)
                                                 *output_monitor_, *playback_desk_, sinks);
   ChaseRuntime& chase = sequence_desk_->runtime();
   output_cycle_->add_fade([&chase](double now) { chase.sample_output(now); });
+  // The take first: the playback chases crossfade on its level.
+  RunMode& run_mode = playback_desk_->run_mode();
+  output_cycle_->add_fade([&run_mode](double now) { run_mode.sample_output(now); });
+  PlaybackChases& playback_chases = playback_desk_->chases();
+  output_cycle_->add_fade([&playback_chases](double now) { playback_chases.sample_output(now); });
   playback_desk_->set_output_interval([this] { return output_timer_->interval(); });
   cli_ = std::make_unique<CLI>(*context_, *main_desk_, *playback_desk_, services_.num_lock);
   main_desk_->set_cli_key_handler([this](int key_code) { cli_->CLI_Key(key_code); });

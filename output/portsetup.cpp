@@ -60,6 +60,7 @@ void Portsetup::Form_Load() {
   chosen_ = adapter >= 0 && adapter < kAdapterCount ? adapter : 0;
   rate_ = output_timer_.interval();
   smooth_ = context_.output_timing().smooth();
+  smooth_clicked_ = false;
   // Selecting the entry raises the list's own click, and loading runs the
   // handling once more.
   Combo1_Click(chosen_);
@@ -73,6 +74,7 @@ void Portsetup::Refresh() {
   adapter_name_ = kAdapterNames[chosen_];
   rate_ = output_timer_.interval();
   smooth_ = context_.output_timing().smooth();
+  smooth_clicked_ = false;
   lay_out(chosen_);
   show_rate();
   port_option_from_address();
@@ -149,6 +151,7 @@ void Portsetup::lay_out(int adapter) {
 
 void Portsetup::Smooth_Check_Click(bool checked) {
   smooth_ = checked;
+  smooth_clicked_ = true;
   lay_out(chosen_);
 }
 
@@ -232,7 +235,9 @@ void Portsetup::Command1_Click() {
   context_.store().Adapter = static_cast<std::int16_t>(chosen_);
   output_timer_.set_interval(rate_);
   OutputTiming& timing = context_.output_timing();
-  if (smooth_ != timing.smooth() || smooth_ != timing.smooth_setting()) {
+  // Only the operator's click is kept: a box that shows --smooth for this run
+  // saves nothing while it is left alone.
+  if (smooth_clicked_ && (smooth_ != timing.smooth() || smooth_ != timing.smooth_setting())) {
     timing.set_smooth(smooth_, context_.settings());
   }
   context_.store().Project_Changed = true;

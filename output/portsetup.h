@@ -96,6 +96,7 @@ class Portsetup : public Window {
   std::string text2_;
   std::array<ControlState, kControls> controls_{};
   bool smooth_ = false;
+  bool smooth_clicked_ = false;  // since the window opened
 };
 
 }  // namespace lumaris

@@ -73,6 +73,7 @@ void PlaybackChases::enter_step(int q, bool starting) {
   const ChaseRec& chase = context_.store().Chase_Table[q];
   Run& run = runs_[q];
   run.fade_ticks = 0;
+  run.anchor_ms = context_.scheduler().now_ms();
   const double time = chase.Time[run.step];
   for (int k = 0; k < kChaseChannels; ++k) {
     const double data = chase.Data[run.step][k];
@@ -106,6 +107,8 @@ void PlaybackChases::set_step_interval(int q) {
 void PlaybackChases::Timer1_Tick(int q) {
   const ChaseRec& chase = context_.store().Chase_Table[q];
   Run& run = runs_[q];
+  run.hold = run.final_unseen && context_.output_timing().smooth();
+  run.final_unseen = false;
   if (run.step < chase_steps(chase)) {
     ++run.step;
   } else {
@@ -129,28 +132,73 @@ bool PlaybackChases::in_fade(int q) const {
   return runs_[q].fade_ticks < chase.Time[runs_[q].step] * 10 - 1e-9;
 }
 
-void PlaybackChases::Timer3_Tick() {
+bool PlaybackChases::lit(int q) const { return running(q) && (seq_level_[q] >= 1 || seq_level_in_[q] >= 1); }
+
+// During a take the chase crossfades from its level to its incoming level.
+int PlaybackChases::contribution(int q, double level) const {
+  const Store& store = context_.store();
+  const int l = std::clamp(round_half_even(level), 0, 255);
+  if (store.Autotake_Running || store.Take_Manual) {
+    const int x = store.Crossfade_Level;
+    return Level_Scale(l, 255 - x, seq_level_[q], 0, 3) + Level_Scale(l, x, seq_level_in_[q], 0, 3);
+  }
+  return Level_Scale(l, seq_level_[q], 0, 0, 2);
+}
+
+// Highest level wins on each desk channel a chase channel is routed to.
+void PlaybackChases::merge(int q, const std::array<std::int16_t, kChaseChannels>& levels) {
   Store& store = context_.store();
+  const ChaseRec& chase = store.Chase_Table[q];
   auto& out = store.Playback_Seq_Out;
-  out.fill(0);
-  const bool take = store.Autotake_Running || store.Take_Manual;
-  const int x = store.Crossfade_Level;
+  for (int k = 0; k < kChaseChannels; ++k) {
+    const int d = chase.Channels[k];
+    if (d < 0 || d >= kDeskChannels) continue;
+    if (levels[k] > out[d]) out[d] = std::min<std::int16_t>(levels[k], 255);
+  }
+}
+
+void PlaybackChases::Timer3_Tick() {
+  context_.store().Playback_Seq_Out.fill(0);
+  last_mix_ms_ = context_.scheduler().now_ms();
+  std::array<std::int16_t, kChaseChannels> levels{};
   for (int q = 0; q < kStepTimers; ++q) {
-    if (!running(q) || (seq_level_[q] < 1 && seq_level_in_[q] < 1)) continue;
-    const ChaseRec& chase = store.Chase_Table[q];
+    if (!lit(q)) continue;
     Run& run = runs_[q];
     const bool fading = in_fade(q);
     for (int k = 0; k < kChaseChannels; ++k) {
       if (fading) run.level[k] += run.increment[k];
-      const int level = std::clamp(round_half_even(run.level[k]), 0, 255);
-      const int contribution =
-          take ? Level_Scale(level, 255 - x, seq_level_[q], 0, 3) + Level_Scale(level, x, seq_level_in_[q], 0, 3)
-               : Level_Scale(level, seq_level_[q], 0, 0, 2);
-      const int d = chase.Channels[k];
-      if (d < 0 || d >= kDeskChannels) continue;
-      if (contribution > out[d]) out[d] = static_cast<std::int16_t>(std::min(contribution, 255));
+      levels[k] = static_cast<std::int16_t>(contribution(q, run.level[k]));
     }
+    merge(q, levels);
     if (fading) ++run.fade_ticks;
+    run.anchor_ms = last_mix_ms_;
+    run.final_unseen = fading && !in_fade(q);
+    // A held fade end keeps what the frame is still owed, unless a later fade end replaces it.
+    if (!run.hold || run.final_unseen) run.shown = levels;
+  }
+}
+
+void PlaybackChases::sample_output(double now_ms) {
+  context_.store().Playback_Seq_Out.fill(0);
+  const double next_mix_ms = last_mix_ms_ + kMixInterval;
+  std::array<std::int16_t, kChaseChannels> levels{};
+  for (int q = 0; q < kStepTimers; ++q) {
+    Run& run = runs_[q];
+    run.final_unseen = false;
+    if (run.hold) {
+      run.hold = false;
+      merge(q, run.shown);
+      continue;
+    }
+    if (!lit(q)) continue;
+    // A step that began between two ticks fades from its start to the next tick.
+    const double span = next_mix_ms - run.anchor_ms;
+    const double progress = span > 0 ? std::clamp((now_ms - run.anchor_ms) / span, 0.0, 1.0) : 1.0;
+    const double share = in_fade(q) ? progress : 0.0;
+    for (int k = 0; k < kChaseChannels; ++k) {
+      levels[k] = static_cast<std::int16_t>(contribution(q, run.level[k] + run.increment[k] * share));
+    }
+    merge(q, levels);
   }
 }
 

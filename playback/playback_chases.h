@@ -38,6 +38,12 @@ class PlaybackChases {
 
   void Timer1_Tick(int q);
   void Timer3_Tick();
+  // Smooth output: Playback_Seq_Out at `now_ms`, between the mixing ticks. At a
+  // tick's own moment it is what that tick writes; between ticks each fading
+  // channel runs straight towards the next tick's level. A fade's last level no
+  // frame carried before its step moved on, or before its chase ended, is held
+  // for the next frame.
+  void sample_output(double now_ms);
 
   int Seq_Level(int q) const { return valid(q) ? seq_level_[q] : 0; }
   int Seq_Level_In(int q) const { return valid(q) ? seq_level_in_[q] : 0; }
@@ -64,6 +70,11 @@ class PlaybackChases {
     int fade_ticks = 0;  // 100 ms ticks into the step's fade
     std::array<double, kChaseChannels> level{};
     std::array<double, kChaseChannels> increment{};
+    // Smooth output: what the last mixing tick lit, kept while a held fade end waits for a frame.
+    std::array<std::int16_t, kChaseChannels> shown{};
+    double anchor_ms = 0;  // when the levels last moved: a mixing tick or the step's start
+    bool final_unseen = false;  // the last mixing tick wrote a fade's last level, no frame took it yet
+    bool hold = false;
   };
 
   static bool valid(int q) { return q >= 0 && q < kChases; }
@@ -71,6 +82,10 @@ class PlaybackChases {
   void enter_step(int q, bool starting);
   void set_step_interval(int q);
   bool in_fade(int q) const;
+  bool lit(int q) const;
+  // The level chase channel k of chase q adds to Playback_Seq_Out at `level`.
+  int contribution(int q, double level) const;
+  void merge(int q, const std::array<std::int16_t, kChaseChannels>& levels);
 
   DeskContext& context_;
   std::array<std::unique_ptr<Timer>, kStepTimers> timer1_;
@@ -80,6 +95,7 @@ class PlaybackChases {
   std::array<std::int16_t, kChases> seq_speed_{};
   std::array<Run, kChases> runs_{};
   std::function<void()> finished_;
+  double last_mix_ms_ = 0;
 };
 
 }  // namespace lumaris

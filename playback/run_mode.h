@@ -58,6 +58,11 @@ class RunMode {
   void Start_Take_Sequences();
   void Timer2_Tick();
   void Delay_Timer_Tick();
+  // Smooth output: during an automatic take, Crossfade_Level at `now_ms` runs
+  // straight from the last take tick's level to the next's, so the mix moves at
+  // every frame. The take itself still advances on its own ticks; a pause keeps
+  // the level the frame showed.
+  void sample_output(double now_ms);
 
   // What the operator sees.
   int Run_Crossfade() const { return crossfader_; }
@@ -127,6 +132,10 @@ class RunMode {
   int fade_ticks_ = 0;
   int fade_step_ = 0;
   int delay_count_ = 0;
+  // Smooth output: when the take last ticked and the level it left.
+  double take_tick_ms_ = 0;
+  int take_tick_level_ = 0;
+  bool take_sampled_ = false;  // Crossfade_Level holds a level between two take ticks
   std::string fade_time_text_;
   Side side_a_;
   Side side_b_;

@@ -75,7 +75,7 @@ void ChaseRuntime::Start_Chase() {
   timer1_->set_enabled(true);
   timer2_->set_enabled(true);
   next_tick_ms_ = context_.scheduler().now_ms() + kLevelInterval;
-  final_unseen_ = hold_final_ = false;
+  final_unseen_ = hold_final_ = clear_after_hold_ = false;
   step_began();
 }
 
@@ -188,11 +188,16 @@ void ChaseRuntime::Fade_Tick() {
 }
 
 void ChaseRuntime::sample_output(double now_ms) {
-  if (!running_) return;
   if (hold_final_) {
     // Chase_Out still carries the end of the fade the step timer cut short.
     hold_final_ = false;
     anchor_ms_ = now_ms;
+    return;
+  }
+  if (!running_) {
+    // A chase that ended on its last pass went dark once a frame had taken its last level.
+    if (clear_after_hold_) clear_output();
+    clear_after_hold_ = false;
     return;
   }
   final_unseen_ = false;
@@ -217,7 +222,12 @@ void ChaseRuntime::Stop_Chase(bool from_button) {
   live_mode_enabled_ = true;
   desk_.loop_times_txt_ = std::to_string(desk_.loop_times_);
   if (live_mode_sel_) live_output_ = true;
-  clear_output();
+  // A chase ending on its own keeps the last level of its fade for one more frame.
+  clear_after_hold_ = hold_final_ && !from_button && !live_output_;
+  if (!clear_after_hold_) {
+    hold_final_ = false;
+    clear_output();
+  }
   desk_.Show_Step();
 }
 

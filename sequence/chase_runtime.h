@@ -93,6 +93,7 @@ class ChaseRuntime {
   double next_tick_ms_ = 0;
   bool final_unseen_ = false;  // the fade's last level is written, no frame took it yet
   bool hold_final_ = false;
+  bool clear_after_hold_ = false;  // the chase has ended; clear once the held frame went out
   bool saved_global_speed_ = false;
   bool saved_global_fade_ = false;
 

@@ -1,10 +1,14 @@
-// A 5 s 0 -> 255 fade on the sequence desk, run on virtual time and read off
-// the Art-Net wire, for smooth output off and on at two refresh rates, across
-// the phases of the output, Art-Net and chase timers. Prints figures only.
+// A 5 s 0 -> 255 fade, run on virtual time and read off the Art-Net wire, for
+// smooth output off and on at two refresh rates, across the phases of the
+// output, Art-Net and fade timers. Three fades: a chase on the sequence desk, a
+// chase played from a playback desk button, and a run-mode take. Prints
+// figures only.
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <functional>
 #include <set>
 #include <vector>
 
@@ -12,6 +16,9 @@
 #include "core/desk_context.h"
 #include "net/art_config.h"
 #include "net/art_net_node.h"
+#include "playback/playback_panel.h"
+#include "playback/playdesk.h"
+#include "playback/run_mode.h"
 #include "sequence/chase_runtime.h"
 #include "sequence/chases.h"
 #include "tests/support/fake_udp.h"
@@ -59,33 +66,91 @@ FadeFigures measure(const std::vector<int>& levels) {
   return f;
 }
 
-FadeFigures run_once(bool smooth, int refresh_ms, int art_phase, int chase_phase) {
+enum class Fade { SequenceChase, PlaybackChase, Take };
+
+const char* fade_name(Fade fade) {
+  switch (fade) {
+    case Fade::SequenceChase: return "sequence chase";
+    case Fade::PlaybackChase: return "playback chase";
+    case Fade::Take: return "run-mode take";
+  }
+  return "";
+}
+
+// Step 1 dark for 1 s, step 2 fading channel 1 to full over 5 s.
+void write_fade_chase(ChaseRec& chase) {
+  chase.Steps = 2;
+  chase.Speed[1] = chase.Time[1] = 1.0;
+  chase.Speed[2] = chase.Time[2] = 5.0;
+  chase.Channels[0] = 0;
+  chase.Data[1][0] = 0;
+  chase.Data[2][0] = 255;
+  chase.Fade[2][0] = kChaseFade;
+}
+
+// Sets the fade up and returns what starts it.
+std::function<void()> prepare(Fade fade, Console& console, Store& store) {
+  switch (fade) {
+    case Fade::SequenceChase: {
+      Chases& desk = console.sequence_desk();
+      desk.Show();
+      write_fade_chase(store.Chase_Table[desk.Cur_Chase()]);
+      desk.Refresh_Desk();
+      return [&desk] { desk.Chase_Go_Button_Click(); };
+    }
+    case Fade::PlaybackChase: {
+      Playdesk& desk = console.playback_desk();
+      desk.Show();
+      write_fade_chase(store.Chase_Table[3]);
+      ButtonFunction& button = store.Button_Functions[4];
+      button = ButtonFunction{};
+      button.Function = kFunctionSequence;
+      button.Value = 3;
+      button.Level = 255;
+      button.Latch = true;
+      return [&desk] {
+        desk.panel().Button_Press(4, MouseButton::Left);
+        desk.panel().Button_Release(4, MouseButton::Left);
+      };
+    }
+    case Fade::Take: {
+      Playdesk& desk = console.playback_desk();
+      desk.Show();
+      for (int n = 1; n <= 2; ++n) {
+        store.Screens[n].Time = 5;
+        store.Screens[n].Next = static_cast<std::int16_t>(n + 1);
+      }
+      store.Screens[2].Preset[0] = 255;
+      store.Screen_Count = 3;
+      desk.run_mode().Run_Switch_Click();
+      return [&desk] { desk.run_mode().Run_Autotake_Click(); };
+    }
+  }
+  return {};
+}
+
+std::vector<int> run_levels(Fade fade, bool smooth, int refresh_ms, int art_phase, int fade_phase) {
   FakeUdp udp;
   TestConsole t;
   t.services.art_socket = &udp;
   Console& console = t.build();
   if (smooth) console.context().output_timing().set_run_smooth(true);
   console.output_cycle().Timer1().set_interval(refresh_ms);
-
-  Chases& desk = console.sequence_desk();
-  desk.Show();
-  ChaseRec& chase = t.store().Chase_Table[desk.Cur_Chase()];
-  chase.Steps = 2;
-  chase.Speed[1] = chase.Time[1] = 1.0;
-  chase.Speed[2] = chase.Time[2] = 5.0;
-  chase.Data[1][0] = 0;
-  chase.Data[2][0] = 255;
-  chase.Fade[2][0] = kChaseFade;
-  desk.Refresh_Desk();
+  const std::function<void()> start = prepare(fade, console, t.store());
 
   t.scheduler.advance(art_phase);
   console.main_desk().Menu_Click("Art_setup");
   console.art_config().Button1_Click(0);
-  t.scheduler.advance(chase_phase);
+  t.scheduler.advance(fade_phase);
   udp.clear_sent();
-  desk.Chase_Go_Button_Click();
+  t.scheduler.advance(200);  // dark frames before the fade
+  start();
   t.scheduler.advance(7500);
-  return measure(slot1_levels(udp));
+  return slot1_levels(udp);
+}
+
+FadeFigures run_once(Fade fade, bool smooth, int refresh_ms, int art_phase, int fade_phase) {
+  return measure(run_levels(fade, smooth, refresh_ms, art_phase, fade_phase));
 }
 
 struct Row {
@@ -96,11 +161,11 @@ struct Row {
   int final_missed = 0;
 };
 
-void report(bool smooth, int refresh_ms) {
+void report(Fade fade, bool smooth, int refresh_ms) {
   Row row;
   for (int art_phase = 0; art_phase < 100; art_phase += 10) {
-    for (int chase_phase = 0; chase_phase < 100; chase_phase += 9) {
-      const FadeFigures f = run_once(smooth, refresh_ms, art_phase, chase_phase);
+    for (int fade_phase = 0; fade_phase < 100; fade_phase += 9) {
+      const FadeFigures f = run_once(fade, smooth, refresh_ms, art_phase, fade_phase);
       if (!f.found) continue;
       ++row.runs;
       row.distinct_min = std::min(row.distinct_min, f.distinct);
@@ -111,7 +176,7 @@ void report(bool smooth, int refresh_ms) {
       if (!f.final_sent) ++row.final_missed;
     }
   }
-  std::printf("| %-3s | %3d ms | %5d | %3d-%-3d | %2d | %2d-%-2d | %3d of %d |\n",
+  std::printf("| %s | %-3s | %3d ms | %5d | %3d-%-3d | %2d | %2d-%-2d | %3d of %d |\n", fade_name(fade),
               smooth ? "on" : "off", refresh_ms, row.runs, row.distinct_min, row.distinct_max,
               row.jump_max, row.repeated_min, row.repeated_max, row.final_missed, row.runs);
 }
@@ -119,13 +184,25 @@ void report(bool smooth, int refresh_ms) {
 }  // namespace
 }  // namespace lumaris
 
-int main() {
-  std::printf("5 s 0 -> 255 fade on the sequence desk, Art-Net slot 1, 120 timer phases each\n\n");
-  std::printf("| smooth | refresh | fades | distinct levels | largest jump | repeated frames "
+// With arguments FADE(0-2) SMOOTH(0/1) REFRESH ART_PHASE FADE_PHASE: the levels of one run.
+int main(int argc, char** argv) {
+  using lumaris::Fade;
+  if (argc == 6) {
+    for (const int level : lumaris::run_levels(static_cast<Fade>(std::atoi(argv[1])), std::atoi(argv[2]) != 0,
+                                               std::atoi(argv[3]), std::atoi(argv[4]), std::atoi(argv[5]))) {
+      std::printf("%d ", level);
+    }
+    std::printf("\n");
+    return 0;
+  }
+  std::printf("5 s 0 -> 255 fades, Art-Net slot 1, 120 timer phases each\n\n");
+  std::printf("| fade | smooth | refresh | fades | distinct levels | largest jump | repeated frames "
               "| 255 never sent |\n");
-  std::printf("| --- | --- | --- | --- | --- | --- | --- |\n");
-  for (const bool smooth : {false, true}) {
-    for (const int refresh : {70, 23}) lumaris::report(smooth, refresh);
+  std::printf("| --- | --- | --- | --- | --- | --- | --- | --- |\n");
+  for (const Fade fade : {Fade::SequenceChase, Fade::PlaybackChase, Fade::Take}) {
+    for (const bool smooth : {false, true}) {
+      for (const int refresh : {70, 23}) lumaris::report(fade, smooth, refresh);
+    }
   }
   return 0;
 }

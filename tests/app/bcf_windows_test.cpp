@@ -6,19 +6,11 @@
 
 #include "app/bcf_configure_window.h"
 #include "app/bcf_window.h"
-#include "app/desk_app.h"
 #include "core/main_desk.h"
+#include "tests/app/app_windows.h"
 #include "tests/support/fake_midi.h"
 
 namespace lumaris {
-
-template <typename W>
-W* find_window(DeskApp& app, const std::string& name) {
-  for (const auto& w : app.windows()) {
-    if (w->name() == name) return static_cast<W*>(w.get());
-  }
-  return nullptr;
-}
 
 TEST(BcfWindows, ConnectFromTheSetupThenPlayAFaderAndStepTheMode) {
   FakeMidi midi;
@@ -28,27 +20,25 @@ TEST(BcfWindows, ConnectFromTheSetupThenPlayAFaderAndStepTheMode) {
   DeskApp app(services);
   app.start();
   app.handle([&] { app.console().main_desk().Menu_Click("BCF2000_setup"); });
-  auto* setup = find_window<BcfConfigureWindow>(app, "BCF_configure");
-  auto* control = find_window<BcfWindow>(app, "BCF");
-  ASSERT_NE(setup, nullptr);
-  ASSERT_NE(control, nullptr);
-  EXPECT_TRUE(setup->isVisible());
-  EXPECT_EQ(setup->windowTitle(), QStringLiteral("BCF Setup"));
+  auto& setup = window_named<BcfConfigureWindow>(app, "BCF_configure");
+  auto& control = window_named<BcfWindow>(app, "BCF");
+  EXPECT_TRUE(setup.isVisible());
+  EXPECT_EQ(setup.windowTitle(), QStringLiteral("BCF Setup"));
 
-  setup->Command1()->click();
-  EXPECT_EQ(setup->Text1()->text(), QStringLiteral(" Connection Made"));
-  EXPECT_FALSE(control->isVisible());
-  setup->Command2()->click();
-  ASSERT_TRUE(control->isVisible());
-  EXPECT_EQ(control->Text3()->text(), QStringLiteral(" Main Desk"));
-  EXPECT_FALSE(control->Pannel_Dec()->isEnabled());
+  setup.Command1()->click();
+  EXPECT_EQ(setup.Text1()->text(), QStringLiteral(" Connection Made"));
+  EXPECT_FALSE(control.isVisible());
+  setup.Command2()->click();
+  ASSERT_TRUE(control.isVisible());
+  EXPECT_EQ(control.Text3()->text(), QStringLiteral(" Main Desk"));
+  EXPECT_FALSE(control.Pannel_Dec()->isEnabled());
 
-  midi.deliver({0xB0, 81, 100});  // fader 1 at 100: level 200
+  midi.deliver({0xB0, 81, 100});  // fader 1 at 100: level 200, once the event loop runs
   QCoreApplication::processEvents();
   EXPECT_EQ(app.console().store().Desk_Level[0], 200);
 
-  control->Pannel_Inc()->click();
-  EXPECT_EQ(control->Text3()->text(), QStringLiteral(" Playback Desk"));
+  control.Pannel_Inc()->click();
+  EXPECT_EQ(control.Text3()->text(), QStringLiteral(" Playback Desk"));
   app.console().shutdown();
 }
 

@@ -2,37 +2,25 @@
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <stdexcept>
 
 #include "app/chases_window.h"
-#include "app/desk_app.h"
 #include "app/main_desk_window.h"
 #include "core/main_desk.h"
 #include "sequence/chases.h"
+#include "tests/app/app_windows.h"
 
 namespace lumaris {
 namespace {
 
-class DeskAppRefreshTest : public ::testing::Test {
+class DeskAppRefreshTest : public DeskAppTest {
  protected:
-  DeskAppRefreshTest() {
-    app.start();
-    app.show_main_window();
-  }
-  Store& store() { return app.console().store(); }
   MainDeskWindow& desk() { return app.main_window(); }
-  ChasesWindow& chases() {
-    for (const auto& window : app.windows()) {
-      if (window->name() == "Chases") return static_cast<ChasesWindow&>(*window);
-    }
-    throw std::logic_error("no sequence desk window");
-  }
+  ChasesWindow& chases() { return window_named<ChasesWindow>(app, "Chases"); }
   // Runs `work` the way a timer's tick runs.
   template <typename Work>
   void tick(Work work) {
     app.scheduler().run_event(work, &tick_source_);
   }
-  DeskApp app;
 
  private:
   int tick_source_ = 0;
@@ -59,10 +47,13 @@ TEST_F(DeskAppRefreshTest, ATickThatChangesNothingShownSkipsTheWalkAndOneThatDoe
 
   tick([&] {
     store().Desk_Level[7] = 90;
+    store().Fader_Names[7].Desc = store().Fader_Names[7].Name = "Cyc";
     app.console().main_desk().Refresh_Desk_Panel();
   });
   EXPECT_EQ(desk().Text1(7)->text(), QStringLiteral("90"));
   EXPECT_EQ(desk().Slider1(7)->value(), 90);
+  EXPECT_EQ(desk().Text3(7)->text(), QStringLiteral("Cyc"));
+  EXPECT_EQ(desk().Text3(7)->toolTip(), QStringLiteral(" Ch 8 Cyc"));
   EXPECT_EQ(desk().Status()->text(), status) << "a changed window is walked in full";
   EXPECT_EQ(app.walks(), walks + 1) << "only the window that changed is walked";
 }

@@ -5,31 +5,24 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "app/desk_app.h"
 #include "app/main_desk_window.h"
+#include "tests/app/app_windows.h"
 
 namespace lumaris {
 namespace {
 
-class MainDeskWindowTest : public ::testing::Test {
+class MainDeskWindowTest : public DeskAppTest {
  protected:
-  MainDeskWindowTest() {
-    app.start();
-    app.show_main_window();
-  }
-  Store& store() { return app.console().store(); }
   MainDeskWindow& window() { return app.main_window(); }
-  DeskApp app;
 };
 
-TEST_F(MainDeskWindowTest, FaderButtonsAndKeysOnScreenReachTheModel) {
+TEST_F(MainDeskWindowTest, FadersButtonsKeysAndClicksOnScreenReachTheModelForTheShownPage) {
   window().Slider1(4)->setValue(200);  // on screen the fader holds the level
   EXPECT_EQ(store().Desk_Level[4], 200);
   EXPECT_EQ(window().Text1(4)->text(), QStringLiteral("200"));
   QTest::mouseClick(window().Command1(2), Qt::LeftButton);
   EXPECT_EQ(store().Desk_Level[2], 255);
   QTest::mouseClick(window().Inc_Channel(), Qt::LeftButton);
-  EXPECT_EQ(store().Fader_Page, 1);
   EXPECT_FALSE(window().Inc_Channel()->isEnabled());
   EXPECT_EQ(window().Status()->text(), QStringLiteral(" Faders  1 Selected"));
   EXPECT_EQ(window().Text3(0)->text(), QStringLiteral("33"));
@@ -39,24 +32,8 @@ TEST_F(MainDeskWindowTest, FaderButtonsAndKeysOnScreenReachTheModel) {
   QTest::keyClick(window().Slider1(0), Qt::Key_5, Qt::KeypadModifier);
   QTest::keyClick(window().Slider1(0), Qt::Key_Enter, Qt::KeypadModifier);
   EXPECT_EQ(keys, (std::vector<int>{101, 13}));
-}
 
-TEST_F(MainDeskWindowTest, ModelChangesReachTheWidgetsAndAbsentWindowsAreDisabled) {
-  app.handle([&] {
-    store().Desk_Level[7] = 90;
-    store().Fader_Names[7].Desc = "Cyc";
-    store().Fader_Names[7].Name = "Cyc";
-    app.console().main_desk().Refresh_Desk_Panel();
-  });
-  EXPECT_EQ(window().Slider1(7)->value(), 90);
-  EXPECT_EQ(window().Text3(7)->text(), QStringLiteral("Cyc"));
-  EXPECT_EQ(window().Text3(7)->toolTip(), QStringLiteral(" Ch 8 Cyc"));
-  EXPECT_TRUE(window().menu_action("BCF2000_setup")->isEnabled());
-  EXPECT_TRUE(window().menu_action("editpatch")->isEnabled());
-}
-
-TEST_F(MainDeskWindowTest, DoubleClickAndRightPressOpenTheChannelOfTheShownPage) {
-  QTest::mouseClick(window().Inc_Channel(), Qt::LeftButton);
+  // A double click or a right press opens the channel of the strip on the page shown.
   QTest::mouseDClick(window().Text1(3), Qt::LeftButton);
   EXPECT_EQ(store().Edit_Channel, 35) << "page 1 strip 3 is channel 36";
   QTest::mousePress(window().Slider1(5), Qt::RightButton);

@@ -1,62 +1,44 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTest>
 
-#include "app/desk_app.h"
 #include "app/main_desk_window.h"
 #include "app/output_monitor_window.h"
 #include "app/patch_editor_window.h"
 #include "app/widgets/prog_bar_widget.h"
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
+#include "tests/app/app_windows.h"
 
 namespace lumaris {
 namespace {
 
-template <typename W>
-W& window_named(DeskApp& app, const std::string& name) {
-  for (const auto& window : app.windows()) {
-    if (window->name() == name) return dynamic_cast<W&>(*window);
-  }
-  throw std::runtime_error("no window " + name);
-}
+using PatchAndMonitorWindows = DeskAppTest;
 
-void type(QWidget* widget, const QString& text) {
-  widget->setFocus();
-  for (const QChar c : text) {
-    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-    QApplication::sendEvent(widget, &press);
-  }
-}
-
-TEST(PatchEditorWindow, TypedPatchIsStoredAndPagingRedrawsTheBoxes) {
-  DeskApp app;
-  app.start();
+TEST_F(PatchAndMonitorWindows, TypedPatchIsStoredAndPagingRedrawsTheBoxes) {
   auto& window = window_named<PatchEditorWindow>(app, "editpatchlist");
   app.handle([&] { app.console().main_desk().Menu_Click("editpatch"); });
   ASSERT_TRUE(window.isVisible());
   EXPECT_EQ(window.Text1(0)->text(), QStringLiteral("1"));
 
   window.Text1(0)->selectAll();
-  type(window.Text1(0), QStringLiteral("12"));
+  QTest::keyClicks(window.Text1(0), QStringLiteral("12"));
   window.Update()->click();
-  EXPECT_EQ(app.console().store().Patch[0], 12);
+  EXPECT_EQ(store().Patch[0], 12);
   EXPECT_EQ(app.main_window().Status()->text(), QStringLiteral(" Patches Updated"));
 
-  app.console().store().Patch[32] = 40;
+  store().Patch[32] = 40;
   window.Pannel_Inc()->click();
   EXPECT_EQ(window.Text1(0)->text(), QStringLiteral("40"));
   EXPECT_EQ(window.Text1(0)->toolTip(), QStringLiteral(" Select Desh Channel for DMX ch33"));
 }
 
-TEST(OutputMonitorWindow, BarsRepaintOnlyWhenTheFrameChanges) {
-  DeskApp app;
-  app.start();
+TEST_F(PatchAndMonitorWindows, MonitorBarsRepaintOnlyWhenTheFrameChanges) {
   auto& window = window_named<OutputMonitorWindow>(app, "Realout");
   app.handle([&] { app.console().main_desk().Command22_Click(); });
   ASSERT_TRUE(window.isVisible());

@@ -7,21 +7,17 @@
 #include <QRadioButton>
 #include <QScrollBar>
 
-#include "app/desk_app.h"
 #include "app/portsetup_window.h"
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
+#include "tests/app/app_windows.h"
 
 namespace lumaris {
 
 TEST(PortsetupWindow, OperatorChoicesReachTheDeskAndTheModelReachesTheWidgets) {
   DeskApp app;
   app.start();
-  PortsetupWindow* window = nullptr;
-  for (const auto& w : app.windows()) {
-    if (w->name() == "Portsetup") window = static_cast<PortsetupWindow*>(w.get());
-  }
-  ASSERT_NE(window, nullptr);
+  auto* window = &window_named<PortsetupWindow>(app, "Portsetup");
   app.handle([&] { app.console().main_desk().Menu_Click("port_setup"); });
   EXPECT_TRUE(window->widget()->isVisible());
   EXPECT_FALSE(window->HScroll1()->isVisibleTo(window->widget()));  // None

@@ -72,6 +72,10 @@ run_until_running "$lumaris" --headless --artnet-target 127.0.0.1
 grep -qx "destination=127.0.0.2" "$conf" || fail "the kept destination changed"
 if grep -qs "127.0.0.1" "$conf"; then fail "--artnet-target was saved over the kept one"; fi
 
+# --smooth and --refresh-ms are for this run too: nothing of them is kept.
+run_until_running "$lumaris" --headless --smooth --refresh-ms 23
+if grep -qs "smooth" "$conf"; then fail "--smooth was saved"; fi
+
 # A broadcast address is one no node answers on: refused before anything is sent.
 for broadcast in 255.255.255.255 10.255.255.255 2.255.255.255; do
   expect_exit 2 "$lumaris" --headless --artnet-target "$broadcast"

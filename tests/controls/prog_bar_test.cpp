@@ -1,39 +1,35 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "controls/prog_bar.h"
 
 namespace lumaris {
 namespace {
 
-TEST(ProgBar, ValueIsKeptWithinTheRangeAndRangeChangesPullItIn) {
+TEST(ProgBar, ValueIsKeptWithinTheRangeAndAnEmptyOrInvertedRangeShowsNoBar) {
   ProgBar bar;
+  const auto shows = [&bar](int value, double fraction) {
+    EXPECT_EQ(bar.Value(), value);
+    EXPECT_NEAR(bar.filled_fraction(), fraction, 1e-12) << "at value " << value;
+  };
   bar.set_Value(150);
-  EXPECT_EQ(bar.Value(), 100);
-  EXPECT_DOUBLE_EQ(bar.filled_fraction(), 1.0);
+  shows(100, 1.0);
   bar.set_Value(-5);
-  EXPECT_EQ(bar.Value(), 0);
-  EXPECT_DOUBLE_EQ(bar.filled_fraction(), 0.0);
+  shows(0, 0.0);
   bar.set_Value(20);
-  bar.set_Min(30);
-  EXPECT_EQ(bar.Value(), 30);
+  bar.set_Min(30);  // a new range pulls the value in
+  shows(30, 0.0);
   bar.set_Value(90);
   bar.set_Max(60);
-  EXPECT_EQ(bar.Value(), 60);
+  shows(60, 1.0);
   bar.set_Value(45);
-  EXPECT_DOUBLE_EQ(bar.filled_fraction(), 0.5);  // 15 of 30 units
+  shows(45, 0.5);  // 15 of 30 units
   bar.set_Value(31);
-  EXPECT_NEAR(bar.filled_fraction(), 1.0 / 30, 1e-12);
-}
-
-TEST(ProgBar, EmptyOrInvertedRangeShowsNoBar) {
-  ProgBar bar;
+  shows(31, 1.0 / 30);
   bar.set_Max(40);
-  bar.set_Min(40);
-  EXPECT_EQ(bar.Value(), 40);
-  EXPECT_DOUBLE_EQ(bar.filled_fraction(), 0.0);
-  bar.set_Min(70);
-  EXPECT_EQ(bar.Value(), 70);
-  EXPECT_DOUBLE_EQ(bar.filled_fraction(), 0.0);
+  bar.set_Min(70);  // Min above Max: the value sits at Min
+  shows(70, 0.0);
 }
 
 TEST(ProgBar, OnlyRealChangesCountAsRevisions) {
@@ -62,16 +58,11 @@ TEST(ProgBar, SettingsRoundTripAndMissingOnesTakeTheDefaults) {
   EXPECT_EQ(bag.at("Vertical"), -1);
   ProgBar copy;
   copy.load(bag);
-  EXPECT_EQ(copy.BackColor(), 0x112233u);
-  EXPECT_EQ(copy.BarColor(), 0x8000000Du);
-  EXPECT_TRUE(copy.Vertical());
-  EXPECT_EQ(copy.Min(), 5);
-  EXPECT_EQ(copy.Value(), 77);
-  EXPECT_EQ(copy.BorderStyle(), 0);
+  EXPECT_EQ(std::tuple(copy.BackColor(), copy.BarColor(), copy.Vertical(), copy.Min(), copy.Value(),
+                       copy.BorderStyle()),
+            std::tuple(0x112233u, 0x8000000Du, true, 5, 77, 0));
   copy.load(PropertyBag{{"Max", 10}, {"Value", 70}});
-  EXPECT_FALSE(copy.Vertical());
-  EXPECT_EQ(copy.Value(), 10);
-  EXPECT_EQ(copy.BackColor(), 0x8000000Fu);
+  EXPECT_EQ(std::tuple(copy.Vertical(), copy.Value(), copy.BackColor()), std::tuple(false, 10, 0x8000000Fu));
 }
 
 }  // namespace

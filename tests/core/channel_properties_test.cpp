@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/channel_properties.h"
 #include "core/main_desk.h"
 #include "tests/support/test_console.h"
@@ -27,16 +29,16 @@ struct ChannelPropertiesTest : ::testing::Test {
 TEST_F(ChannelPropertiesTest, ShowsTheRecordAndStoresTheInverseFollowFlags) {
   store().Fader_Names[9] = {"Front spot left", "Spot", "255", true, false};
   open(9);
-  EXPECT_EQ(properties->Show_Channel(), "10");
-  EXPECT_EQ(properties->Show_Name(), "Spot");
-  EXPECT_EQ(properties->Channel_Description(), "Front spot left");
+  EXPECT_EQ(std::tuple(properties->Show_Channel(), properties->Show_Name(),
+                       properties->Channel_Description()),
+            std::tuple("10", "Spot", "Front spot left"));
   EXPECT_EQ(properties->colour_bx(), Paint(kRed));
-  EXPECT_FALSE(properties->Main_F());  // exempt: does not follow the Main fader
-  EXPECT_TRUE(properties->Cross_F());
+  // The boxes say "follows the Main fader / the crossfade": the inverse of the exemption flags.
+  EXPECT_EQ(std::tuple(properties->Main_F(), properties->Cross_F()), std::tuple(false, true));
   properties->Main_F_Click(true);
   properties->Cross_F_Click(false);
-  EXPECT_FALSE(store().Fader_Names[9].Main_F);
-  EXPECT_TRUE(store().Fader_Names[9].Cross_F);
+  EXPECT_EQ(std::tuple(store().Fader_Names[9].Main_F, store().Fader_Names[9].Cross_F),
+            std::tuple(false, true));
   EXPECT_TRUE(store().Project_Changed);
   properties->OK_Click();
   EXPECT_FALSE(properties->visible());
@@ -55,7 +57,7 @@ TEST_F(ChannelPropertiesTest, ListsTheSixLowestSlotsAndPagingStopsAtTheEnds) {
 
   open(0);
   properties->Pannel_Dec_Click();
-  EXPECT_EQ(store().Edit_Channel, 0);
+  EXPECT_EQ(store().Edit_Channel, 0) << "paging stops at both ends";
   open(63);
   EXPECT_FALSE(properties->Pannel_Inc_enabled());
   properties->Pannel_Inc_Click();
@@ -64,7 +66,7 @@ TEST_F(ChannelPropertiesTest, ListsTheSixLowestSlotsAndPagingStopsAtTheEnds) {
   EXPECT_EQ(properties->Show_Channel(), "63");
 }
 
-TEST_F(ChannelPropertiesTest, AFiveCharacterNameIsCutToFourCharactersAfterTheWarning) {
+TEST_F(ChannelPropertiesTest, NameDescriptionAndColourReachTheDeskAndAFifthCharacterIsCutAfterAWarning) {
   open(2);
   properties->Show_Name_Change("Äöüß");  // 4 characters, 8 bytes
   EXPECT_TRUE(t.dialogs.messages().empty());
@@ -72,14 +74,12 @@ TEST_F(ChannelPropertiesTest, AFiveCharacterNameIsCutToFourCharactersAfterTheWar
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   EXPECT_EQ(t.dialogs.messages()[0].title, " Text too long");
   EXPECT_EQ(t.dialogs.messages()[0].text, " Text must be 4 Chars max");
-  EXPECT_EQ(properties->Show_Name(), "Wash");
-  EXPECT_EQ(store().Fader_Names[2].Name, "Wash");
-  EXPECT_EQ(strip(2).Text3, "Wash");  // the main desk panel was redrawn
+  EXPECT_EQ(std::tuple(properties->Show_Name(), store().Fader_Names[2].Name, strip(2).Text3),
+            std::tuple("Wash", "Wash", "Wash"))
+      << "the main desk panel was redrawn";
   properties->Show_Name_Change("Grün€");
   EXPECT_EQ(store().Fader_Names[2].Name, "Grün");
-}
 
-TEST_F(ChannelPropertiesTest, DescriptionAndColourReachTheDesk) {
   open(4);
   store().Project_Changed = false;
   properties->Channel_Description_Change("Cyc blue");
@@ -100,9 +100,7 @@ TEST_F(ChannelPropertiesTest, DescriptionAndColourReachTheDesk) {
 TEST_F(ChannelPropertiesTest, FaderAndMainDeskFollowEachOther) {
   open(5);
   properties->Slider1_Change(55);  // level 200
-  EXPECT_EQ(store().Desk_Level[5], 200);
-  EXPECT_EQ(strip(5).Slider1, 55);
-  EXPECT_EQ(strip(5).Text1, "200");
+  EXPECT_EQ(std::tuple(store().Desk_Level[5], strip(5).Slider1, strip(5).Text1), std::tuple(200, 55, "200"));
   t.console->main_desk().Command1_Click(5);
   EXPECT_EQ(properties->Slider1(), 0);
 

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
+#include "console/output_cycle.h"
 #include "core/main_desk.h"
 #include "core/surface_feedback.h"
-#include "console/output_cycle.h"
+#include "playback/playback_panel.h"
+#include "playback/playdesk.h"
 #include "tests/support/test_console.h"
 
 namespace lumaris {
@@ -29,10 +33,9 @@ TEST_F(MainDeskTest, FadersButtonsAndPagingWorkOnTheShownPageAndClearTheWholeDes
   desk().Inc_Channel_Click();
   EXPECT_EQ(desk().Status(), " Faders  1 Selected");
   const ChannelStrip& strip = desk().strips()[0];
-  EXPECT_EQ(strip.Text3, "Spot");
-  EXPECT_EQ(strip.Text3_colour, (Paint{Rgb{255, 0, 0}}));
-  EXPECT_EQ(strip.Text1_colour, (Paint{Rgb{255, 0, 0}}));
-  EXPECT_EQ(strip.Text3_tooltip, " Ch 33 Follow spot");
+  EXPECT_EQ(std::tie(strip.Text3, strip.Text3_tooltip), std::tuple("Spot", " Ch 33 Follow spot"));
+  EXPECT_EQ(std::tie(strip.Text3_colour, strip.Text1_colour),
+            std::tuple(Paint{Rgb{255, 0, 0}}, Paint{Rgb{255, 0, 0}}));
   EXPECT_EQ(strip.Slider1, 255 - 17);
   desk().Command1_Click(0);
   EXPECT_EQ(store().Desk_Level[32], 255) << "page 1 strip 0 is channel 33";
@@ -49,9 +52,8 @@ TEST_F(MainDeskTest, FadersButtonsAndPagingWorkOnTheShownPageAndClearTheWholeDes
 
   store().Desk_Level[40] = 90;  // a channel of the page not on show
   desk().Clearall_Click();
-  EXPECT_EQ(store().Desk_Level[4], 0);
-  EXPECT_EQ(store().Desk_Level[40], 0);
-  EXPECT_EQ(desk().strips()[4].Slider1, 255);
+  EXPECT_EQ(std::tuple(store().Desk_Level[4], store().Desk_Level[40], desk().strips()[4].Slider1),
+            std::tuple(0, 0, 255));
   EXPECT_EQ(desk().Status(), " Desk Cleared ");
 }
 
@@ -59,8 +61,7 @@ TEST_F(MainDeskTest, ResetDeskAsksWithCancelAsDefaultThenRestoresTheStartUpDesk)
   const auto expect_start_up_panel = [this] {
     EXPECT_EQ(desk().strips()[4].Slider1_tooltip, "level on channel 5");
     EXPECT_EQ(desk().strips()[4].Text3_tooltip, " Ch 5 5");
-    EXPECT_EQ(desk().Submix_Text(), " ");
-    EXPECT_EQ(desk().Text9(), "1");
+    EXPECT_EQ(std::tuple(desk().Submix_Text(), desk().Text9()), std::tuple(" ", "1"));
   };
   expect_start_up_panel();
   store().Patch[0] = 9;
@@ -79,17 +80,16 @@ TEST_F(MainDeskTest, ResetDeskAsksWithCancelAsDefaultThenRestoresTheStartUpDesk)
   desk().resetdesk_Click();  // default answer: Cancel
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   const MessageBoxSpec& box = t.dialogs.messages()[0];
-  EXPECT_EQ(box.title, " Reset Desk");
-  EXPECT_EQ(box.text, "All Current Information will Be Lost Are You Sure ");
+  EXPECT_EQ(std::tie(box.title, box.text),
+            std::tuple(" Reset Desk", "All Current Information will Be Lost Are You Sure "));
   EXPECT_EQ(box.default_button, MessageResult::Cancel);
   EXPECT_EQ(store().Patch[0], 9) << "cancel changes nothing";
 
   t.dialogs.answer_message(MessageResult::Ok);
   desk().resetdesk_Click();
-  EXPECT_EQ(store().Patch[0], 1);
-  EXPECT_EQ(store().Patch[31], 32);
-  EXPECT_EQ(store().Patch[32], 0) << "reset patches 32 slots";
-  EXPECT_EQ(store().Patch[40], 0);
+  EXPECT_EQ(std::tuple(store().Patch[0], store().Patch[31], store().Patch[32], store().Patch[40]),
+            std::tuple(1, 32, 0, 0))
+      << "reset patches 32 slots";
   EXPECT_TRUE(store().Submix[3].Name.empty());
   EXPECT_EQ(store().Fader_Names[4].Desc, "5");
   EXPECT_FALSE(store().Project_Changed);
@@ -97,8 +97,7 @@ TEST_F(MainDeskTest, ResetDeskAsksWithCancelAsDefaultThenRestoresTheStartUpDesk)
   EXPECT_EQ(store().Project_Title, "untitled");
   EXPECT_FALSE(store().Playback_Button_State[2]);
   EXPECT_EQ(store().Playback_Fader_Level[1], 0);
-  EXPECT_EQ(desk().channels_value(), 0);
-  EXPECT_EQ(desk().submix_master_value(), 255);
+  EXPECT_EQ(std::tuple(desk().channels_value(), desk().submix_master_value()), std::tuple(0, 255));
   EXPECT_EQ(desk().caption(), " Lumaris   ");
   EXPECT_EQ(t.console->status().playback(), " Desk Reset");
   expect_start_up_panel();
@@ -118,31 +117,95 @@ TEST_F(MainDeskTest, ExitAsksOnlyWhenTheShowIsUnsaved) {
   EXPECT_FALSE(t.console->output_cycle().Timer1().enabled()) << "the exit path stops output";
 }
 
-TEST_F(MainDeskTest, RecallShowsTheRecalledSubmixNameOverWhatWasTyped) {
+// The Help menu holds the keys page before About; both only inform.
+TEST_F(MainDeskTest, HelpShowsTheKeysTheConsoleAnswersToAndRecallShowsTheRecalledSubmixName) {
+  std::vector<std::string> help;
+  for (const MenuEntry& entry : desk().menu_entries()) {
+    if (entry.menu == "&Help") help.push_back(entry.caption);
+  }
+  EXPECT_EQ(help, (std::vector<std::string>{"&Keyboard and keypad", "&About"}));
+  desk().Menu_Click("Keys_Help");
+  ASSERT_EQ(t.dialogs.messages().size(), 1u);
+  const MessageBoxSpec& page = t.dialogs.messages()[0];
+  EXPECT_EQ(std::tie(page.title, page.icon),
+            std::tuple(" Keyboard and keypad", MessageIcon::Information));
+  for (const char* key : {"5 . 50 Enter", "1 * 8 . 000", "C 7 Enter", "Alt+F", "Ctrl-C"}) {
+    EXPECT_NE(page.text.find(key), std::string::npos) << key;
+  }
+
   store().Submix[0].Name = "Front";
   desk().Submix_Text_Change("half typed");
   desk().Submix_Recal_Click();
   EXPECT_EQ(desk().Submix_Text(), "Front");
 }
 
-TEST_F(MainDeskTest, KeysAndFaderMovesReachTheirHooks) {
-  std::vector<int> keys;
-  desk().Key_Down(97);  // no command line yet: nothing happens
-  desk().set_cli_key_handler([&keys](int code) { keys.push_back(code); });
-  desk().Key_Down(97);
-  EXPECT_EQ(keys, (std::vector<int>{97}));
-
+// Keys reaching the command line are tested in tests/keypad.
+TEST_F(MainDeskTest, FaderMovesReachTheSurfaceOnlyWhenItDrivesTheMainDesk) {
   struct RecordingSurface : SurfaceFeedback {
     std::vector<std::pair<int, int>> sent;
     void BCF_Fader_Update(int ch, int level) override { sent.emplace_back(ch, level); }
   } surface;
-  std::vector<std::pair<int, int>>& sent = surface.sent;
   t.console->attach_surface(&surface);
   desk().Slider1_Change(1, 0);
-  EXPECT_TRUE(sent.empty()) << "the surface only hears moves when it drives the main desk";
+  EXPECT_TRUE(surface.sent.empty());
   store().BCF_Mode = 1;
   desk().Slider1_Change(1, 55);
-  EXPECT_EQ(sent, (std::vector<std::pair<int, int>>{{1, 200}}));
+  EXPECT_EQ(surface.sent, (std::vector<std::pair<int, int>>{{1, 200}}));
+}
+
+TEST_F(MainDeskTest, SubmixProgramStoresCompactedEntriesNameAndColourRecallRestoresThemAndReprogramClears) {
+  store().Desk_Level[2] = 40;
+  store().Desk_Level[9] = 255;
+  desk().Submix_Text_Change("Warm");
+  desk().Sub_colour_Click();  // cancelled: nothing changes
+  EXPECT_EQ(store().Submix[0].Colour, "");
+  t.dialogs.answer_colour(Rgb{255, 0, 0});
+  desk().Sub_colour_Click();
+  desk().Submix_Prog_Click();
+  const SubmixRec& sub = store().Submix[0];
+  EXPECT_EQ(std::tuple(sub.Chan[0], sub.Level[0], sub.Chan[1], sub.Level[1], sub.Chan[2]),
+            std::tuple(3, 40, 10, 255, 0));
+  EXPECT_EQ(std::tuple(sub.Name, sub.Colour), std::tuple("Warm", "255"));
+  EXPECT_EQ(desk().Status(), " Submix  0 Programmed");
+  EXPECT_TRUE(store().Project_Changed);
+  EXPECT_EQ(t.dialogs.colour_titles().front(), " Choose a Colour");
+
+  for (int i = 0; i < 64; ++i) store().Desk_Level[i] = static_cast<std::int16_t>(255 - i);
+  desk().Submix_Text_Change("Everything");
+  desk().Submix_Prog_Click();
+  EXPECT_EQ(store().Submix[0].Chan[63], 64) << "all 64 channels are stored";
+  EXPECT_EQ(t.console->playback_desk().panel().buttons()[0].Command1, "Everything")
+      << "the playback button of submix 1 shows its new name";
+  store().Desk_Level.fill(3);
+  desk().Inc_Channel_Click();
+  desk().Submix_Recal_Click();
+  for (int i = 0; i < 64; ++i) EXPECT_EQ(store().Desk_Level[i], 255 - i) << i;
+  EXPECT_EQ(std::tuple(desk().strips()[8].Slider1, desk().strips()[8].Text1), std::tuple(40, "215"))
+      << "page 1 fader 8 is channel 41";
+  EXPECT_EQ(desk().Status(), " Submix 0 Recalled");
+
+  store().Desk_Level.fill(0);
+  store().Desk_Level[50] = 7;
+  desk().Submix_Prog_Click();
+  EXPECT_EQ(store().Submix[0].Chan[0], 51);
+  for (int k = 1; k < 65; ++k) EXPECT_EQ(store().Submix[0].Chan[k], 0) << k;
+  store().Desk_Level.fill(3);
+  desk().Submix_Recal_Click();
+  for (int i = 0; i < 64; ++i) EXPECT_EQ(store().Desk_Level[i], i == 50 ? 7 : 0) << i;
+}
+
+TEST_F(MainDeskTest, SubmixSelectionWrapsAtBothEndsAndShowsNameAndColour) {
+  desk().Submix_Minus_Click();
+  EXPECT_EQ(std::tuple(desk().Text9(), desk().current_submix()), std::tuple("32", 31));
+  store().Submix[1].Name = "Blue wash";
+  store().Submix[1].Colour = "16711680";  // 0xFF0000 in BBGGRR: blue
+  desk().Submix_Plus_Click();
+  EXPECT_EQ(desk().Text9(), "1");
+  desk().Submix_Plus_Click();
+  EXPECT_EQ(desk().Submix_Text(), "Blue wash");
+  EXPECT_EQ(desk().Sub_colour(), (Paint{Rgb{0, 0, 255}}));
+  desk().Submix_Plus_Click();
+  EXPECT_EQ(desk().Sub_colour(), Paint{}) << "no colour stored: button face";
 }
 
 }  // namespace

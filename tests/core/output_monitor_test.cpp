@@ -15,37 +15,33 @@ struct OutputMonitorTest : ::testing::Test {
     t.build();
     monitor = &t.console->output_monitor();
   }
-  Store& store() { return t.store(); }
+  void fader(int strip, int position) { t.console->main_desk().Slider1_Change(strip, position); }
   void tick() { t.scheduler.advance(70); }
 };
 
-TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShown) {
-  t.console->main_desk().Slider1_Change(0, 55);  // channel 1 at 200, on slot 1
+TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShownAndPagesOverlapByOneSlot) {
+  fader(0, 55);  // channel 1 at 200, on slot 1
   tick();
-  EXPECT_EQ(store().DMX_Out[0], 200);
+  EXPECT_EQ(t.store().DMX_Out[0], 200);
   EXPECT_EQ(monitor->bar(0).Value(), 0);
-
   monitor->Show();
   EXPECT_EQ(monitor->bar(0).Value(), 200);  // opening shows the current frame
-  t.console->main_desk().Slider1_Change(1, 155);  // channel 2 at 100
+  fader(1, 155);  // channel 2 at 100
   tick();
   EXPECT_EQ(monitor->bar(1).Value(), 100);
-
   monitor->Hide();
-  t.console->main_desk().Slider1_Change(1, 255);
+  fader(1, 255);
   tick();
-  EXPECT_EQ(store().DMX_Out[1], 0);
+  EXPECT_EQ(t.store().DMX_Out[1], 0);
   EXPECT_EQ(monitor->bar(1).Value(), 100);
-}
 
-TEST_F(OutputMonitorTest, PagesOverlapByOneSlotAndTheLastHidesBarsBeyondTheFrame) {
-  monitor->Show();
+  monitor->Show();  // pages overlap by one slot; the last hides bars beyond the frame
   EXPECT_EQ(monitor->range_label(), " Real DMX Output  Ch1   -  Ch144");
   monitor->Pannel_Inc_Click();
-  EXPECT_EQ(store().Realout_First, 143);
-  EXPECT_EQ(store().Realout_Last, 286);
-  store().Patch[143] = 9;
-  t.console->main_desk().Slider1_Change(8, 0);  // channel 9 full
+  EXPECT_EQ(t.store().Realout_First, 143);
+  EXPECT_EQ(t.store().Realout_Last, 286);
+  t.store().Patch[143] = 9;
+  fader(8, 0);  // channel 9 full
   tick();
   EXPECT_EQ(monitor->bar(0).Value(), 255);
   EXPECT_EQ(monitor->bar_tooltip(0), " Output 144 From Desk Channel 9");

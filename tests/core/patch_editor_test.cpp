@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/channel_properties.h"
 #include "core/patch_editor.h"
 #include "tests/support/test_console.h"
@@ -56,23 +58,20 @@ TEST_F(PatchEditorTest, ChannelAboveSixtyFourOrNoNumberIsRefusedAndTheBoxReset) 
   EXPECT_EQ(editor->Text1(3), "64");
 }
 
-TEST_F(PatchEditorTest, UpdateStoresTheShownPageAndAnEmptyBoxAsUnpatched) {
+TEST_F(PatchEditorTest, UpdateStoresTheShownPageAndClearOnTheLastPageClearsOnlyItsSlots) {
   editor->Pannel_Inc_Click();  // slots 33..160
   editor->Text1_Change(0, "7");   // slot index 32
-  editor->Text1_Change(1, "");    // slot index 33, patched to 34 at start
+  editor->Text1_Change(1, "");    // slot index 33, patched to 34 at start: an empty box is unpatched
   editor->Text1_Change(127, "64");  // slot index 159
   editor->Update_Click();
-  EXPECT_EQ(store().Patch[32], 7);
-  EXPECT_EQ(store().Patch[33], 0);
-  EXPECT_EQ(store().Patch[159], 64);
+  EXPECT_EQ(std::tuple(store().Patch[32], store().Patch[33], store().Patch[159]), std::tuple(7, 0, 64));
   EXPECT_EQ(store().Patch[31], 32);  // not on the page
   EXPECT_EQ(t.console->status().playback(), " Patches Updated");
   EXPECT_TRUE(store().Project_Changed);
-}
 
-TEST_F(PatchEditorTest, ClearOnTheLastPageClearsOnlyItsSlots) {
+  store().Project_Changed = false;
   for (int s = 0; s < kDmxSlots; ++s) store().Patch[s] = static_cast<std::int16_t>(s % 64 + 1);
-  for (int i = 0; i < 12; ++i) editor->Pannel_Inc_Click();
+  for (int i = 0; i < 11; ++i) editor->Pannel_Inc_Click();
   editor->Clear_Click();
   for (int s = 0; s < 384; ++s) ASSERT_EQ(store().Patch[s], s % 64 + 1) << s;
   for (int s = 384; s < kDmxSlots; ++s) ASSERT_EQ(store().Patch[s], 0) << s;
@@ -81,23 +80,20 @@ TEST_F(PatchEditorTest, ClearOnTheLastPageClearsOnlyItsSlots) {
   EXPECT_TRUE(store().Project_Changed);
 }
 
-TEST_F(PatchEditorTest, OpeningAPatchedEntryEditsItsChannel) {
+TEST_F(PatchEditorTest, OpeningAPatchedEntryEditsItsChannelAndClosingDropsEntriesNeverStored) {
   editor->Text1_Open(63);  // shows 0: opens nothing
   EXPECT_FALSE(t.console->channel_properties().visible());
   editor->Text1_Change(10, "42");
   editor->Text1_Open(10);
   EXPECT_EQ(store().Edit_Channel, 41);
   EXPECT_EQ(t.console->channel_properties().Show_Channel(), "42");
-}
 
-TEST_F(PatchEditorTest, ClosingDropsEntriesThatWereNeverStored) {
   editor->Text1_Change(0, "9");
   editor->Close_Click();
   EXPECT_FALSE(editor->visible());
   store().Patch[1] = 50;
   editor->Form_Load();
-  EXPECT_EQ(editor->Text1(0), "1");
-  EXPECT_EQ(editor->Text1(1), "50");
+  EXPECT_EQ(std::tuple(editor->Text1(0), editor->Text1(1), editor->Text1(10)), std::tuple("1", "50", "11"));
 }
 
 }  // namespace

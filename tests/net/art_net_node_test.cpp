@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "core/output_timing.h"
@@ -22,7 +23,7 @@ bool logged(const ArtNetDesk& t, const std::string& line) {
 
 }  // namespace
 
-TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMilliseconds) {
+TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMillisecondsWhileTheIndicatorBlinks) {
   ArtNetDesk t;
   t.build();
   t.main_desk().Command1_Click(0);  // channel 1 full: DMX 1
@@ -30,43 +31,27 @@ TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMilliseconds) {
   t.open_setup();
   t.config().Button1_Click(0);
   t.config().Button1_Click(3);
+  EXPECT_TRUE(t.main_desk().Art_Label_enabled());
 
   t.desk.scheduler.advance(100);
   ASSERT_EQ(t.udp.sent().size(), 2u);
-  const auto& first = t.udp.sent()[0];
-  const auto& second = t.udp.sent()[1];
-  EXPECT_EQ(first.bytes.size(), 530u);
-  EXPECT_EQ(second.bytes.size(), 530u);
-  EXPECT_EQ(universe_of(first), 0);
-  EXPECT_EQ(universe_of(second), 3);
+  const auto first = t.udp.sent()[0];
+  const auto second = t.udp.sent()[1];
+  EXPECT_EQ(std::tuple(first.bytes.size(), universe_of(first), universe_of(second)), std::tuple(530u, 0, 3));
   EXPECT_EQ(data_of(first), data_of(second));
-  EXPECT_EQ(data_of(first)[0], 255);
-  EXPECT_EQ(data_of(first)[4], 77);
-  EXPECT_EQ(first.host, "255.255.255.255");
-  EXPECT_EQ(first.port, 6454);
-
+  EXPECT_EQ(std::tuple(data_of(first)[0], data_of(first)[4]), std::tuple(255, 77));
+  EXPECT_EQ(std::tie(first.host, first.port), std::tuple("255.255.255.255", 6454));
+  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen});
   t.desk.scheduler.advance(99);
   EXPECT_EQ(t.udp.sent().size(), 2u);
   t.desk.scheduler.advance(1);
   EXPECT_EQ(t.udp.sent().size(), 4u);
-}
-
-TEST(ArtNetNode, IndicatorBlinksWhileRowsRunAndStopsWithTheLastRow) {
-  ArtNetDesk t;
-  t.build();
-  t.open_setup();
-  t.config().Button1_Click(2);
-  t.config().Button1_Click(5);
-  EXPECT_TRUE(t.main_desk().Art_Label_enabled());
-  t.desk.scheduler.advance(100);
-  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen});
-  t.desk.scheduler.advance(100);
   EXPECT_EQ(t.main_desk().Picture1(), Paint{kBlack});
 
-  t.config().Button1_Click(2);
-  EXPECT_TRUE(t.console().art_net().Art_Time().enabled());
-  t.config().Button1_Click(5);  // the last one
-  EXPECT_FALSE(t.console().art_net().Art_Time().enabled());
+  t.config().Button1_Click(0);
+  EXPECT_TRUE(t.node().Art_Time().enabled());
+  t.config().Button1_Click(3);  // the last one
+  EXPECT_FALSE(t.node().Art_Time().enabled());
   EXPECT_EQ(t.main_desk().Picture1(), Paint{});
   EXPECT_FALSE(t.main_desk().Art_Label_enabled());
   t.udp.clear_sent();
@@ -93,39 +78,15 @@ TEST(ArtNetNode, BroadcastAddressFollowsTheLocalAddress) {
     t.udp.set_local(c.local);
     t.build();
     EXPECT_EQ(t.node().Art_Init(), 1);
-    EXPECT_EQ(t.node().Art_Broadcast(), c.broadcast);
-    EXPECT_EQ(t.udp.bound_port(), 6454);
+    EXPECT_EQ(std::tuple(t.node().Art_Broadcast(), t.udp.bound_port()), std::tuple(c.broadcast, 6454));
     EXPECT_TRUE(logged(t, c.log));
   }
 }
 
-TEST(ArtNetNode, PortTakenFailsTheSetUpAndTheDeskKeepsRunning) {
-  ArtNetDesk t;
-  t.build();
-  t.udp.fail_next_bind("Address already in use");
-  t.open_setup();
-  EXPECT_EQ(t.config().Text2(), " ! Art-Net Failed, Maybe another Art-Net program has the open?");
-  EXPECT_EQ(t.console().status().main(), " Art-Net Failed");
-  EXPECT_TRUE(logged(t, "! Art-Net Init Error: Address already in use"));
-
-  t.config().Button1_Click(0);
-  t.main_desk().Command1_Click(0);
-  t.desk.scheduler.advance(500);
-  EXPECT_TRUE(t.udp.sent().empty());
-  EXPECT_EQ(t.store().DMX_Out[0], 255);  // the output cycle goes on
-  EXPECT_EQ(t.main_desk().Picture2(), kGreen);
-
-  t.open_setup();  // the operator retries once the other program is gone
-  EXPECT_EQ(t.config().Text2(), " Art-Net Initialized");
-  t.desk.scheduler.advance(100);
-  EXPECT_EQ(t.udp.sent().size(), 1u);
-}
-
-TEST(ArtNetNode, ReceivingNotesArtNetPacketsAndIgnoresTheRest) {
+TEST(ArtNetNode, ReceivingNotesArtNetPacketsLogsUnknownOpcodesAndAnswersNoneOfThem) {
   ArtNetDesk t;
   t.build();
   t.open_setup();
-
   auto no_zero = art_packet(0x2000, 14);
   no_zero[7] = 'X';  // "Art-Net" followed by something other than its zero byte
   t.arrive(no_zero);
@@ -134,74 +95,55 @@ TEST(ArtNetNode, ReceivingNotesArtNetPacketsAndIgnoresTheRest) {
   t.arrive({});
   EXPECT_FALSE(t.node().Art_Packet_Seen());
   EXPECT_FALSE(t.node().Art_Dmx_Seen());
-  EXPECT_TRUE(t.udp.sent().empty());
 
   auto other_universe = art_packet(0x5000, 530);
   other_universe[14] = 1;
   t.arrive(other_universe);
   EXPECT_TRUE(t.node().Art_Packet_Seen());
-  EXPECT_FALSE(t.node().Art_Dmx_Seen());
   auto high_byte = art_packet(0x5000, 530);
   high_byte[15] = 1;  // universe 256, not 0
   t.arrive(high_byte);
   EXPECT_FALSE(t.node().Art_Dmx_Seen());
   t.arrive(art_packet(0x5000, 530));
   EXPECT_TRUE(t.node().Art_Dmx_Seen());
-  EXPECT_TRUE(t.udp.sent().empty());  // levels received are not used, nothing answered
-}
 
-TEST(ArtNetNode, UnknownOpcodesAreLoggedAndNotAnswered) {
-  ArtNetDesk t;
-  t.build();
-  t.open_setup();
   t.arrive(art_packet(0x2100, 239));  // another node's ArtPollReply
   t.arrive(art_packet(0x8000, 10));
-  EXPECT_TRUE(t.udp.sent().empty());
-  EXPECT_TRUE(t.node().Art_Packet_Seen());
   EXPECT_TRUE(logged(t, "Art-Net: NYI OpCode : 0x8448"));
   EXPECT_TRUE(logged(t, "Art-Net: NYI OpCode : 0x-32768"));  // read as a signed 16-bit number
+  EXPECT_TRUE(t.udp.sent().empty()) << "levels received are not used, nothing answered";
 }
 
-TEST(ArtNetNode, ALoadedShowWithNetworkRowsSendsOnTheirUniversesWithoutTheWindow) {
+// Nine rows keep the send timer running, as they always have; only the eight
+// rows that have buttons send.
+TEST(ArtNetNode, ALoadedShowSendsOnTheUniversesOfItsEightRowsWithButtonsWithoutTheWindow) {
   ArtNetDesk t;
   t.build();
   ASSERT_TRUE(t.load_show_with_rows({}));
   EXPECT_FALSE(t.udp.bound_port().has_value()) << "no rows: nothing starts";
 
-  ASSERT_TRUE(t.load_show_with_rows({1, 0x93}));
+  ASSERT_TRUE(t.load_show_with_rows({1, 0x93, 12, 13, 14, 15, 16, 17, 18}));
   EXPECT_FALSE(t.config().visible());
   t.desk.scheduler.advance(100);
-  ASSERT_EQ(t.udp.sent().size(), 2u);
-  EXPECT_EQ(universe_of(t.udp.sent()[0]), 1);
+  ASSERT_EQ(t.udp.sent().size(), 8u);
+  EXPECT_EQ(std::tuple(universe_of(t.udp.sent()[0]), universe_of(t.udp.sent()[7])), std::tuple(1, 17));
   const auto& second = t.udp.sent()[1].bytes;
   EXPECT_EQ((std::vector<std::uint8_t>{second[14], second[15]}),
             (std::vector<std::uint8_t>{0x93, 0x00}))  // Universe 147, low byte first
       << "neither swapped nor split into sub-net and universe";
 
   t.open_setup();  // the window then shows the running node and what each row sends
-  EXPECT_EQ(t.config().Text2(), " Art Net OK");
-  EXPECT_EQ(t.console().status().main(), " ART NET OK ");
-  EXPECT_EQ(t.config().Button1(1), "Disable");
-  EXPECT_EQ(t.config().Text1(0), "1");
-  EXPECT_EQ(t.config().Text1(1), "147");
-  EXPECT_EQ(t.config().Text1(2), "2") << "a disabled row shows the universe enabling gives it";
+  EXPECT_EQ(std::tuple(t.config().Text2(), t.console().status().main()),
+            std::tuple(" Art Net OK", " ART NET OK "));
+  EXPECT_EQ(std::tuple(t.config().Button1(1), t.config().Text1(0), t.config().Text1(1)),
+            std::tuple("Disable", "1", "147"));
   t.config().Button1_Click(1);
   t.config().Button1_Click(1);
   EXPECT_EQ(t.config().Text1(1), "1") << "enabled again: on its own index";
-}
 
-// Nine rows keep the send timer running, as they always have; only the eight
-// rows that have buttons send.
-TEST(ArtNetNode, OnlyTheEightRowsWithButtonsSendAndTheNinthKeepsTheTimerRunning) {
-  ArtNetDesk t;
-  t.build();
-  ASSERT_TRUE(t.load_show_with_rows({10, 11, 12, 13, 14, 15, 16, 17, 18}));
-  t.desk.scheduler.advance(100);
-  ASSERT_EQ(t.udp.sent().size(), 8u);
-  EXPECT_EQ(universe_of(t.udp.sent()[7]), 17);
-
-  t.open_setup();
   for (int row = 0; row < 8; ++row) t.config().Button1_Click(row);  // all but the ninth off
+  t.open_setup();
+  EXPECT_EQ(t.config().Text1(2), "2") << "a disabled row shows the universe enabling gives it";
   EXPECT_TRUE(t.node().Art_Time().enabled());
   EXPECT_TRUE(t.main_desk().Art_Label_enabled());
   t.udp.clear_sent();
@@ -210,16 +152,29 @@ TEST(ArtNetNode, OnlyTheEightRowsWithButtonsSendAndTheNinthKeepsTheTimerRunning)
   EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen}) << "the indicator still blinks";
 }
 
-TEST(ArtNetNode, AFailingSendIsReportedOnceAndSendingResumesByItself) {
+TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtNetRecovers) {
   ArtNetDesk t;
   t.build();
+  t.udp.fail_next_bind("Address already in use");
   t.open_setup();
+  EXPECT_EQ(t.config().Text2(), " ! Art-Net Failed, Maybe another Art-Net program has the open?");
+  EXPECT_EQ(t.console().status().main(), " Art-Net Failed");
+  EXPECT_TRUE(logged(t, "! Art-Net Init Error: Address already in use"));
   t.config().Button1_Click(0);
+  t.main_desk().Command1_Click(0);
+  t.desk.scheduler.advance(500);
+  EXPECT_TRUE(t.udp.sent().empty());
+  EXPECT_EQ(t.store().DMX_Out[0], 255);  // the output cycle goes on
+  EXPECT_EQ(t.main_desk().Picture2(), kGreen);
+  t.open_setup();  // the operator retries once the other program is gone
+  EXPECT_EQ(t.config().Text2(), " Art-Net Initialized");
+  t.desk.scheduler.advance(100);
+  EXPECT_EQ(t.udp.sent().size(), 1u);
+
   std::vector<std::string> said;
   t.console().status().on_main_change([&](const std::string& s) { said.push_back(s); });
-
   t.udp.fail_sends("Network is unreachable");
-  t.main_desk().Command1_Click(0);
+  t.udp.clear_sent();
   t.desk.scheduler.advance(500);
   const std::string failed = " Art-Net Sending Failed: Network is unreachable";
   EXPECT_EQ(said, std::vector<std::string>{failed});
@@ -227,7 +182,6 @@ TEST(ArtNetNode, AFailingSendIsReportedOnceAndSendingResumesByItself) {
   EXPECT_EQ(t.main_desk().Picture1(), Paint{kRed}) << "held red, not blinking";
   EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net sending fails: Network is unreachable");
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255 fails: Network is unreachable");
-  EXPECT_EQ(t.store().DMX_Out[0], 255) << "the desk goes on";
   EXPECT_TRUE(t.udp.sent().empty());
 
   t.config().Button1_Click(0);  // nothing to send: the failure is over, said again if it returns
@@ -241,16 +195,13 @@ TEST(ArtNetNode, AFailingSendIsReportedOnceAndSendingResumesByItself) {
   ASSERT_EQ(t.udp.sent().size(), 1u);
   EXPECT_EQ(data_of(t.udp.sent()[0])[0], 255);
   EXPECT_EQ(said, (std::vector<std::string>{failed, failed, " Art-Net Sending Again"}));
-  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen}) << "blinking again";
-  EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net output");
+  EXPECT_EQ(std::tuple(t.main_desk().Picture1(), t.main_desk().Picture1_ToolTipText()),
+            std::tuple(Paint{kGreen}, "Art-Net output"))
+      << "blinking again";
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255");
   t.desk.scheduler.advance(300);
   EXPECT_EQ(said.size(), 3u);
 }
-
-}  // namespace lumaris
-
-namespace lumaris {
 
 // With smooth output Art-Net carries every frame the output cycle builds, as it
 // builds it, and Art_Time sends nothing of its own.

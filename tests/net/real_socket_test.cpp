@@ -93,29 +93,20 @@ TEST(RealSocket, LocalAddressIsTheFirstUpNonLoopbackIpv4) {
   EXPECT_EQ(choose_local_address({{"127.0.0.1", true, true}}), "");
 }
 
-TEST(RealSocket, DatagramsTravelOverLoopbackAndBroadcastIsRefused) {
+// Datagrams themselves travel in the desk's tests below.
+TEST(RealSocket, APortIsBoundOnceAndBroadcastIsRefusedWhileOff) {
   run_in_own_network([]() -> std::string {
     PosixUdpSocket socket;
     if (socket.local_address() != "") return "only loopback should be up in the namespace";
     if (socket.bind(6454, {})) return "bind 6454 failed";
-    PosixUdpSocket second;
-    const auto taken = second.bind(6454, {});
+    const auto taken = PosixUdpSocket().bind(6454, {});
     if (!taken || taken->empty()) return "a second bind to 6454 should fail";
-
-    std::vector<std::uint8_t> received;
-    socket.on_datagram([&](std::span<const std::uint8_t> d) { received.assign(d.begin(), d.end()); });
-    const std::vector<std::uint8_t> sent{'A', 'r', 't', '-', 'N', 'e', 't', 0, 0x00, 0x20, 0, 14};
-    socket.set_remote_host("127.0.0.1");
     socket.set_remote_port(6454);
-    if (const auto error = socket.send(sent)) return "send to 127.0.0.1: " + *error;
-    if (!read_when_ready(socket)) return "nothing arrived on 127.0.0.1:6454";
-    if (received != sent) return "the datagram arrived changed";
-
-    // Broadcast not allowed: the kernel refuses the loopback network's broadcast address.
     socket.set_broadcast(false);
+    // The kernel refuses the loopback network's broadcast address; the limited one is refused before it.
     for (const char* broadcast : {"127.255.255.255", "255.255.255.255"}) {
       socket.set_remote_host(broadcast);
-      const auto error = socket.send(sent);
+      const auto error = socket.send(std::vector<std::uint8_t>{'A', 'r', 't'});
       if (!error || error->find("broadcast address") == std::string::npos) {
         return std::string("sending to ") + broadcast + " was not refused as a broadcast";
       }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 #include <vector>
 
 #include "console/output_cycle.h"
@@ -56,7 +57,7 @@ std::array<std::uint8_t, sacn::kSlots> ramp() {
   return slots;
 }
 
-TEST(SacnPackets, DataAndTerminationPacketsAreLaidOutByteForByte) {
+TEST(SacnPackets, PacketsAreLaidOutByteForByteNamesAreCutAndUniversesMapToTheirMulticastGroup) {
   sacn::StreamFields fields;
   fields.cid = kCid;
   fields.source_name = "Lumaris";
@@ -73,14 +74,12 @@ TEST(SacnPackets, DataAndTerminationPacketsAreLaidOutByteForByte) {
   std::vector<std::uint8_t> expected = kDataHeader;
   expected[112] = 0x40;  // options: Stream_Terminated
   EXPECT_EQ(std::vector<std::uint8_t>(end.begin(), end.begin() + 126), expected);
-}
 
-TEST(SacnPackets, LongNamesAreCutAndUniversesMapToTheirMulticastGroup) {
-  sacn::StreamFields fields;
   fields.source_name = std::string(80, 'x');
-  const auto packet = sacn::build_data(fields, ramp());
-  EXPECT_EQ(packet[sacn::framing::kSourceName + 62], 'x');
-  EXPECT_EQ(packet[sacn::framing::kSourceName + 63], 0);  // always NUL-terminated
+  const auto named = sacn::build_data(fields, slots);
+  EXPECT_EQ(named[sacn::framing::kSourceName + 62], 'x');
+  EXPECT_EQ(named[sacn::framing::kSourceName + 63], 0);  // always NUL-terminated
+
   EXPECT_EQ(sacn::multicast_address(1), "239.255.0.1");
   EXPECT_EQ(sacn::multicast_address(63999), "239.255.249.255");
   sacn::Cid back{};
@@ -111,7 +110,7 @@ struct SacnDesk : ::testing::Test {
   }
 };
 
-TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameAndEndsWithThreeTerminations) {
+TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameEndsWithThreeTerminationsAndComesBackWithTheNextRun) {
   build();
   desk.store().Desk_Level[0] = 200;
   tick();
@@ -121,48 +120,47 @@ TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameAndEndsWithThreeTerminations) {
   window().Enable_Click(2);
   tick();
   ASSERT_EQ(socket.sent().size(), 1u);
-  EXPECT_EQ(socket.sent()[0].host, "239.255.1.7");
-  EXPECT_EQ(socket.sent()[0].port, sacn::kPort);
-  EXPECT_EQ(universe_of(socket.sent()[0]), 263);
-  EXPECT_EQ(socket.sent()[0].bytes[sacn::dmp::kSlotData], 200);  // channel 1 of the frame
-  EXPECT_EQ(settings.read("sacn/row3/universe"), "263");
+  const auto sent = socket.sent()[0];
+  EXPECT_EQ(std::tie(sent.host, sent.port), std::tuple("239.255.1.7", sacn::kPort));
+  EXPECT_EQ(std::tuple(universe_of(sent), sent.bytes[sacn::dmp::kSlotData]), std::tuple(263, 200));
 
   socket.clear_sent();
   window().Enable_Click(2);  // Disable
   ASSERT_EQ(socket.sent().size(), 3u);
-  for (const auto& sent : socket.sent()) EXPECT_TRUE(terminated(sent));
+  for (const auto& end : socket.sent()) EXPECT_TRUE(terminated(end));
   tick();
   EXPECT_EQ(socket.sent().size(), 3u) << "a disabled row sends nothing more";
 
   window().Enable_Click(2);
+  ASSERT_FALSE(output().set_priority(7));
   tick();
+  const sacn::Cid cid = output().cid();
   socket.clear_sent();
   desk.console->shutdown();
   ASSERT_EQ(socket.sent().size(), 3u) << "stopping the console ends the stream";
   EXPECT_TRUE(terminated(socket.sent()[2]));
-}
+  desk.console.reset();
+  socket.clear_sent();
 
-TEST_F(SacnDesk, SequenceNumbersCountPerUniverseAndWrap) {
-  build();
-  ASSERT_FALSE(output().set_row(0, 1, true));
-  ASSERT_FALSE(output().set_row(1, 2, true));
-  for (int i = 0; i < 257; ++i) tick();
-  std::vector<int> sequence_of_1;
-  for (const auto& sent : socket.sent()) {
-    if (universe_of(sent) == 1) sequence_of_1.push_back(sent.bytes[sacn::framing::kSequence]);
-  }
-  ASSERT_EQ(sequence_of_1.size(), 257u);
-  EXPECT_EQ(sequence_of_1[1], 1);
-  EXPECT_EQ(sequence_of_1[255], 255);
-  EXPECT_EQ(sequence_of_1[256], 0);
-}
-
-TEST_F(SacnDesk, RunTargetRedirectsRowsOrSendsUniverseOneAndIsNeverSaved) {
-  build("127.0.0.1");
-  tick();
+  TestConsole next;  // the row, the priority and the CID are kept with the computer
+  next.services.sacn_socket = &socket;
+  next.services.settings = &settings;
+  next.build();
+  EXPECT_EQ(next.console->sacn_output().cid(), cid);
+  next.console->output_cycle().Timer1_Tick();
   ASSERT_EQ(socket.sent().size(), 1u);
-  EXPECT_EQ(socket.sent()[0].host, "127.0.0.1");
-  EXPECT_EQ(universe_of(socket.sent()[0]), 1);
+  EXPECT_EQ(std::tuple(universe_of(socket.sent()[0]), socket.sent()[0].bytes[sacn::framing::kPriority]),
+            std::tuple(263, 7));
+  EXPECT_TRUE(std::equal(cid.begin(), cid.end(), socket.sent()[0].bytes.begin() + sacn::root::kCid));
+}
+
+TEST_F(SacnDesk, RunTargetSendsUniverseOneOrRedirectsRowsIsNeverSavedAndSequencesCountPerUniverse) {
+  build("127.0.0.1");
+  for (int i = 0; i < 257; ++i) tick();
+  ASSERT_EQ(socket.sent().size(), 257u);
+  EXPECT_EQ(std::tuple(socket.sent()[0].host, universe_of(socket.sent()[0])), std::tuple("127.0.0.1", 1));
+  const auto sequence = [this](std::size_t i) { return socket.sent()[i].bytes[sacn::framing::kSequence]; };
+  EXPECT_EQ(std::tuple(sequence(1), sequence(255), sequence(256)), std::tuple(1, 255, 0)) << "and wraps";
 
   socket.clear_sent();
   ASSERT_FALSE(output().set_row(0, 9, true));
@@ -170,15 +168,14 @@ TEST_F(SacnDesk, RunTargetRedirectsRowsOrSendsUniverseOneAndIsNeverSaved) {
   // Universe 1 ends (three terminations), universe 9 goes to the same target.
   ASSERT_EQ(socket.sent().size(), 4u);
   EXPECT_TRUE(terminated(socket.sent()[0]));
-  EXPECT_EQ(universe_of(socket.sent()[3]), 9);
-  EXPECT_EQ(socket.sent()[3].host, "127.0.0.1");
+  EXPECT_EQ(std::tuple(universe_of(socket.sent()[3]), socket.sent()[3].host), std::tuple(9, "127.0.0.1"));
+  EXPECT_EQ(sequence(3), 0) << "each universe counts on its own";
   EXPECT_FALSE(settings.read(SacnOutput::kDestinationSetting).has_value());
 }
 
 TEST_F(SacnDesk, BadInputShowsAMessageAndChangesNothing) {
   build();
-  const auto before = settings.read(SacnOutput::kCidSetting);
-  ASSERT_TRUE(before.has_value()) << "the CID is made once and kept with the computer";
+  ASSERT_TRUE(settings.read(SacnOutput::kCidSetting)) << "the CID is made once and kept with the computer";
 
   for (const char* bad : {"0", "64000", "abc", ""}) {
     window().Universe_Change(0, bad);
@@ -207,31 +204,9 @@ TEST_F(SacnDesk, BadInputShowsAMessageAndChangesNothing) {
   window().Apply_Click();
   EXPECT_EQ(output().priority(), 150);
   tick();
-  EXPECT_EQ(socket.sent().back().host, "127.0.0.1");
-  EXPECT_EQ(socket.sent().back().bytes[sacn::framing::kPriority], 150);
+  EXPECT_EQ(std::tuple(socket.sent().back().host, socket.sent().back().bytes[sacn::framing::kPriority]),
+            std::tuple("127.0.0.1", 150));
   EXPECT_EQ(settings.read(SacnOutput::kSourceNameSetting), "FOH");
-}
-
-TEST_F(SacnDesk, SettingsComeBackWithTheNextRunAndTheSameCid) {
-  build();
-  ASSERT_FALSE(output().set_row(4, 40, true));
-  ASSERT_FALSE(output().set_priority(7));
-  const sacn::Cid cid = output().cid();
-  desk.console->shutdown();
-  desk.console.reset();
-  socket.clear_sent();
-
-  TestConsole next;
-  next.services.sacn_socket = &socket;
-  next.services.settings = &settings;
-  next.build();
-  EXPECT_EQ(next.console->sacn_output().cid(), cid);
-  EXPECT_TRUE(next.console->sacn_output().row(4).enabled);
-  next.console->output_cycle().Timer1_Tick();
-  ASSERT_EQ(socket.sent().size(), 1u);
-  EXPECT_EQ(universe_of(socket.sent()[0]), 40);
-  EXPECT_EQ(socket.sent()[0].bytes[sacn::framing::kPriority], 7);
-  EXPECT_TRUE(std::equal(cid.begin(), cid.end(), socket.sent()[0].bytes.begin() + sacn::root::kCid));
 }
 
 }  // namespace

@@ -79,7 +79,7 @@ TEST(LibftdiD2xx, OpensFor250kBaud8N2WithoutFlowControlAndSendsBreakStartCodeAnd
       << "no other setting (latency, chunk size) reaches the chip";
 }
 
-TEST(LibftdiD2xx, LibraryFailuresAndUnopenedHandlesFailWithoutReachingTheChip) {
+TEST(LibftdiD2xx, LibraryFailuresUnopenedHandlesAndAMissingLibraryFailWithoutReachingTheChip) {
   LibftdiD2xx d2xx({LUMARIS_FAKE_LIBFTDI});
   FakeLibftdi fake;
   ASSERT_NE(fake.fail, nullptr);
@@ -106,15 +106,13 @@ TEST(LibftdiD2xx, LibraryFailuresAndUnopenedHandlesFailWithoutReachingTheChip) {
                               "ftdi_set_line_property2(7, 0, 2, 0)",  // BITS_7, STOP_BIT_1, EVEN
                               "ftdi_set_line_property2(7, 0, 2, 1)",  // the same, BREAK_ON
                           }));
-}
 
-TEST(LibftdiD2xx, AMissingOrWrongLibraryIsNoDriverAndEveryCallFails) {
+  // A missing or wrong library is no driver, and every call fails.
   EXPECT_FALSE(LibftdiD2xx({"libm.so.6"}).driver_present());
-  LibftdiD2xx d2xx({"liblumaris-no-such-ftdi.so"});
-  EXPECT_FALSE(d2xx.driver_present());
-  D2xx::FT_HANDLE handle = 0;
-  EXPECT_NE(d2xx.FT_Open(0, &handle), D2xx::FT_OK);
-  EXPECT_NE(d2xx.FT_Close(handle), D2xx::FT_OK);
+  LibftdiD2xx missing({"liblumaris-no-such-ftdi.so"});
+  EXPECT_FALSE(missing.driver_present());
+  EXPECT_NE(missing.FT_Open(0, &handle), D2xx::FT_OK);
+  EXPECT_NE(missing.FT_Close(handle), D2xx::FT_OK);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 // missing or goes away.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "console/output_cycle.h"
 #include "output/ola_config.h"
 #include "output/ola_output.h"
@@ -38,12 +40,11 @@ TEST_F(OlaDesk, EnabledOutputSendsTheFrameToTheUniverseSetUp) {
   desk.store().Desk_Level[0] = 99;
   tick();
   ASSERT_EQ(olad.frames.size(), 1u);
-  EXPECT_EQ(olad.frames[0].universe, 12u);
   ASSERT_EQ(olad.frames[0].slots.size(), 512u);
-  EXPECT_EQ(olad.frames[0].slots[0], 99);
+  EXPECT_EQ(std::tuple(olad.frames[0].universe, olad.frames[0].slots[0]), std::tuple(12u, 99));
   EXPECT_EQ(output().status(), "OLA sending universe 12");
-  EXPECT_EQ(settings.read(OlaOutput::kUniverseSetting), "12");
-  EXPECT_EQ(settings.read(OlaOutput::kEnabledSetting), "true");
+  EXPECT_EQ(std::tuple(settings.read(OlaOutput::kUniverseSetting), settings.read(OlaOutput::kEnabledSetting)),
+            std::tuple("12", "true"));
 
   window().Universe_Change("4294967296");
   window().Universe_Set_Click();

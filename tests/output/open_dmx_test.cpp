@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <tuple>
 #include <vector>
 
 #include "output/output_devices.h"
@@ -38,16 +39,6 @@ struct Rig {
 };
 
 struct OpenDmxTest : ::testing::Test, Rig {};
-
-TEST_F(OpenDmxTest, OpenConfiguresTheDeviceForDmx) {
-  usb->USB_Open_Device();
-  EXPECT_EQ(device.calls(), kOpenSequence);
-  EXPECT_TRUE(usb->USB_Open());
-  EXPECT_EQ(usb->USB_Get_Error(1), 0);
-  EXPECT_TRUE(messages().empty());
-  test.console->shutdown();
-  EXPECT_FALSE(device.device_open()) << "shutting down closes the open device";
-}
 
 struct FailingStep {
   const char* call;
@@ -93,8 +84,11 @@ TEST(OpenDmxOpen, EachFailingStepStopsAtItsOwnCodeQuietlyOrShowsItsMessage) {
   }
 }
 
-TEST_F(OpenDmxTest, SendFrameIsBreakStartCodeAndTheFirst512Slots) {
+TEST_F(OpenDmxTest, OpenConfiguresTheDeviceAndAFrameIsBreakStartCodeAndTheFirst512Slots) {
   usb->USB_Open_Device();
+  EXPECT_EQ(device.calls(), kOpenSequence);
+  EXPECT_TRUE(usb->USB_Open());
+  EXPECT_EQ(usb->USB_Get_Error(1), 0);
   std::array<std::uint8_t, 513> frame{};
   frame[0] = 10;
   frame[511] = 255;
@@ -103,19 +97,19 @@ TEST_F(OpenDmxTest, SendFrameIsBreakStartCodeAndTheFirst512Slots) {
   usb->USB_Set_Data(frame);
   device.clear();
   usb->USB_Send_Frame();
-  EXPECT_EQ(device.calls(),
-            (Calls{"FT_SetBreakOn", "FT_SetBreakOff", "FT_Write(1)", "FT_Write(512)"}));
-  ASSERT_EQ(device.writes().size(), 2u);
-  EXPECT_EQ(device.writes()[0], std::vector<std::uint8_t>{0x00});  // start code
+  EXPECT_EQ(device.calls(), (Calls{"FT_SetBreakOn", "FT_SetBreakOff", "FT_Write(1)", "FT_Write(512)"}));
   std::vector<std::uint8_t> slots(512, 0);
   slots[0] = 10;
   slots[511] = 255;
-  EXPECT_EQ(device.writes()[1], slots);
+  EXPECT_EQ(device.writes(), (std::vector<std::vector<std::uint8_t>>{{0x00}, slots}));  // start code, slots
+  EXPECT_TRUE(messages().empty());
+  test.console->shutdown();
+  EXPECT_FALSE(device.device_open()) << "shutting down closes the open device";
 
   const std::array<std::uint8_t, 3> short_frame = {1, 2, 3};
   usb->USB_Set_Data(short_frame);
-  EXPECT_EQ(usb->USB_Data()[2], 3);
-  EXPECT_EQ(usb->USB_Data()[3], ' ') << "short frames are padded with blanks";
+  EXPECT_EQ(std::tuple(usb->USB_Data()[2], usb->USB_Data()[3]),
+            std::tuple(3, ' ')) << "short frames are padded with blanks";
 }
 
 TEST_F(OpenDmxTest, QuietModeCountsFailuresAndASendOnAClosedDeviceWritesNothing) {
@@ -129,6 +123,14 @@ TEST_F(OpenDmxTest, QuietModeCountsFailuresAndASendOnAClosedDeviceWritesNothing)
   EXPECT_EQ(usb->USB_Get_Error(0), 1);
   EXPECT_FALSE(usb->USB_Quiet());
   EXPECT_TRUE(messages().empty());
+
+  TestConsole t;  // no D2XX seam at all: a device that does not answer
+  OpenDmx& without_library = t.build().output_devices().opendmx();
+  without_library.USB_Get_Error(1);
+  without_library.USB_Open_Device();
+  without_library.USB_Send_Frame();
+  EXPECT_EQ(without_library.USB_Get_Error(1), 1);
+  EXPECT_TRUE(t.dialogs.messages().empty());
 }
 
 TEST_F(OpenDmxTest, AFailingWriteStillWritesTheDataAndEndsWithTenOrEleven) {
@@ -156,7 +158,7 @@ TEST_F(OpenDmxTest, AFailingWriteStillWritesTheDataAndEndsWithTenOrEleven) {
   EXPECT_EQ(usb->USB_Get_Error(1), 0);
 }
 
-TEST_F(OpenDmxTest, CloseAndResetFailuresAreShownOrCounted) {
+TEST_F(OpenDmxTest, CloseAndResetFailuresAreShownOrCountedAndCloseIfOpenClosesOnce) {
   usb->USB_Reset_Device();  // no handle yet
   ASSERT_EQ(messages().size(), 1u);
   EXPECT_EQ(messages()[0].text, "Failed To Reset Device!");
@@ -174,34 +176,21 @@ TEST_F(OpenDmxTest, CloseAndResetFailuresAreShownOrCounted) {
   ASSERT_EQ(messages().size(), 2u);
   EXPECT_EQ(messages()[1].text, "Close Failed");
   EXPECT_EQ(main_status(), "Failed To Close USB Device! ");
-}
 
-TEST_F(OpenDmxTest, CloseIfOpenClosesOnceAndClearsTheFlagEvenOnFailure) {
-  usb->USB_Close_If_Open();
-  EXPECT_TRUE(device.calls().empty());
   usb->USB_Open_Device();
   device.clear();
   usb->USB_Close_If_Open();
   usb->USB_Close_If_Open();
   EXPECT_EQ(device.calls(), Calls{"FT_Close"});
   EXPECT_FALSE(usb->USB_Open());
-
+  usb->USB_Close_If_Open();  // closed: nothing to do
+  EXPECT_EQ(device.calls(), Calls{"FT_Close"});
   usb->USB_Open_Device();
   usb->USB_Get_Error(1);
   device.fail("FT_Close");
   usb->USB_Close_If_Open();
-  EXPECT_FALSE(usb->USB_Open());
+  EXPECT_FALSE(usb->USB_Open()) << "the flag is cleared even on failure";
   EXPECT_EQ(usb->USB_Get_Error(1), 9);
-}
-
-TEST(OpenDmxWithoutLibrary, BehavesAsADeviceThatDoesNotAnswer) {
-  TestConsole t;  // no D2XX seam at all
-  OpenDmx& usb = t.build().output_devices().opendmx();
-  usb.USB_Get_Error(1);
-  usb.USB_Open_Device();
-  usb.USB_Send_Frame();
-  EXPECT_EQ(usb.USB_Get_Error(1), 1);
-  EXPECT_TRUE(t.dialogs.messages().empty());
 }
 
 }  // namespace

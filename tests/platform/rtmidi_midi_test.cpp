@@ -50,16 +50,14 @@ TEST(RtMidiMidi, AVirtualSurfaceIsFoundPlayedAndFedBack) {
     received = std::move(message);
     arrived.notify_one();
   });
-  int in = -1;
-  int out = -1;
-  const auto inputs = midi.input_names();
-  for (int i = 0; i < static_cast<int>(inputs.size()); ++i) {
-    if (inputs[i].rfind("BCF2000:", 0) == 0) in = i;
-  }
-  const auto outputs = midi.output_names();
-  for (int i = 0; i < static_cast<int>(outputs.size()); ++i) {
-    if (outputs[i].rfind("BCF2000:", 0) == 0) out = i;
-  }
+  const auto bcf_port = [](const std::vector<std::string>& names) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (names[i].rfind("BCF2000:", 0) == 0) return static_cast<int>(i);
+    }
+    return -1;
+  };
+  const int in = bcf_port(midi.input_names());
+  const int out = bcf_port(midi.output_names());
   ASSERT_GE(in, 0);
   ASSERT_GE(out, 0);
   ASSERT_FALSE(midi.open_input(in).has_value());

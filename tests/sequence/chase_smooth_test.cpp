@@ -67,5 +67,22 @@ TEST(SmoothChase, AFadesLastLevelNoFrameCarriedIsHeldForTheNextFrame) {
   EXPECT_EQ(mixed(on), 0);
 }
 
+TEST(SmoothChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame) {
+  SequenceDesk on;
+  fade_desk(on, true);
+  // Two passes from 50 ms; the second pass's fade ends at 4050 on 200, the
+  // chase at 4054, and the output runs every 700 ms (4200 is next).
+  on.t.console->output_cycle().Timer1().set_interval(700);
+  on.chase().Time[2] = 1.0;
+  on.chase().Loop = 1;
+  on.t.scheduler.advance(50);
+  on.desk->Chase_Go_Button_Click();
+  on.t.scheduler.advance(4150);
+  EXPECT_FALSE(on.desk->runtime().Chase_Running());
+  EXPECT_EQ(mixed(on), 200);
+  on.t.scheduler.advance(700);
+  EXPECT_EQ(mixed(on), 0);
+}
+
 }  // namespace
 }  // namespace lumaris

@@ -15,19 +15,18 @@ class MainDeskSurfaceTest : public ::testing::Test {
   void SetUp() override { t.connected(); }
 };
 
-TEST_F(MainDeskSurfaceTest, ConnectingMovesTheMotorFadersToTheFirstEightChannels) {
+TEST(MainDeskSurface, ConnectingMovesTheMotorFadersToTheFirstEightChannels) {
   SurfaceDesk fresh;
   fresh.store().Desk_Level[0] = 255;
   fresh.store().Desk_Level[7] = 101;
   fresh.plug_in();
   fresh.connect();
-  EXPECT_EQ(fresh.midi.sent(), (Bytes{0xB0, 81, 127,  // fader 1: 255 / 2
-                                      0xB0, 82, 0,   0xB0, 83, 0, 0xB0, 84, 0,
-                                      0xB0, 85, 0,   0xB0, 86, 0, 0xB0, 87, 0,
-                                      0xB0, 88, 50}));  // fader 8: 101 / 2
+  EXPECT_EQ(fresh.midi.sent(), fader_moves({127, 0, 0, 0, 0, 0, 0, 50}));  // levels / 2
 }
 
-TEST_F(MainDeskSurfaceTest, ASurfaceFaderMoveSetsTheChannelAndIsNotSentBack) {
+// Only the bank of eight channels the surface shows is fed back, and a move
+// that came from the surface is not echoed to it.
+TEST_F(MainDeskSurfaceTest, ASurfaceFaderMoveSetsTheChannelAndOnlyTheScreensMovesInTheBankAreSent) {
   t.cc(90, 127);  // group button 2: channels 9..16
   t.midi.clear_sent();
   t.cc(84, 50);   // fader 4 of the group
@@ -35,27 +34,20 @@ TEST_F(MainDeskSurfaceTest, ASurfaceFaderMoveSetsTheChannelAndIsNotSentBack) {
   EXPECT_EQ(t.main_desk().strips()[11].Text1, "100");
   EXPECT_TRUE(t.midi.sent().empty()) << "the motor must not fight the hand";
 
+  t.main_desk().Slider1_Change(7, 0);   // channel 8: group 1, not shown
+  t.main_desk().Slider1_Change(16, 0);  // channel 17: group 3, not shown
+  EXPECT_TRUE(t.midi.sent().empty());
   t.main_desk().Slider1_Change(11, 255 - 31);  // later, the operator on the screen
-  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0,    // Control Change, channel 1
-                                  84,      // fader 4
-                                  15}));   // 31 / 2
-}
-
-TEST_F(MainDeskSurfaceTest, MessagesWaitForTheDeskThread) {
-  t.midi.deliver({0xB0, 81, 64});
-  EXPECT_EQ(t.store().Desk_Level[0], 0) << "nothing is touched from the MIDI thread";
-  t.desk.scheduler.run_posted();
-  EXPECT_EQ(t.store().Desk_Level[0], 128);
+  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 84, 15}));  // fader 4, 31 / 2
 }
 
 TEST_F(MainDeskSurfaceTest, GroupButtonFourTurnsTheOtherLedsOffAndSendsItsFaders) {
   for (int ch = 24; ch < 32; ++ch) t.store().Desk_Level[ch] = static_cast<std::int16_t>(ch * 8);
   t.cc(92, 127);
-  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 89, 0,  // group LED 1 off
-                                  0xB0, 90, 0,  // group LED 2 off
-                                  0xB0, 91, 0,  // group LED 3 off
-                                  0xB0, 81, 96, 0xB0, 82, 100, 0xB0, 83, 104, 0xB0, 84, 108,
-                                  0xB0, 85, 112, 0xB0, 86, 116, 0xB0, 87, 120, 0xB0, 88, 124}));
+  Bytes expected{0xB0, 89, 0, 0xB0, 90, 0, 0xB0, 91, 0};  // group LEDs 1..3 off
+  const Bytes faders = fader_moves({96, 100, 104, 108, 112, 116, 120, 124});
+  expected.insert(expected.end(), faders.begin(), faders.end());
+  EXPECT_EQ(t.midi.sent(), expected);
   EXPECT_EQ(t.surface().Fader_Group(), 3);
   EXPECT_EQ(t.console().status().main(), " BCF Fader Group  3");
   EXPECT_EQ(t.surface().Text1(), " 3 On");
@@ -67,18 +59,10 @@ TEST_F(MainDeskSurfaceTest, GroupButtonFourTurnsTheOtherLedsOffAndSendsItsFaders
   EXPECT_TRUE(t.midi.sent().empty());
 }
 
-TEST_F(MainDeskSurfaceTest, OnlyTheBankShownIsFedBack) {
-  t.main_desk().Slider1_Change(8, 0);  // channel 9: group 2, not shown
-  EXPECT_TRUE(t.midi.sent().empty());
-  t.main_desk().Slider1_Change(7, 0);
-  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 88, 127}));
-}
-
 TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheFadersAreThatPagesStrips) {
   t.store().Desk_Level[33] = 66;  // channel 34: strip 2 of page 2
   t.main_desk().Inc_Channel_Click();
-  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 81, 0, 0xB0, 82, 33, 0xB0, 83, 0, 0xB0, 84, 0,
-                                  0xB0, 85, 0, 0xB0, 86, 0, 0xB0, 87, 0, 0xB0, 88, 0}));
+  EXPECT_EQ(t.midi.sent(), fader_moves({0, 33, 0, 0, 0, 0, 0, 0}));
   t.midi.clear_sent();
 
   t.cc(83, 10);  // surface fader 3: channel 35
@@ -92,8 +76,7 @@ TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheFadersAreThatPagesStrips) {
   t.store().Submix[0].Chan[0] = 34;  // a submix holding channel 34 at 200
   t.store().Submix[0].Level[0] = 200;
   t.main_desk().Submix_Recal_Click();
-  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 81, 0, 0xB0, 82, 100, 0xB0, 83, 0, 0xB0, 84, 0,
-                                  0xB0, 85, 0, 0xB0, 86, 0, 0xB0, 87, 0, 0xB0, 88, 0}));
+  EXPECT_EQ(t.midi.sent(), fader_moves({0, 100, 0, 0, 0, 0, 0, 0}));
   t.midi.clear_sent();
 
   t.main_desk().Clearall_Click();
@@ -128,11 +111,15 @@ TEST_F(MainDeskSurfaceTest, InOtherModesTheSurfaceChangesNothing) {
   EXPECT_TRUE(t.midi.sent().empty());
 }
 
-TEST_F(MainDeskSurfaceTest, MessagesThatAreNoControlChangeChangeNothing) {
+// Nothing is touched from the MIDI thread, and only a whole three-byte message acts.
+TEST_F(MainDeskSurfaceTest, MessagesWaitForTheDeskThreadAndBrokenOnesChangeNothing) {
+  t.midi.deliver({0xB0, 81, 64});
+  EXPECT_EQ(t.store().Desk_Level[0], 0);
+  t.desk.scheduler.run_posted();
+  EXPECT_EQ(t.store().Desk_Level[0], 128);
   t.play({0xB0, 81});            // cut short
   t.play({0xB0, 81, 0xC8});      // a data byte with its top bit set
-  t.play({});
-  EXPECT_EQ(t.store().Desk_Level[0], 0);
+  EXPECT_EQ(t.store().Desk_Level[0], 128);
   t.play({0x90, 81, 10, 0x00});  // a note on any channel still reads as controller and value
   EXPECT_EQ(t.store().Desk_Level[0], 20);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -56,5 +57,13 @@ struct SurfaceDesk {
     play({0xB0, static_cast<std::uint8_t>(controller), static_cast<std::uint8_t>(value)});
   }
 };
+
+// The Control Changes that move the eight motor faders (controllers 81..88) to these values.
+inline std::vector<std::uint8_t> fader_moves(std::initializer_list<int> values) {
+  std::vector<std::uint8_t> bytes;
+  std::uint8_t controller = 81;
+  for (const int value : values) bytes.insert(bytes.end(), {0xB0, controller++, static_cast<std::uint8_t>(value)});
+  return bytes;
+}
 
 }  // namespace lumaris

@@ -1,0 +1,68 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "app/art_config_window.h"
+#include "app/main_desk_window.h"
+#include "core/main_desk.h"
+#include "net/art_net_node.h"
+#include "tests/app/app_windows.h"
+#include "tests/support/fake_udp.h"
+
+namespace lumaris {
+namespace {
+
+class ArtWindows : public ::testing::Test {
+ protected:
+  ArtWindows() : app(services()) {
+    app.start();
+    app.show_main_window();
+  }
+  ~ArtWindows() override { app.console().shutdown(); }
+  PlatformServices services() {
+    PlatformServices s;
+    s.art_socket = &udp;
+    return s;
+  }
+  D_ArtNet& art_net() { return app.console().art_net(); }
+  FakeUdp udp;
+  DeskApp app;
+};
+
+TEST_F(ArtWindows, TheSetupRowButtonAndDestinationReachTheNode) {
+  app.handle([&] { app.console().main_desk().Menu_Click("Art_setup"); });
+  auto& window = window_named<ArtConfigWindow>(app, "Art_Config");
+  ASSERT_TRUE(window.isVisible());
+  EXPECT_EQ(window.Text2()->text(), QStringLiteral(" Art-Net Initialized"));
+
+  window.Button1(6)->click();
+  EXPECT_TRUE(app.console().store().Art_Universes[6].Enable);
+  EXPECT_EQ(window.Button1(6)->text(), QStringLiteral("Disable"));
+  EXPECT_TRUE(window.Button1(6)->styleSheet().contains(QStringLiteral("rgb(0, 255, 0)")));
+
+  window.Destination()->setText(QStringLiteral("127.0.0.1"));
+  emit window.Destination()->textEdited(window.Destination()->text());
+  window.Destination_Set()->click();
+  EXPECT_EQ(art_net().Art_Broadcast(), "127.0.0.1");
+
+  window.Command1()->click();
+  EXPECT_FALSE(window.isVisible());
+}
+
+// Next to the Art-Net indicator: the destination given for this run, if any.
+TEST_F(ArtWindows, TheMainDeskShowsADestinationForThisRunOnlyWhileItIsInForce) {
+  auto* label = app.main_window().findChild<QLabel*>(QStringLiteral("Art_Destination"));
+  ASSERT_NE(label, nullptr);
+  EXPECT_FALSE(label->isVisible()) << "automatic broadcast: nothing to say";
+  app.handle([&] { art_net().set_run_destination("127.0.0.1"); });
+  EXPECT_TRUE(label->isVisible());
+  EXPECT_EQ(label->text(), QStringLiteral("to 127.0.0.1 (this run)"));
+  EXPECT_TRUE(label->toolTip().contains(QStringLiteral("--artnet-target")));
+  app.handle([&] { art_net().set_run_destination(""); });
+  EXPECT_FALSE(label->isVisible());
+}
+
+}  // namespace
+}  // namespace lumaris

@@ -1,0 +1,156 @@
+#include <gtest/gtest.h>
+
+#include "console/output_cycle.h"
+#include "core/desk_context.h"
+#include "playback/run_mode.h"
+#include "tests/playback/playback_desk.h"
+
+namespace lumaris {
+namespace {
+
+// Chase 3 fades chase channel 0 (desk channel 10) from 0 to 200 over 0.5 s in
+// step 1 and holds it for the rest of a 1 s step; step 2 is dark. Button 4
+// plays it at full. The output runs every 10 ms unless a test says otherwise.
+struct SmoothPlayback : PlaybackDesk {
+  explicit SmoothPlayback(bool smooth) {
+    t.console->context().output_timing().set_run_smooth(smooth);
+    output_interval(10);
+    ChaseRec& c = store().Chase_Table[3];
+    c.Steps = 2;
+    c.Channels[0] = 9;
+    c.Data[1][0] = 200;
+    c.Fade[1][0] = kChaseFade;
+    c.Time[1] = 0.5;
+    ButtonFunction& b = button(4);
+    b = ButtonFunction{};
+    b.Function = kFunctionSequence;
+    b.Value = 3;
+    b.Level = 255;
+    b.Latch = true;
+  }
+  ChaseRec& chase() { return store().Chase_Table[3]; }
+  void output_interval(int ms) { t.console->output_cycle().Timer1().set_interval(ms); }
+  void advance(int ms) { t.scheduler.advance(ms); }
+  int mixed(int channel) { return t.console->output_cycle().Channel_Mix()[channel - 1]; }
+};
+
+// The output timer ticks before the chase mix at the same moment, so without
+// smooth output a mixing tick's level reaches the frame one frame later.
+TEST(SmoothPlaybackChase, FramesFollowTheFadeBetweenMixingTicksAndMeetThemAtEachTick) {
+  SmoothPlayback off(false);
+  SmoothPlayback on(true);
+  off.click(4);
+  on.click(4);
+  on.advance(100);  // the first mixing tick: 40
+  off.advance(110);
+  EXPECT_EQ(on.mixed(10), 40);
+  EXPECT_EQ(off.mixed(10), 40);
+  on.advance(50);
+  off.advance(40);
+  EXPECT_EQ(on.mixed(10), 60) << "halfway to the next tick's 80";
+  EXPECT_EQ(off.mixed(10), 40);
+  on.advance(50);
+  off.advance(60);
+  EXPECT_EQ(on.mixed(10), 80);
+  EXPECT_EQ(off.mixed(10), 80);
+  on.advance(350);  // 550: the fade ended at 500 and holds
+  EXPECT_EQ(on.mixed(10), 200);
+}
+
+TEST(SmoothPlaybackChase, AStepBeginningBetweenMixingTicksFadesFromItsStartToTheNextTick) {
+  SmoothPlayback on(true);
+  on.advance(50);
+  on.click(4);  // the mix ticks at 100: 40
+  on.advance(20);
+  EXPECT_EQ(on.mixed(10), 16) << "at 70: 20 of the 50 ms to the tick";
+  on.advance(30);
+  EXPECT_EQ(on.mixed(10), 40);
+}
+
+TEST(SmoothPlaybackChase, AFadesLastLevelIsHeldForAFrameWhenTheStepMovesOnFirst) {
+  SmoothPlayback on(true);
+  // The fade fills the step: its last level (200) is mixed at 500, the step
+  // moves on at 501 and the output runs only every 700 ms.
+  on.output_interval(700);
+  on.chase().Speed[1] = 0.5;
+  on.chase().Speed[2] = 1.0;
+  on.click(4);
+  on.advance(700);
+  EXPECT_EQ(on.chases().step(3), 2);
+  EXPECT_EQ(on.mixed(10), 200) << "the end of the fade reaches the wire once";
+  on.advance(700);
+  EXPECT_EQ(on.mixed(10), 0);
+}
+
+TEST(SmoothPlaybackChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame) {
+  SmoothPlayback on(true);
+  on.output_interval(700);
+  // Two passes of two 501 ms steps: up to 200, down to 100. The last fade ends
+  // at 2000, the chase at 2004; the next frame is at 2100.
+  on.chase().Speed[1] = on.chase().Speed[2] = 0.5;
+  on.chase().Data[2][0] = 100;
+  on.chase().Fade[2][0] = kChaseFade;
+  on.chase().Time[2] = 0.5;
+  on.chase().Loop = 1;
+  on.click(4);
+  on.advance(2100);
+  EXPECT_FALSE(on.chases().running(3));
+  EXPECT_EQ(on.mixed(10), 100);
+  on.advance(700);
+  EXPECT_EQ(on.mixed(10), 0);
+}
+
+// Screen 2 brings channel 1 to full over 5 s. At a 70 ms output interval the
+// take ticks every 70 ms by 4 (70 ticks), out of phase with the frames when
+// the take starts between two of them.
+struct SmoothTake : SmoothPlayback {
+  explicit SmoothTake(bool smooth) : SmoothPlayback(smooth) {
+    output_interval(70);
+    for (int n = 1; n <= 2; ++n) {
+      store().Screens[n].Name = "Look " + std::to_string(n);
+      store().Screens[n].Time = 5;
+      store().Screens[n].Next = static_cast<std::int16_t>(n + 1);
+    }
+    store().Screens[2].Preset[0] = 255;
+    store().Screen_Count = 3;
+    desk->run_mode().Run_Switch_Click();
+    advance(35);
+    desk->run_mode().Run_Autotake_Click();
+  }
+  int crossfade() { return store().Crossfade_Level; }
+};
+
+TEST(SmoothRunModeTake, TheCrossfadeMovesAtEveryFrameBetweenTakeTicks) {
+  SmoothTake off(false);
+  SmoothTake on(true);
+  ASSERT_EQ(on.desk->run_mode().Fade_Step(), 4);
+  ASSERT_EQ(on.desk->run_mode().Timer2().interval(), 70);
+  off.advance(105);  // frame at 140: one take tick (105), halfway to the next
+  on.advance(105);
+  EXPECT_EQ(off.crossfade(), 4);
+  EXPECT_EQ(on.crossfade(), 6);
+  EXPECT_GT(on.mixed(1), off.mixed(1));
+  // The take's own ticks are unchanged: at 175 both stand at 8.
+  off.advance(35);
+  on.advance(35);
+  EXPECT_EQ(off.crossfade(), 8);
+  EXPECT_EQ(on.crossfade(), 8);
+
+  on.advance(70 * 70);
+  EXPECT_FALSE(on.store().Autotake_Running);
+  EXPECT_EQ(on.crossfade(), 255);
+  on.advance(70);
+  EXPECT_EQ(on.mixed(1), 255);
+}
+
+TEST(SmoothRunModeTake, APauseKeepsTheLevelTheLastFrameShowed) {
+  SmoothTake on(true);
+  on.advance(105);  // 140: the frame shows 6
+  on.desk->run_mode().Run_Autotake_Click();
+  EXPECT_FALSE(on.store().Autotake_Running);
+  on.advance(700);
+  EXPECT_EQ(on.crossfade(), 6);
+}
+
+}  // namespace
+}  // namespace lumaris
