@@ -50,12 +50,15 @@ void PlaybackChases::Start_Sequence(int q) {
   timer1_[q]->set_enabled(true);
 }
 
+// A stopped chase is dark from the next frame on: a fade end it was holding goes too.
 void PlaybackChases::Stop_Sequence(int q) {
-  if (runnable(q)) timer1_[q]->set_enabled(false);
+  if (!runnable(q)) return;
+  timer1_[q]->set_enabled(false);
+  runs_[q].hold = false;
 }
 
 void PlaybackChases::Stop_All() {
-  for (auto& timer : timer1_) timer->set_enabled(false);
+  for (int q = 0; q < kStepTimers; ++q) Stop_Sequence(q);
 }
 
 void PlaybackChases::Set_Sequence_Level(int q, int level) {
@@ -107,8 +110,9 @@ void PlaybackChases::set_step_interval(int q) {
 void PlaybackChases::Timer1_Tick(int q) {
   const ChaseRec& chase = context_.store().Chase_Table[q];
   Run& run = runs_[q];
-  run.hold = run.final_unseen && context_.output_timing().smooth();
+  const bool hold = run.final_unseen && context_.output_timing().smooth();
   run.final_unseen = false;
+  run.hold = hold;
   if (run.step < chase_steps(chase)) {
     ++run.step;
   } else {
@@ -116,6 +120,7 @@ void PlaybackChases::Timer1_Tick(int q) {
       ++run.passes;
       if (run.passes > chase.Loop) {
         Stop_Sequence(q);
+        run.hold = hold;  // ending on its own, it still owes the frame its last level
         if (finished_) finished_();
         return;
       }

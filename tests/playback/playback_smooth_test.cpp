@@ -100,6 +100,17 @@ TEST(SmoothPlaybackChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame)
   EXPECT_EQ(on.mixed(10), 0);
 }
 
+TEST(SmoothPlaybackChase, AChaseTheOperatorStopsGoesDarkAtTheNextFrameThoughAFadeEndWasHeld) {
+  SmoothPlayback on(true);
+  on.output_interval(700);
+  on.chase().Speed[1] = 0.5;
+  on.click(4);
+  on.advance(600);  // the fade ended at 500 and its step at 501: held for the frame at 700
+  on.click(4);
+  on.advance(100);
+  EXPECT_EQ(on.mixed(10), 0);
+}
+
 // Screen 2 brings channel 1 to full over 5 s. At a 70 ms output interval the
 // take ticks every 70 ms by 4 (70 ticks), out of phase with the frames when
 // the take starts between two of them.
