@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QMouseEvent>
-#include <stdexcept>
 #include <QPushButton>
 #include <QLineEdit>
 
@@ -15,17 +14,15 @@
 #include "app/widgets/log_slider_widget.h"
 #include "app/widgets/prog_bar_widget.h"
 #include "sequence/chase_runtime.h"
+#include "tests/app/app_windows.h"
 
 namespace lumaris {
 
 namespace {
 
-ChasesWindow& chases_window(DeskApp& app) {
-  for (const auto& window : app.windows()) {
-    if (window->name() == "Chases") return static_cast<ChasesWindow&>(*window);
-  }
-  throw std::logic_error("no sequence desk window");
-}
+using ChasesWindowTest = DeskAppTest;
+
+ChasesWindow& chases_window(DeskApp& app) { return window_named<ChasesWindow>(app, "Chases"); }
 
 QPushButton* button_with_text(QWidget* parent, const QString& text) {
   for (QPushButton* b : parent->findChildren<QPushButton*>()) {
@@ -42,10 +39,7 @@ void press(QWidget* widget, QPointF at) {
 
 }  // namespace
 
-TEST(ChasesWindow, OpensFromTheMainDeskAndForwardsTheOperatorsEvents) {
-  DeskApp app;
-  app.start();
-  app.show_main_window();
+TEST_F(ChasesWindowTest, OpensFromTheMainDeskAndForwardsTheOperatorsEvents) {
   QPushButton* open = button_with_text(&app.main_window(), QStringLiteral("Sequence Desk"));
   ASSERT_NE(open, nullptr);
   ASSERT_TRUE(open->isEnabled());
@@ -78,14 +72,7 @@ TEST(ChasesWindow, OpensFromTheMainDeskAndForwardsTheOperatorsEvents) {
   EXPECT_FALSE(desk.visible());
 }
 
-}  // namespace lumaris
-
-namespace lumaris {
-
-TEST(ChasesWindow, ShowMovingWidensTheDeskAndThePadAimsTheMovingLight) {
-  DeskApp app;
-  app.start();
-  app.show_main_window();
+TEST_F(ChasesWindowTest, ShowMovingWidensTheDeskAndThePadAimsTheMovingLight) {
   Chases& desk = app.console().sequence_desk();
   ChasesWindow& window = chases_window(app);
   app.handle([&] {
@@ -118,14 +105,7 @@ TEST(ChasesWindow, ShowMovingWidensTheDeskAndThePadAimsTheMovingLight) {
   EXPECT_EQ(window.width(), narrow);
 }
 
-}  // namespace lumaris
-
-namespace lumaris {
-
-TEST(ChasesWindow, ARunningChasesTicksRewriteEveryPartTheyChangedAndLeaveTheRest) {
-  DeskApp app;
-  app.start();
-  app.show_main_window();
+TEST_F(ChasesWindowTest, ARunningChasesTicksRewriteEveryPartTheyChangedAndLeaveTheRest) {
   Chases& desk = app.console().sequence_desk();
   ChasesWindow& window = chases_window(app);
   // Two steps of 5 s; chase channel 1 fades 0 -> 255 over the first second of each.

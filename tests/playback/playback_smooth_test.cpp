@@ -67,12 +67,17 @@ TEST(SmoothPlaybackChase, AStepBeginningBetweenMixingTicksFadesFromItsStartToThe
   EXPECT_EQ(on.mixed(10), 40);
 }
 
+// The fade fills step 1: its last level (200) is mixed at 500, the step moves
+// on at 501 and the output runs only every 700 ms, so no frame carried it.
+struct FadeEndBetweenFrames : SmoothPlayback {
+  FadeEndBetweenFrames() : SmoothPlayback(true) {
+    output_interval(700);
+    chase().Speed[1] = 0.5;
+  }
+};
+
 TEST(SmoothPlaybackChase, AFadesLastLevelIsHeldForAFrameWhenTheStepMovesOnFirst) {
-  SmoothPlayback on(true);
-  // The fade fills the step: its last level (200) is mixed at 500, the step
-  // moves on at 501 and the output runs only every 700 ms.
-  on.output_interval(700);
-  on.chase().Speed[1] = 0.5;
+  FadeEndBetweenFrames on;
   on.chase().Speed[2] = 1.0;
   on.click(4);
   on.advance(700);
@@ -83,11 +88,10 @@ TEST(SmoothPlaybackChase, AFadesLastLevelIsHeldForAFrameWhenTheStepMovesOnFirst)
 }
 
 TEST(SmoothPlaybackChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame) {
-  SmoothPlayback on(true);
-  on.output_interval(700);
+  FadeEndBetweenFrames on;
   // Two passes of two 501 ms steps: up to 200, down to 100. The last fade ends
   // at 2000, the chase at 2004; the next frame is at 2100.
-  on.chase().Speed[1] = on.chase().Speed[2] = 0.5;
+  on.chase().Speed[2] = 0.5;
   on.chase().Data[2][0] = 100;
   on.chase().Fade[2][0] = kChaseFade;
   on.chase().Time[2] = 0.5;
@@ -101,11 +105,9 @@ TEST(SmoothPlaybackChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame)
 }
 
 TEST(SmoothPlaybackChase, AChaseTheOperatorStopsGoesDarkAtTheNextFrameThoughAFadeEndWasHeld) {
-  SmoothPlayback on(true);
-  on.output_interval(700);
-  on.chase().Speed[1] = 0.5;
+  FadeEndBetweenFrames on;
   on.click(4);
-  on.advance(600);  // the fade ended at 500 and its step at 501: held for the frame at 700
+  on.advance(600);  // held for the frame at 700
   on.click(4);
   on.advance(100);
   EXPECT_EQ(on.mixed(10), 0);
