@@ -132,10 +132,10 @@ class RunMode {
   int fade_ticks_ = 0;
   int fade_step_ = 0;
   int delay_count_ = 0;
-  // Smooth output: when the take last ticked and the level it left.
+  // When the automatic take last ticked (or started) and the level it left:
+  // smooth output samples Crossfade_Level between two ticks.
   double take_tick_ms_ = 0;
   int take_tick_level_ = 0;
-  bool take_sampled_ = false;  // Crossfade_Level holds a level between two take ticks
   std::string fade_time_text_;
   Side side_a_;
   Side side_b_;

@@ -64,7 +64,6 @@ void RunMode::pause() {
   paint_sides(kRed, kRed);
   autotake_caption_ = kAutoTakeCaption;
   autotake_colour_.reset();
-  take_sampled_ = false;
 }
 
 void RunMode::resume() {
@@ -125,17 +124,17 @@ void RunMode::start_timer(bool resuming) {
   timer2_->set_interval(interval);
   timer2_->set_enabled(true);
   take_tick_ms_ = context_.scheduler().now_ms();
-  take_sampled_ = false;
+  take_tick_level_ = store.Crossfade_Level;
 }
 
 void RunMode::Timer2_Tick() {
   Store& store = context_.store();
-  if (take_sampled_) store.Crossfade_Level = static_cast<std::int16_t>(take_tick_level_);
-  take_sampled_ = false;
-  take_tick_ms_ = context_.scheduler().now_ms();
+  // The take steps on from its own last level, not from one a frame sampled in between.
   if (store.Autotake_Running) {
-    store.Crossfade_Level = static_cast<std::int16_t>(std::min(255, store.Crossfade_Level + fade_step_));
+    store.Crossfade_Level = static_cast<std::int16_t>(std::min(255, take_tick_level_ + fade_step_));
   }
+  take_tick_ms_ = context_.scheduler().now_ms();
+  take_tick_level_ = store.Crossfade_Level;
   show_crossfade();
   if (store.Crossfade_Level >= kAutoComplete) Complete_Take();
   notify();
@@ -144,8 +143,6 @@ void RunMode::Timer2_Tick() {
 void RunMode::sample_output(double now_ms) {
   Store& store = context_.store();
   if (!store.Autotake_Running || !timer2_->enabled()) return;
-  if (!take_sampled_) take_tick_level_ = store.Crossfade_Level;
-  take_sampled_ = true;
   int next = std::min(255, take_tick_level_ + fade_step_);
   if (next >= kAutoComplete) next = 255;  // that tick completes the take
   const double progress = std::clamp((now_ms - take_tick_ms_) / timer2_->interval(), 0.0, 1.0);
@@ -192,7 +189,6 @@ void RunMode::Run_Crossfade_Change(int value) {
 
 void RunMode::Complete_Take() {
   Store& store = context_.store();
-  take_sampled_ = false;
   store.Autotake_Running = false;
   store.Take_Manual = false;
   timer2_->set_enabled(false);
