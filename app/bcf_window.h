@@ -19,7 +19,7 @@ class BcfWindow final : public ToolWindow, public DeskWindow {
 
   QWidget* widget() override { return this; }
   Window& model() override;
-  std::string name() const override { return "BCF"; }
+  std::string name() const override { return "bcf2000"; }
   void sync() override;
 
   QLineEdit* Text1() const { return text1_; }

@@ -124,7 +124,7 @@ QWidget* ChannelPropertiesWindow::build_slots() {
 }
 
 Window& ChannelPropertiesWindow::model() { return properties(); }
-ChannelNames& ChannelPropertiesWindow::properties() { return app_.console().channel_properties(); }
+ChannelProperties& ChannelPropertiesWindow::properties() { return app_.console().channel_properties(); }
 
 void ChannelPropertiesWindow::prepare_screenshot() {
   app_.console().store().Edit_Channel = 0;
@@ -133,7 +133,7 @@ void ChannelPropertiesWindow::prepare_screenshot() {
 }
 
 void ChannelPropertiesWindow::sync() {
-  const ChannelNames& p = properties();
+  const ChannelProperties& p = properties();
   sync::title(this, p.caption());
   sync::text(show_channel_, p.Show_Channel());
   sync::text(show_name_, p.Show_Name());
@@ -143,7 +143,7 @@ void ChannelPropertiesWindow::sync() {
   sync::checked(cross_f_, p.Cross_F());
   sync::enabled(pannel_dec_, p.Pannel_Dec_enabled());
   sync::enabled(pannel_inc_, p.Pannel_Inc_enabled());
-  for (int i = 0; i < ChannelNames::kShownSlots; ++i) sync::text(show_dmx_[i], p.Show_DMX(i));
+  for (int i = 0; i < ChannelProperties::kShownSlots; ++i) sync::text(show_dmx_[i], p.Show_DMX(i));
   slider1_->set_model_value(p.Slider1());
 }
 

@@ -23,7 +23,7 @@ class ChannelPropertiesWindow final : public ToolWindow, public DeskWindow {
 
   QWidget* widget() override { return this; }
   Window& model() override;
-  std::string name() const override { return "Channel_Names"; }
+  std::string name() const override { return "channel-properties"; }
   void sync() override;
   void prepare_screenshot() override;
 
@@ -33,7 +33,7 @@ class ChannelPropertiesWindow final : public ToolWindow, public DeskWindow {
   LevelSlider* Slider1() const { return slider1_; }
 
  private:
-  ChannelNames& properties();
+  ChannelProperties& properties();
   QWidget* build_fields();
   QWidget* build_slots();
 
@@ -46,7 +46,7 @@ class ChannelPropertiesWindow final : public ToolWindow, public DeskWindow {
   QCheckBox* cross_f_ = nullptr;
   QPushButton* pannel_dec_ = nullptr;
   QPushButton* pannel_inc_ = nullptr;
-  std::array<QLineEdit*, ChannelNames::kShownSlots> show_dmx_{};
+  std::array<QLineEdit*, ChannelProperties::kShownSlots> show_dmx_{};
   LevelSlider* slider1_ = nullptr;
 };
 

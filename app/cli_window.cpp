@@ -76,7 +76,7 @@ void CliWindow::keyPressEvent(QKeyEvent* event) {
   app_.handle([&] { cli().Form_KeyDown(code); });
 }
 
-void CliWindow::prepare_screenshot() { app_.console().windows().open("CLI_sel"); }
+void CliWindow::prepare_screenshot() { app_.console().windows().open("command-line"); }
 
 std::vector<DeskWindow::ScreenshotVariant> CliWindow::screenshot_variants() {
   // A line being typed after one that was executed.

@@ -24,7 +24,7 @@ class CliWindow final : public ToolWindow, public DeskWindow {
 
   QWidget* widget() override { return this; }
   Window& model() override;
-  std::string name() const override { return "CLI"; }
+  std::string name() const override { return "command-line"; }
   void sync() override;
   void prepare_screenshot() override;
   std::vector<ScreenshotVariant> screenshot_variants() override;

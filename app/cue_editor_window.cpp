@@ -16,7 +16,7 @@
 #include "app/widgets/colour_box.h"
 #include "app/widgets/sync.h"
 #include "playback/cue_editor.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 
 namespace lumaris {
 

@@ -29,7 +29,7 @@ class CueEditorWindow final : public ToolWindow, public DeskWindow {
 
   QWidget* widget() override { return this; }
   Window& model() override;
-  std::string name() const override { return "namedit"; }
+  std::string name() const override { return "cue-editor"; }
   void sync() override;
   void prepare_screenshot() override;
 

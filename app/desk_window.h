@@ -17,7 +17,7 @@ class DeskWindow {
   virtual ~DeskWindow() = default;
   virtual QWidget* widget() = 0;
   virtual Window& model() = 0;
-  // The file name of its screenshot, e.g. "Hoofdblad".
+  // The name the desks open it by, which is also its screenshot's file name.
   virtual std::string name() const = 0;
   virtual void sync() = 0;
   // A window whose shown values change often splits sync() into parts that can

@@ -15,7 +15,7 @@
 #include "app/widgets/sync.h"
 #include "playback/button_setup.h"
 #include "playback/fader_setup.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 
 namespace lumaris {
 
@@ -35,7 +35,7 @@ QPushButton* small_button(const QString& caption, const QString& tooltip, QWidge
 template <typename Work>
 void FunctionSetupWindow::handle(Work work) {
   app_.handle([&] {
-    Playdesk& desk = app_.console().playback_desk();
+    PlaybackDesk& desk = app_.console().playback_desk();
     if (kind_ == Kind::Buttons) {
       work(desk.button_setup());
     } else {
@@ -169,13 +169,13 @@ FunctionSetupWindow::FunctionSetupWindow(DeskApp& app, Kind kind)
 }
 
 Window& FunctionSetupWindow::model() {
-  Playdesk& desk = app_.console().playback_desk();
+  PlaybackDesk& desk = app_.console().playback_desk();
   if (kind_ == Kind::Buttons) return desk.button_setup();
   return desk.fader_setup();
 }
 
 std::string FunctionSetupWindow::name() const {
-  return kind_ == Kind::Buttons ? "Button_Function_Form" : "Fader_Function_Form";
+  return kind_ == Kind::Buttons ? "button-setup" : "fader-setup";
 }
 
 void FunctionSetupWindow::prepare_screenshot() {
@@ -208,7 +208,7 @@ void FunctionSetupWindow::sync() {
     sync::enabled(pannel_dec_, w.Pannel_Dec_enabled());
     sync::enabled(pannel_inc_, w.Pannel_Inc_enabled());
   };
-  Playdesk& desk = app_.console().playback_desk();
+  PlaybackDesk& desk = app_.console().playback_desk();
   if (kind_ == Kind::Buttons) {
     ButtonSetup& w = desk.button_setup();
     show(w);

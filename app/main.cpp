@@ -12,7 +12,6 @@
 #include "app/desk_app.h"
 #include "app/palette.h"
 #include "app/real_platform.h"
-#include "app/screenshot_names.h"
 #include "app/terminal_input.h"
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
@@ -21,7 +20,7 @@
 #include "net/art_net_node.h"
 #include "platform/headless_dialogs.h"
 #include "platform/qt/qt_scheduler.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "playback/run_mode.h"
 
 namespace {
@@ -67,7 +66,7 @@ bool load_and_run(lumaris::Console& console, const ProgramOptions& line) {
     std::cerr << "lumaris: --run needs a show\n";
     return true;
   }
-  lumaris::Playdesk& desk = console.playback_desk();
+  lumaris::PlaybackDesk& desk = console.playback_desk();
   desk.Show();
   if (!console.store().Run_Mode) desk.run_mode().Run_Switch_Click();
   return true;
@@ -81,7 +80,7 @@ bool apply_run_options(lumaris::Console& console, const ProgramOptions& line) {
   if (line.smooth) console.context().output_timing().set_run_smooth(true);
   if (line.refresh_ms) console.output_cycle().Timer1().set_interval(*line.refresh_ms);
   if (!line.artnet_target) return true;
-  using Check = lumaris::D_ArtNet::DestinationCheck;
+  using Check = lumaris::ArtNetNode::DestinationCheck;
   const Check check = console.art_net().set_run_destination(*line.artnet_target);
   if (check == Check::Accepted) return true;
   std::cerr << "lumaris: "
@@ -158,7 +157,7 @@ int run_desktop(int argc, char** argv, const ProgramOptions& line) {
   return code;
 }
 
-// Renders every window offscreen to DIR/<label>_<window name>.png.
+// Renders every window offscreen to DIR/<window name>.png (and <window name>_<variant>.png).
 int run_screenshots(int argc, char** argv, const ProgramOptions& line) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
@@ -181,8 +180,7 @@ int run_screenshots(int argc, char** argv, const ProgramOptions& line) {
     QWidget* widget = window.widget();
     widget->show();
     QCoreApplication::processEvents();
-    const std::string file = lumaris::screenshot_file_name(window.name(), window.model().caption());
-    const QString path = dir.filePath(QString::fromStdString(file + suffix) + ".png");
+    const QString path = dir.filePath(QString::fromStdString(window.name() + suffix) + ".png");
     if (widget->grab().save(path)) {
       std::cout << path.toStdString() << "\n";
     } else {

@@ -62,14 +62,14 @@ MainDeskWindow::MainDeskWindow(DeskApp& app) : app_(app) {
 }
 
 Window& MainDeskWindow::model() { return desk(); }
-Hoofdblad& MainDeskWindow::desk() { return app_.console().main_desk(); }
+MainDesk& MainDeskWindow::desk() { return app_.console().main_desk(); }
 
 QWidget* MainDeskWindow::build_strips() {
   auto* panel = new QWidget(this);
   auto* grid = new QGridLayout(panel);
   grid->setHorizontalSpacing(2);
   grid->setVerticalSpacing(2);
-  for (int i = 0; i < Hoofdblad::kStrips; ++i) {
+  for (int i = 0; i < MainDesk::kStrips; ++i) {
     Strip& strip = strips_[i];
     strip.name = box(panel);
     strip.level = box(panel);
@@ -209,7 +209,7 @@ void MainDeskWindow::build_menus() {
   for (const MenuEntry& entry : desk().menu_entries()) {
     QMenu*& menu = menus[entry.menu];
     if (menu == nullptr) menu = menuBar()->addMenu(sync::q(entry.menu));
-    if (entry.name == "resetdesk") menu->addSeparator();
+    if (entry.name == "reset-desk") menu->addSeparator();
     QAction* action = menu->addAction(sync::q(entry.caption));
     action->setObjectName(sync::q(entry.name));
     actions_[entry.name] = action;
@@ -257,7 +257,7 @@ bool MainDeskWindow::eventFilter(QObject* watched, QEvent* event) {
   const bool right_press = event->type() == QEvent::MouseButtonPress &&
                            static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
   if (!double_click && !right_press) return false;
-  for (int i = 0; i < Hoofdblad::kStrips; ++i) {
+  for (int i = 0; i < MainDesk::kStrips; ++i) {
     const Strip& strip = strips_[i];
     const bool opens = (double_click && (watched == strip.level || watched == strip.name)) ||
                        (right_press && (watched == strip.slider || watched == strip.name));
@@ -285,9 +285,9 @@ void MainDeskWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void MainDeskWindow::sync() {
-  const Hoofdblad& d = desk();
+  const MainDesk& d = desk();
   sync::title(this, d.caption());
-  for (int i = 0; i < Hoofdblad::kStrips; ++i) {
+  for (int i = 0; i < MainDesk::kStrips; ++i) {
     const ChannelStrip& model = d.strips()[i];
     const Strip& strip = strips_[i];
     strip.slider->set_model_value(model.Slider1);

@@ -25,7 +25,7 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
 
   QWidget* widget() override { return this; }
   Window& model() override;
-  std::string name() const override { return "Hoofdblad"; }
+  std::string name() const override { return "main-desk"; }
   void sync() override;
   std::vector<ScreenshotVariant> screenshot_variants() override;
 
@@ -62,7 +62,7 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
     QPushButton* min = nullptr;
   };
 
-  Hoofdblad& desk();
+  MainDesk& desk();
   QWidget* build_strips();
   QWidget* build_masters();
   QWidget* build_submix_row();
@@ -71,7 +71,7 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
   void after_menu(const std::string& name);
 
   DeskApp& app_;
-  std::array<Strip, Hoofdblad::kStrips> strips_{};
+  std::array<Strip, MainDesk::kStrips> strips_{};
   LevelSlider* channels_ = nullptr;
   LevelSlider* submix_master_ = nullptr;
   LevelSlider* main_ = nullptr;

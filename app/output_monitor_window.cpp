@@ -14,7 +14,7 @@ namespace lumaris {
 
 namespace {
 constexpr int kBarsPerRow = 48;  // three rows of 48
-static_assert(3 * kBarsPerRow == Realout::kBars);
+static_assert(3 * kBarsPerRow == OutputMonitor::kBars);
 }
 
 OutputMonitorWindow::OutputMonitorWindow(DeskApp& app)
@@ -39,7 +39,7 @@ OutputMonitorWindow::OutputMonitorWindow(DeskApp& app)
     row_labels_[row]->setAlignment(Qt::AlignRight | Qt::AlignBottom);
     grid->addWidget(row_labels_[row], static_cast<int>(row), 0);
   }
-  for (int i = 0; i < Realout::kBars; ++i) {
+  for (int i = 0; i < OutputMonitor::kBars; ++i) {
     bars_[i] = new ProgBarWidget(monitor().bar(i), this);
     bars_[i]->setFixedSize(14, 96);
     // Hidden bars keep their place so the grid does not shift on the last page.
@@ -56,10 +56,10 @@ OutputMonitorWindow::OutputMonitorWindow(DeskApp& app)
 }
 
 Window& OutputMonitorWindow::model() { return monitor(); }
-Realout& OutputMonitorWindow::monitor() { return app_.console().output_monitor(); }
+OutputMonitor& OutputMonitorWindow::monitor() { return app_.console().output_monitor(); }
 
 void OutputMonitorWindow::sync() {
-  const Realout& m = monitor();
+  const OutputMonitor& m = monitor();
   sync::title(this, m.caption());
   sync::text(label_, m.range_label());
   sync::enabled(pannel_dec_, m.Pannel_Dec_enabled());
@@ -69,7 +69,7 @@ void OutputMonitorWindow::sync() {
     sync::text(row_labels_[row],
                m.bar_visible(first) ? std::to_string(m.bar_slot(first) + 1) : std::string());
   }
-  for (int i = 0; i < Realout::kBars; ++i) {
+  for (int i = 0; i < OutputMonitor::kBars; ++i) {
     sync::visible(bars_[i], m.bar_visible(i));
     sync::tooltip(bars_[i], m.bar_tooltip(i));
     bars_[i]->sync();

@@ -21,7 +21,7 @@ class OutputMonitorWindow final : public ToolWindow, public DeskWindow {
 
   QWidget* widget() override { return this; }
   Window& model() override;
-  std::string name() const override { return "Realout"; }
+  std::string name() const override { return "output-monitor"; }
   void sync() override;
 
   ProgBarWidget* ProgBar1(int i) const { return bars_[i]; }
@@ -29,10 +29,10 @@ class OutputMonitorWindow final : public ToolWindow, public DeskWindow {
   QPushButton* Pannel_Inc() const { return pannel_inc_; }
 
  private:
-  Realout& monitor();
+  OutputMonitor& monitor();
 
   DeskApp& app_;
-  std::array<ProgBarWidget*, Realout::kBars> bars_{};
+  std::array<ProgBarWidget*, OutputMonitor::kBars> bars_{};
   std::array<QLabel*, 3> row_labels_{};  // DMX channel of each row's first bar
   QLabel* label_ = nullptr;
   QPushButton* pannel_dec_ = nullptr;

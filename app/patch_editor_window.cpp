@@ -34,7 +34,7 @@ PatchEditorWindow::PatchEditorWindow(DeskApp& app)
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(4);
   grid->setVerticalSpacing(2);
-  for (int i = 0; i < EditPatchList::kEntries; ++i) {
+  for (int i = 0; i < PatchEditor::kEntries; ++i) {
     label1_[i] = new QLabel(this);
     text1_[i] = new QLineEdit(this);
     text1_[i]->setFixedWidth(36);
@@ -65,7 +65,7 @@ PatchEditorWindow::PatchEditorWindow(DeskApp& app)
 }
 
 Window& PatchEditorWindow::model() { return editor(); }
-EditPatchList& PatchEditorWindow::editor() { return app_.console().patch_editor(); }
+PatchEditor& PatchEditorWindow::editor() { return app_.console().patch_editor(); }
 
 void PatchEditorWindow::prepare_screenshot() {
   editor().Form_Load();
@@ -79,7 +79,7 @@ bool PatchEditorWindow::eventFilter(QObject* watched, QEvent* event) {
   const bool right_press = event->type() == QEvent::MouseButtonPress &&
                            static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
   if (!double_click && !right_press) return false;
-  for (int i = 0; i < EditPatchList::kEntries; ++i) {
+  for (int i = 0; i < PatchEditor::kEntries; ++i) {
     if (watched == text1_[i]) {
       app_.handle([&] { editor().Text1_Open(i); });
       return true;
@@ -89,12 +89,12 @@ bool PatchEditorWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void PatchEditorWindow::sync() {
-  const EditPatchList& e = editor();
+  const PatchEditor& e = editor();
   sync::title(this, e.caption());
   sync::text(label4_, e.Label4());
   sync::enabled(pannel_dec_, e.Pannel_Dec_enabled());
   sync::enabled(pannel_inc_, e.Pannel_Inc_enabled());
-  for (int i = 0; i < EditPatchList::kEntries; ++i) {
+  for (int i = 0; i < PatchEditor::kEntries; ++i) {
     sync::text(label1_[i], e.Label1(i));
     sync::text(text1_[i], e.Text1(i));
     sync::tooltip(text1_[i], e.Text1_tooltip(i));

@@ -21,7 +21,7 @@ class PatchEditorWindow final : public ToolWindow, public DeskWindow {
 
   QWidget* widget() override { return this; }
   Window& model() override;
-  std::string name() const override { return "editpatchlist"; }
+  std::string name() const override { return "patch-editor"; }
   void sync() override;
   void prepare_screenshot() override;
 
@@ -34,11 +34,11 @@ class PatchEditorWindow final : public ToolWindow, public DeskWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  EditPatchList& editor();
+  PatchEditor& editor();
 
   DeskApp& app_;
-  std::array<QLabel*, EditPatchList::kEntries> label1_{};
-  std::array<QLineEdit*, EditPatchList::kEntries> text1_{};
+  std::array<QLabel*, PatchEditor::kEntries> label1_{};
+  std::array<QLineEdit*, PatchEditor::kEntries> text1_{};
   QLabel* label4_ = nullptr;
   QPushButton* pannel_dec_ = nullptr;
   QPushButton* pannel_inc_ = nullptr;

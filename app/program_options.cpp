@@ -11,7 +11,7 @@ std::string usage_text() {
          "                          standard input is the keypad (keys 0-9 . / * + - c, Backspace,\n"
          "                          Enter): printf '5.50\\n' | lumaris --headless SHOW sets\n"
          "                          channel 5 to 50 %; each line is answered with its lamp and status\n"
-         "  --screenshot DIR [SHOW] render every window to DIR/<name>_<window>.png and exit\n"
+         "  --screenshot DIR [SHOW] render every window to DIR/<window>.png and exit\n"
          "  --check SHOW            load SHOW (or a .fxt fixture file) into a fresh desk and report what it holds\n"
          "  --resave IN OUT         load IN into a fresh desk and save it whole as OUT (a .fxt as single or all)\n"
          "  --run                   with a show: enter run mode at start, so Auto screens play by themselves\n"

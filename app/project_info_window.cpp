@@ -60,7 +60,7 @@ ProjectInfoWindow::ProjectInfoWindow(DeskApp& app)
 }
 
 Window& ProjectInfoWindow::model() { return info(); }
-ProjectText& ProjectInfoWindow::info() { return app_.console().project_info(); }
+ProjectInfo& ProjectInfoWindow::info() { return app_.console().project_info(); }
 
 void ProjectInfoWindow::prepare_screenshot() {
   info().Form_Load();
@@ -68,7 +68,7 @@ void ProjectInfoWindow::prepare_screenshot() {
 }
 
 void ProjectInfoWindow::sync() {
-  const ProjectText& p = info();
+  const ProjectInfo& p = info();
   sync::title(this, p.caption());
   sync::text(prj_name_, p.Prj_Name());
   sync::text(prj_date_, p.Prj_Date());

@@ -19,7 +19,7 @@ class ProjectInfoWindow final : public ToolWindow, public DeskWindow {
 
   QWidget* widget() override { return this; }
   Window& model() override;
-  std::string name() const override { return "Project_text"; }
+  std::string name() const override { return "project-info"; }
   void sync() override;
   void prepare_screenshot() override;
 
@@ -27,7 +27,7 @@ class ProjectInfoWindow final : public ToolWindow, public DeskWindow {
   QPushButton* OKButton() const { return ok_; }
 
  private:
-  ProjectText& info();
+  ProjectInfo& info();
 
   DeskApp& app_;
   QPlainTextEdit* text1_ = nullptr;

@@ -1,22 +1,22 @@
 #include "app/channel_properties_window.h"
-#include "app/chases_window.h"
+#include "app/sequence_desk_window.h"
 #include "app/cli_window.h"
 #include "app/cue_editor_window.h"
 #include "app/desk_app.h"
-#include "app/fixture_prop_window.h"
+#include "app/fixture_properties_window.h"
 #include "app/main_desk_window.h"
 #include "app/output_monitor_window.h"
 #include "app/patch_editor_window.h"
 #include "app/project_info_window.h"
-#include "app/art_config_window.h"
-#include "app/bcf_configure_window.h"
+#include "app/art_net_setup_window.h"
+#include "app/bcf_setup_window.h"
 #include "app/bcf_window.h"
 #include "app/function_setup_window.h"
-#include "app/instant_screen_window.h"
-#include "app/playdesk_window.h"
-#include "app/portsetup_window.h"
-#include "app/ola_config_window.h"
-#include "app/sacn_config_window.h"
+#include "app/instant_cues_window.h"
+#include "app/playback_desk_window.h"
+#include "app/output_device_setup_window.h"
+#include "app/ola_setup_window.h"
+#include "app/sacn_setup_window.h"
 
 namespace lumaris {
 
@@ -27,19 +27,19 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<ChannelPropertiesWindow>(app));
   windows.push_back(std::make_unique<OutputMonitorWindow>(app));
   windows.push_back(std::make_unique<ProjectInfoWindow>(app));
-  windows.push_back(std::make_unique<ChasesWindow>(app));
-  windows.push_back(std::make_unique<FixturePropWindow>(app));
-  windows.push_back(std::make_unique<ArtConfigWindow>(app));
-  windows.push_back(std::make_unique<PortsetupWindow>(app));
-  windows.push_back(std::make_unique<SacnConfigWindow>(app));
-  windows.push_back(std::make_unique<OlaConfigWindow>(app));
-  windows.push_back(std::make_unique<PlaydeskWindow>(app));
+  windows.push_back(std::make_unique<SequenceDeskWindow>(app));
+  windows.push_back(std::make_unique<FixturePropertiesWindow>(app));
+  windows.push_back(std::make_unique<ArtNetSetupWindow>(app));
+  windows.push_back(std::make_unique<OutputDeviceSetupWindow>(app));
+  windows.push_back(std::make_unique<SacnSetupWindow>(app));
+  windows.push_back(std::make_unique<OlaSetupWindow>(app));
+  windows.push_back(std::make_unique<PlaybackDeskWindow>(app));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Buttons));
   windows.push_back(std::make_unique<FunctionSetupWindow>(app, FunctionSetupWindow::Kind::Faders));
   windows.push_back(std::make_unique<CueEditorWindow>(app));
   windows.push_back(std::make_unique<CliWindow>(app));
-  windows.push_back(std::make_unique<InstantScreenWindow>(app));
-  windows.push_back(std::make_unique<BcfConfigureWindow>(app));
+  windows.push_back(std::make_unique<InstantCuesWindow>(app));
+  windows.push_back(std::make_unique<BcfSetupWindow>(app));
   windows.push_back(std::make_unique<BcfWindow>(app));
   return windows;
 }

@@ -11,27 +11,27 @@
 #include "core/output_monitor.h"
 #include "core/patch_editor.h"
 #include "core/project_info.h"
-#include "fixtures/fixture_prop.h"
+#include "fixtures/fixture_properties.h"
 #include "fixtures/moving_desk.h"
 #include "keypad/cli.h"
-#include "net/art_config.h"
+#include "net/art_net_setup.h"
 #include "net/art_net_node.h"
-#include "net/sacn_config.h"
+#include "net/sacn_setup.h"
 #include "net/sacn_output.h"
-#include "output/ola_config.h"
+#include "output/ola_setup.h"
 #include "output/ola_output.h"
 #include "output/output_devices.h"
-#include "output/portsetup.h"
+#include "output/output_device_setup.h"
 #include "platform/posix_file_system.h"
 #include "platform/scheduler.h"
 #include "playback/instant_cues.h"
 #include "playback/playback_chases.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "playback/run_mode.h"
 #include "sequence/chase_runtime.h"
-#include "sequence/chases.h"
+#include "sequence/sequence_desk.h"
 #include "surface/bcf.h"
-#include "surface/bcf_configure.h"
+#include "surface/bcf_setup.h"
 
 namespace lumaris {
 
@@ -53,27 +53,27 @@ Console::Console(const PlatformServices& services)
   // Timers due at the same moment tick in the order they were made: the output
   // timer first, then Art-Net's, then the desks'.
   output_timer_ = services_.scheduler->create_timer(true);
-  main_desk_ = std::make_unique<Hoofdblad>(*context_);
-  art_net_ = std::make_unique<D_ArtNet>(*context_, services_.art_socket, *main_desk_);
-  output_monitor_ = std::make_unique<Realout>(*context_);
-  patch_editor_ = std::make_unique<EditPatchList>(*context_);
-  channel_properties_ = std::make_unique<ChannelNames>(*context_, *main_desk_);
-  project_info_ = std::make_unique<ProjectText>(*context_);
-  playback_desk_ = std::make_unique<Playdesk>(*context_, *main_desk_);
-  sequence_desk_ = std::make_unique<Chases>(*context_, *main_desk_);
+  main_desk_ = std::make_unique<MainDesk>(*context_);
+  art_net_ = std::make_unique<ArtNetNode>(*context_, services_.art_socket, *main_desk_);
+  output_monitor_ = std::make_unique<OutputMonitor>(*context_);
+  patch_editor_ = std::make_unique<PatchEditor>(*context_);
+  channel_properties_ = std::make_unique<ChannelProperties>(*context_, *main_desk_);
+  project_info_ = std::make_unique<ProjectInfo>(*context_);
+  playback_desk_ = std::make_unique<PlaybackDesk>(*context_, *main_desk_);
+  sequence_desk_ = std::make_unique<SequenceDesk>(*context_, *main_desk_);
   moving_desk_ = std::make_unique<MovingDesk>(*context_, *sequence_desk_);
   sequence_desk_->set_moving_panel(moving_desk_.get());
   output_devices_ = std::make_unique<OutputDevices>(
       *context_, AdapterSeams{services_.d2xx, services_.port_io, services_.adapter_libraries});
-  port_setup_ = std::make_unique<Portsetup>(*context_, *output_devices_, *output_timer_);
+  port_setup_ = std::make_unique<OutputDeviceSetup>(*context_, *output_devices_, *output_timer_);
   output_devices_->set_setup_window(*port_setup_);
-  art_config_ = std::make_unique<Art_Config>(*context_, *art_net_, *main_desk_);
+  art_config_ = std::make_unique<ArtNetSetup>(*context_, *art_net_, *main_desk_);
   sacn_output_ = std::make_unique<SacnOutput>(*context_, services_.sacn_socket);
   if (services_.sacn_target) sacn_output_->set_run_target(*services_.sacn_target);
-  sacn_config_ = std::make_unique<SacnConfig>(*context_, *sacn_output_);
+  sacn_config_ = std::make_unique<SacnSetup>(*context_, *sacn_output_);
   ola_output_ = std::make_unique<OlaOutput>(*context_, services_.ola_client);
   if (services_.ola_universe) ola_output_->set_run_universe(*services_.ola_universe);
-  ola_config_ = std::make_unique<OlaConfig>(*context_, *ola_output_);
+  ola_config_ = std::make_unique<OlaSetup>(*context_, *ola_output_);
   const std::vector<OutputSink*> sinks{output_devices_.get(), art_net_.get(), sacn_output_.get(),
                                        ola_output_.get()};
   output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
@@ -89,7 +89,7 @@ Console::Console(const PlatformServices& services)
   cli_ = std::make_unique<CLI>(*context_, *main_desk_, *playback_desk_, services_.num_lock);
   main_desk_->set_cli_key_handler([this](int key_code) { cli_->CLI_Key(key_code); });
   surface_ = std::make_unique<BCF>(*context_, services_.midi, *main_desk_, *playback_desk_);
-  surface_setup_ = std::make_unique<BCF_configure>(*context_, *surface_);
+  surface_setup_ = std::make_unique<BcfSetup>(*context_, *surface_);
   links_->attach_surface(surface_.get());
   register_windows();
 }
@@ -98,36 +98,36 @@ Console::Console(const PlatformServices& services)
 // playback desk, which no menu entry opens.
 void Console::register_windows() {
   WindowRegistry& w = *windows_;
-  EditPatchList& patch = *patch_editor_;
-  w.add("editpatch", {&patch, [&patch] { patch.Form_Load(); }, [&patch] { patch.Form_Load(); }});
-  ChannelNames& properties = *channel_properties_;
+  PatchEditor& patch = *patch_editor_;
+  w.add("patch-editor", {&patch, [&patch] { patch.Form_Load(); }, [&patch] { patch.Form_Load(); }});
+  ChannelProperties& properties = *channel_properties_;
   const auto refresh_properties = [&properties] { properties.Refresh(); };
-  w.add("Channel_Edit", {&properties, refresh_properties, refresh_properties});
-  ProjectText& info = *project_info_;
-  w.add("project_info", {&info, [&info] { info.Form_Load(); }, [&info] { info.Form_Load(); }});
-  w.add("Chase_Screen", {sequence_desk_.get(), {}, {}});
-  w.add("Fixture_Prop", {&moving_desk_->fixture_prop(), {}, {}});
-  w.add("realoutput", {output_monitor_.get(), {}, {}});
-  Portsetup& setup = *port_setup_;
-  w.add("port_setup", {&setup, [&setup] { setup.Form_Load(); }, [&setup] { setup.Refresh(); }});
-  Art_Config& art = *art_config_;
+  w.add("channel-properties", {&properties, refresh_properties, refresh_properties});
+  ProjectInfo& info = *project_info_;
+  w.add("project-info", {&info, [&info] { info.Form_Load(); }, [&info] { info.Form_Load(); }});
+  w.add("sequence-desk", {sequence_desk_.get(), {}, {}});
+  w.add("fixture-properties", {&moving_desk_->fixture_prop(), {}, {}});
+  w.add("output-monitor", {output_monitor_.get(), {}, {}});
+  OutputDeviceSetup& setup = *port_setup_;
+  w.add("output-device-setup", {&setup, [&setup] { setup.Form_Load(); }, [&setup] { setup.Refresh(); }});
+  ArtNetSetup& art = *art_config_;
   const auto load_art = [&art] { art.Form_Load(); };
-  w.add("Art_setup", {&art, load_art, load_art});
+  w.add("art-net-setup", {&art, load_art, load_art});
   CLI& cli = *cli_;
-  w.add("CLI_sel", {&cli, [&cli] { cli.Form_Load(); }, {}});
+  w.add("command-line", {&cli, [&cli] { cli.Form_Load(); }, {}});
   BCF& surface = *surface_;
-  w.add("BCF", {&surface, [&surface] { surface.Form_Load(); }, {}});
-  BCF_configure& surface_setup = *surface_setup_;
-  w.add("BCF2000_setup", {&surface_setup, [&surface_setup] { surface_setup.Form_Load(); }, {}});
-  SacnConfig& sacn = *sacn_config_;
+  w.add("bcf2000", {&surface, [&surface] { surface.Form_Load(); }, {}});
+  BcfSetup& surface_setup = *surface_setup_;
+  w.add("bcf2000-setup", {&surface_setup, [&surface_setup] { surface_setup.Form_Load(); }, {}});
+  SacnSetup& sacn = *sacn_config_;
   const auto load_sacn = [&sacn] { sacn.Form_Load(); };
-  w.add("sACN_setup", {&sacn, load_sacn, load_sacn});
-  OlaConfig& ola = *ola_config_;
+  w.add("sacn-setup", {&sacn, load_sacn, load_sacn});
+  OlaSetup& ola = *ola_config_;
   const auto load_ola = [&ola] { ola.Form_Load(); };
-  w.add("OLA_setup", {&ola, load_ola, load_ola});
+  w.add("ola-setup", {&ola, load_ola, load_ola});
   if (playback_desk_->available()) {
-    w.add("Playdesk", {playback_desk_.get(), {}, {}});
-    w.add("instant_screen", {&playback_desk_->instant_cues(), {}, {}});
+    w.add("playback-desk", {playback_desk_.get(), {}, {}});
+    w.add("instant-cues", {&playback_desk_->instant_cues(), {}, {}});
   }
 }
 

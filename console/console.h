@@ -28,28 +28,28 @@ class NumLock;
 class ConsoleLinks;
 class WindowRegistry;
 class SurfaceFeedback;
-class Hoofdblad;
+class MainDesk;
 class OutputCycle;
-class Realout;
-class EditPatchList;
-class ChannelNames;
-class ProjectText;
-class Playdesk;
-class Chases;
+class OutputMonitor;
+class PatchEditor;
+class ChannelProperties;
+class ProjectInfo;
+class PlaybackDesk;
+class SequenceDesk;
 class OutputDevices;
-class Portsetup;
-class D_ArtNet;
-class Art_Config;
+class OutputDeviceSetup;
+class ArtNetNode;
+class ArtNetSetup;
 class ProjectFile;
 class CLI;
 class MovingDesk;
 class BCF;
-class BCF_configure;
+class BcfSetup;
 class OlaClient;
 class SacnOutput;
-class SacnConfig;
+class SacnSetup;
 class OlaOutput;
-class OlaConfig;
+class OlaSetup;
 
 // The outside world as the console sees it. Scheduler, dialogs and clock are
 // required; a missing hardware seam behaves as hardware that does not answer.
@@ -100,27 +100,27 @@ class Console {
   // The control surface that follows the desks' faders and buttons; null: none.
   void attach_surface(SurfaceFeedback* surface);
 
-  Hoofdblad& main_desk() { return *main_desk_; }
+  MainDesk& main_desk() { return *main_desk_; }
   OutputCycle& output_cycle() { return *output_cycle_; }
-  Realout& output_monitor() { return *output_monitor_; }
-  EditPatchList& patch_editor() { return *patch_editor_; }
-  ChannelNames& channel_properties() { return *channel_properties_; }
-  ProjectText& project_info() { return *project_info_; }
-  Playdesk& playback_desk() { return *playback_desk_; }
-  Chases& sequence_desk() { return *sequence_desk_; }
+  OutputMonitor& output_monitor() { return *output_monitor_; }
+  PatchEditor& patch_editor() { return *patch_editor_; }
+  ChannelProperties& channel_properties() { return *channel_properties_; }
+  ProjectInfo& project_info() { return *project_info_; }
+  PlaybackDesk& playback_desk() { return *playback_desk_; }
+  SequenceDesk& sequence_desk() { return *sequence_desk_; }
   MovingDesk& moving_desk() { return *moving_desk_; }
   OutputDevices& output_devices() { return *output_devices_; }
-  Portsetup& port_setup() { return *port_setup_; }
-  D_ArtNet& art_net() { return *art_net_; }
-  Art_Config& art_config() { return *art_config_; }
+  OutputDeviceSetup& port_setup() { return *port_setup_; }
+  ArtNetNode& art_net() { return *art_net_; }
+  ArtNetSetup& art_config() { return *art_config_; }
   ProjectFile& project_file() { return *project_file_; }
   CLI& cli() { return *cli_; }
   BCF& surface() { return *surface_; }
-  BCF_configure& surface_setup() { return *surface_setup_; }
+  BcfSetup& surface_setup() { return *surface_setup_; }
   SacnOutput& sacn_output() { return *sacn_output_; }
-  SacnConfig& sacn_config() { return *sacn_config_; }
+  SacnSetup& sacn_config() { return *sacn_config_; }
   OlaOutput& ola_output() { return *ola_output_; }
-  OlaConfig& ola_config() { return *ola_config_; }
+  OlaSetup& ola_config() { return *ola_config_; }
 
  private:
   void register_windows();
@@ -136,26 +136,26 @@ class Console {
   std::unique_ptr<WindowRegistry> windows_;
   std::unique_ptr<DeskContext> context_;
   std::unique_ptr<Timer> output_timer_;
-  std::unique_ptr<Hoofdblad> main_desk_;
-  std::unique_ptr<D_ArtNet> art_net_;
-  std::unique_ptr<Realout> output_monitor_;
-  std::unique_ptr<EditPatchList> patch_editor_;
-  std::unique_ptr<ChannelNames> channel_properties_;
-  std::unique_ptr<ProjectText> project_info_;
-  std::unique_ptr<Playdesk> playback_desk_;
-  std::unique_ptr<Chases> sequence_desk_;
+  std::unique_ptr<MainDesk> main_desk_;
+  std::unique_ptr<ArtNetNode> art_net_;
+  std::unique_ptr<OutputMonitor> output_monitor_;
+  std::unique_ptr<PatchEditor> patch_editor_;
+  std::unique_ptr<ChannelProperties> channel_properties_;
+  std::unique_ptr<ProjectInfo> project_info_;
+  std::unique_ptr<PlaybackDesk> playback_desk_;
+  std::unique_ptr<SequenceDesk> sequence_desk_;
   std::unique_ptr<MovingDesk> moving_desk_;
   std::unique_ptr<OutputDevices> output_devices_;
-  std::unique_ptr<Portsetup> port_setup_;
-  std::unique_ptr<Art_Config> art_config_;
+  std::unique_ptr<OutputDeviceSetup> port_setup_;
+  std::unique_ptr<ArtNetSetup> art_config_;
   std::unique_ptr<SacnOutput> sacn_output_;
-  std::unique_ptr<SacnConfig> sacn_config_;
+  std::unique_ptr<SacnSetup> sacn_config_;
   std::unique_ptr<OlaOutput> ola_output_;
-  std::unique_ptr<OlaConfig> ola_config_;
+  std::unique_ptr<OlaSetup> ola_config_;
   std::unique_ptr<OutputCycle> output_cycle_;
   std::unique_ptr<CLI> cli_;
   std::unique_ptr<BCF> surface_;
-  std::unique_ptr<BCF_configure> surface_setup_;
+  std::unique_ptr<BcfSetup> surface_setup_;
 };
 
 }  // namespace lumaris

@@ -1,8 +1,8 @@
 #include "console/console_links.h"
 
 #include "console/console.h"
-#include "playback/playdesk.h"
-#include "sequence/chases.h"
+#include "playback/playback_desk.h"
+#include "sequence/sequence_desk.h"
 
 namespace lumaris {
 
@@ -11,7 +11,7 @@ void ConsoleLinks::Main_Change(int value) { console_.playback_desk().Main_Change
 void ConsoleLinks::Refresh_Playback_Panel() { console_.playback_desk().Refresh_Playback_Panel(); }
 
 void ConsoleLinks::reset_desks() {
-  Playdesk& playback = console_.playback_desk();
+  PlaybackDesk& playback = console_.playback_desk();
   playback.set_reset_caption();
   playback.Clear_All();
   playback.Refresh_Playback_Panel();

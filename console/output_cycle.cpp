@@ -8,7 +8,7 @@
 #include "core/main_desk.h"
 #include "core/output_monitor.h"
 #include "platform/scheduler.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 
 namespace lumaris {
 
@@ -24,8 +24,8 @@ class TickFailure : public std::runtime_error {
 
 }  // namespace
 
-OutputCycle::OutputCycle(DeskContext& context, Timer& timer1, Hoofdblad& main_desk,
-                         Realout& monitor, Playdesk& playback_desk,
+OutputCycle::OutputCycle(DeskContext& context, Timer& timer1, MainDesk& main_desk,
+                         OutputMonitor& monitor, PlaybackDesk& playback_desk,
                          std::vector<OutputSink*> sinks)
     : context_(context),
       timer1_(timer1),
@@ -91,7 +91,7 @@ int OutputCycle::mix_run_mode(int i) const {
 
 void OutputCycle::mix_channels() {
   const Store& store = context_.store();
-  const Hoofdblad& desk = main_desk_;
+  const MainDesk& desk = main_desk_;
   const double channels_main = master_factor(desk.channels_value());
   const double sub_main = master_factor(desk.submix_master_value());
   const double main_factor = master_factor(playback_desk_.main_value());
@@ -109,7 +109,7 @@ void OutputCycle::mix_channels() {
 // unoptimised build keeps a virtual day of ticks quick to test.
 void OutputCycle::build_frame() {
   Store& store = context_.store();
-  Realout& monitor = monitor_;
+  OutputMonitor& monitor = monitor_;
   const bool monitor_shown = monitor.visible();
   const auto* patch = store.Patch.data();
   const int* mix = channel_mix_.data();
@@ -134,7 +134,7 @@ void OutputCycle::Timer1_Tick() {
   // not start inside this one.
   if (in_tick_) return;
   in_tick_ = true;
-  Hoofdblad& desk = main_desk_;
+  MainDesk& desk = main_desk_;
   desk.set_Picture2(Rgb{0, 255, 0});
   try {
     if (context_.output_timing().smooth()) {

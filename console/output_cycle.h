@@ -12,9 +12,9 @@
 namespace lumaris {
 
 class DeskContext;
-class Hoofdblad;
-class Realout;
-class Playdesk;
+class MainDesk;
+class OutputMonitor;
+class PlaybackDesk;
 
 // The main desk's output timer: every tick mixes every source into the desk
 // channels, maps them through the patch into DMX_Out, refreshes the output
@@ -23,8 +23,8 @@ class OutputCycle {
  public:
   static constexpr int kDefaultInterval = 70;
 
-  OutputCycle(DeskContext& context, Timer& timer1, Hoofdblad& main_desk, Realout& monitor,
-              Playdesk& playback_desk, std::vector<OutputSink*> sinks);
+  OutputCycle(DeskContext& context, Timer& timer1, MainDesk& main_desk, OutputMonitor& monitor,
+              PlaybackDesk& playback_desk, std::vector<OutputSink*> sinks);
 
   // Starts and stops the output timer and every sink with it.
   void start();
@@ -50,9 +50,9 @@ class OutputCycle {
 
   DeskContext& context_;
   Timer& timer1_;
-  Hoofdblad& main_desk_;
-  Realout& monitor_;
-  Playdesk& playback_desk_;
+  MainDesk& main_desk_;
+  OutputMonitor& monitor_;
+  PlaybackDesk& playback_desk_;
   std::vector<OutputSink*> sinks_;
   std::vector<FadeSample> fades_;
   std::array<int, kDeskChannels + 1> channel_mix_{};

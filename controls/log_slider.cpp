@@ -27,17 +27,17 @@ std::string significant_text(double x, int digits) {
   return result;
 }
 
-VRLogSlider::VRLogSlider() {
+LogSlider::LogSlider() {
   lbl_min_ = significant_text(min_, kLabelDigits);
   lbl_max_ = significant_text(max_, kLabelDigits);
   thumb_top_ = top_ + height_ - thumb_height_ / 2;
 }
 
-bool VRLogSlider::maps_logarithmically() const {
+bool LogSlider::maps_logarithmically() const {
   return log_axis_ && min_ > 0 && max_ > 0 && max_ != min_;
 }
 
-double VRLogSlider::position_of(double v) const {
+double LogSlider::position_of(double v) const {
   const double bottom = top_ + height_;
   if (maps_logarithmically()) {
     if (v <= 0) return bottom;
@@ -48,40 +48,40 @@ double VRLogSlider::position_of(double v) const {
   return bottom - height_ * (v - min_) / (max_ - min_);
 }
 
-void VRLogSlider::place_thumb(double p) {
+void LogSlider::place_thumb(double p) {
   thumb_top_ = std::clamp(p, top_, top_ + height_) - thumb_height_ / 2;
   if (val_change_) val_change_(Value());
 }
 
-void VRLogSlider::reposition() { place_thumb(position_of(value_)); }
+void LogSlider::reposition() { place_thumb(position_of(value_)); }
 
-void VRLogSlider::range_changed() {
+void LogSlider::range_changed() {
   lbl_min_ = significant_text(MinValue(), kLabelDigits);
   lbl_max_ = significant_text(MaxValue(), kLabelDigits);
   reposition();
 }
 
-void VRLogSlider::set_Value(double value) {
+void LogSlider::set_Value(double value) {
   value_ = value * scale_;
   reposition();
 }
 
-void VRLogSlider::set_MinValue(double value) {
+void LogSlider::set_MinValue(double value) {
   min_ = value * scale_;
   range_changed();
 }
 
-void VRLogSlider::set_MaxValue(double value) {
+void LogSlider::set_MaxValue(double value) {
   max_ = value * scale_;
   range_changed();
 }
 
-void VRLogSlider::set_logAxis(bool log_axis) {
+void LogSlider::set_logAxis(bool log_axis) {
   log_axis_ = log_axis;
   reposition();
 }
 
-void VRLogSlider::set_ScaleFactor(double factor) {
+void LogSlider::set_ScaleFactor(double factor) {
   if (factor == 0.0 || !std::isfinite(factor)) return;  // would lose every stored number
   value_ = value_ / scale_ * factor;
   min_ = min_ / scale_ * factor;
@@ -89,7 +89,7 @@ void VRLogSlider::set_ScaleFactor(double factor) {
   scale_ = factor;
 }
 
-void VRLogSlider::Set_From_Position(double p) {
+void LogSlider::Set_From_Position(double p) {
   const double bottom = top_ + height_;
   p = std::clamp(p, top_, bottom);
   place_thumb(p);
@@ -107,18 +107,18 @@ void VRLogSlider::Set_From_Position(double p) {
   if (cursor_move_) cursor_move_(Value());
 }
 
-void VRLogSlider::set_axis(double top, double height) {
+void LogSlider::set_axis(double top, double height) {
   top_ = top;
   height_ = std::max(height, 0.0);
   reposition();
 }
 
-void VRLogSlider::set_thumb_height(double height) {
+void LogSlider::set_thumb_height(double height) {
   thumb_height_ = std::max(height, 0.0);
   reposition();
 }
 
-std::vector<VRLogSlider::Tick> VRLogSlider::ticks() const {
+std::vector<LogSlider::Tick> LogSlider::ticks() const {
   std::vector<Tick> result;
   if (min_ <= 0 || max_ <= 0 || max_ == min_) return result;
   const double bottom = top_ + height_;

@@ -18,7 +18,7 @@ namespace lumaris {
 // above its maximum maps logarithmically like any other: the bottom is still
 // MinValue. A value of 0 or below on a logarithmic axis sits at the bottom end,
 // and Value still reads what was set.
-class VRLogSlider {
+class LogSlider {
  public:
   static constexpr int kLabelDigits = 3;  // significant digits of the min and max labels
   static constexpr double kDefaultMin = 0.1;    // seconds
@@ -29,7 +29,7 @@ class VRLogSlider {
     bool decade;  // a power of ten: drawn over the full width
   };
 
-  VRLogSlider();
+  LogSlider();
 
   double Value() const { return value_ / scale_; }
   double MinValue() const { return min_ / scale_; }

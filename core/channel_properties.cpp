@@ -32,9 +32,9 @@ std::string first_chars(const std::string& text, std::size_t count) {
   return text;
 }
 
-ChannelNames::ChannelNames(DeskContext& context, Hoofdblad& main_desk) : Window(kCaption), context_(context), main_desk_(main_desk) {}
+ChannelProperties::ChannelProperties(DeskContext& context, MainDesk& main_desk) : Window(kCaption), context_(context), main_desk_(main_desk) {}
 
-void ChannelNames::Refresh() {
+void ChannelProperties::Refresh() {
   const Store& store = context_.store();
   const int channel = store.Edit_Channel;
   const FaderName& fader = store.Fader_Names[channel];
@@ -53,7 +53,7 @@ void ChannelNames::Refresh() {
   }
 }
 
-void ChannelNames::step_channel(int step) {
+void ChannelProperties::step_channel(int step) {
   Store& store = context_.store();
   const int channel = std::clamp(store.Edit_Channel + step, 0, kDeskChannels - 1);
   store.Edit_Channel = static_cast<std::int16_t>(channel);
@@ -61,10 +61,10 @@ void ChannelNames::step_channel(int step) {
   store.Project_Changed = true;
 }
 
-void ChannelNames::Pannel_Dec_Click() { step_channel(-1); }
-void ChannelNames::Pannel_Inc_Click() { step_channel(+1); }
+void ChannelProperties::Pannel_Dec_Click() { step_channel(-1); }
+void ChannelProperties::Pannel_Inc_Click() { step_channel(+1); }
 
-void ChannelNames::Show_Name_Change(const std::string& text) {
+void ChannelProperties::Show_Name_Change(const std::string& text) {
   Store& store = context_.store();
   show_name_ = text;
   if (char_count(text) > kNameChars) {
@@ -77,16 +77,16 @@ void ChannelNames::Show_Name_Change(const std::string& text) {
   main_desk_.Refresh_Desk_Panel();
 }
 
-void ChannelNames::Channel_Description_Change(const std::string& text) {
+void ChannelProperties::Channel_Description_Change(const std::string& text) {
   Store& store = context_.store();
   description_ = text;
   store.Fader_Names[store.Edit_Channel].Desc = text;
   store.Project_Changed = true;
 }
 
-void ChannelNames::Channel_Description_Validate() { main_desk_.Refresh_Desk_Panel(); }
+void ChannelProperties::Channel_Description_Validate() { main_desk_.Refresh_Desk_Panel(); }
 
-void ChannelNames::Colour_button_Click() {
+void ChannelProperties::Colour_button_Click() {
   const std::optional<Rgb> chosen = context_.dialogs().choose_colour(kColourTitle, colour_bx_);
   if (!chosen) return;
   Store& store = context_.store();
@@ -96,23 +96,23 @@ void ChannelNames::Colour_button_Click() {
   main_desk_.Refresh_Desk_Panel();
 }
 
-void ChannelNames::Main_F_Click(bool checked) {
+void ChannelProperties::Main_F_Click(bool checked) {
   Store& store = context_.store();
   main_f_checked_ = checked;
   store.Fader_Names[store.Edit_Channel].Main_F = !checked;
   store.Project_Changed = true;
 }
 
-void ChannelNames::Cross_F_Click(bool checked) {
+void ChannelProperties::Cross_F_Click(bool checked) {
   Store& store = context_.store();
   cross_f_checked_ = checked;
   store.Fader_Names[store.Edit_Channel].Cross_F = !checked;
   store.Project_Changed = true;
 }
 
-void ChannelNames::OK_Click() { Hide(); }
+void ChannelProperties::OK_Click() { Hide(); }
 
-int ChannelNames::Slider1() const {
+int ChannelProperties::Slider1() const {
   const Store& store = context_.store();
   return 255 - store.Desk_Level[store.Edit_Channel];
 }
@@ -120,7 +120,7 @@ int ChannelNames::Slider1() const {
 // The fader sets the channel's level. The main desk's fader moves with it (and
 // with it the control surface) only when the channel is on the page the main desk
 // shows; otherwise only the level changes and the main desk shows it on paging.
-void ChannelNames::Slider1_Change(int value) {
+void ChannelProperties::Slider1_Change(int value) {
   Store& store = context_.store();
   const int channel = store.Edit_Channel;
   value = std::clamp(value, 0, 255);

@@ -9,16 +9,16 @@
 namespace lumaris {
 
 class DeskContext;
-class Hoofdblad;
+class MainDesk;
 
 // Channel properties: description, short name, colour and follow flags of
 // Edit_Channel, the DMX slots it feeds, and a fader for its level.
-class ChannelNames : public Window {
+class ChannelProperties : public Window {
  public:
   static constexpr int kShownSlots = 6;
   static constexpr std::size_t kNameChars = 4;
 
-  ChannelNames(DeskContext& context, Hoofdblad& main_desk);
+  ChannelProperties(DeskContext& context, MainDesk& main_desk);
   bool available() const { return true; }
 
   // Redraws every control for Edit_Channel (on opening and after paging).
@@ -54,7 +54,7 @@ class ChannelNames : public Window {
   void step_channel(int step);
 
   DeskContext& context_;
-  Hoofdblad& main_desk_;
+  MainDesk& main_desk_;
   std::string show_channel_;
   std::string show_name_;
   std::string description_;

@@ -43,22 +43,22 @@ constexpr const char* kKeysText =
     "Without a window (lumaris --headless): Ctrl-C ends the console cleanly.";
 }  // namespace
 
-Hoofdblad::Hoofdblad(DeskContext& context) : Window(kMainDeskCaption), context_(context) {}
+MainDesk::MainDesk(DeskContext& context) : Window(kMainDeskCaption), context_(context) {}
 
-int Hoofdblad::channel_of(int strip) const {
+int MainDesk::channel_of(int strip) const {
   return context_.store().Fader_Page * kStrips + strip;
 }
 
-const std::string& Hoofdblad::Status() const { return context_.status().main(); }
+const std::string& MainDesk::Status() const { return context_.status().main(); }
 
-void Hoofdblad::reset_masters() {
+void MainDesk::reset_masters() {
   main_ = 0;
   channels_ = 0;
   submix_master_ = 255;
   context_.desks().Main_Change(main_);
 }
 
-void Hoofdblad::Form_Load() {
+void MainDesk::Form_Load() {
   Store& store = context_.store();
   store.Port_Address = 888;
   store.Project_Changed = false;
@@ -79,7 +79,7 @@ void Hoofdblad::Form_Load() {
 
 // The panel as start-up and Reset Desk leave it: the start-up tooltips, the
 // levels and name boxes of page 0, and the submix label blank.
-void Hoofdblad::draw_start_up_panel() {
+void MainDesk::draw_start_up_panel() {
   const Store& store = context_.store();
   for (int i = 0; i < kStrips; ++i) {
     ChannelStrip& strip = strips_[i];
@@ -98,7 +98,7 @@ void Hoofdblad::draw_start_up_panel() {
   sub_colour_.reset();
 }
 
-void Hoofdblad::set_level(int i, int level) {
+void MainDesk::set_level(int i, int level) {
   Store& store = context_.store();
   const int ch = channel_of(i);
   strips_[i].Slider1 = 255 - level;
@@ -107,26 +107,26 @@ void Hoofdblad::set_level(int i, int level) {
   if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(i, level);
 }
 
-void Hoofdblad::Slider1_Change(int i, int value) {
+void MainDesk::Slider1_Change(int i, int value) {
   if (i < 0 || i >= kStrips) return;
   set_level(i, 255 - std::clamp(value, 0, 255));
 }
 
-void Hoofdblad::Command1_Click(int i) {
+void MainDesk::Command1_Click(int i) {
   if (i >= 0 && i < kStrips) set_level(i, 255);
 }
 
-void Hoofdblad::Command2_Click(int i) {
+void MainDesk::Command2_Click(int i) {
   if (i >= 0 && i < kStrips) set_level(i, 0);
 }
 
-void Hoofdblad::Open_Channel_Properties(int i) {
+void MainDesk::Open_Channel_Properties(int i) {
   if (i < 0 || i >= kStrips) return;
   context_.store().Edit_Channel = static_cast<std::int16_t>(channel_of(i));
-  context_.windows().open("Channel_Edit");
+  context_.windows().open("channel-properties");
 }
 
-void Hoofdblad::Inc_Channel_Click() {
+void MainDesk::Inc_Channel_Click() {
   Store& store = context_.store();
   dec_channels_enabled_ = true;
   if (store.Fader_Page < 1) ++store.Fader_Page;
@@ -136,7 +136,7 @@ void Hoofdblad::Inc_Channel_Click() {
   context_.status().show_main(" Faders " + str_number(store.Fader_Page) + " Selected");
 }
 
-void Hoofdblad::Dec_Channels_Click() {
+void MainDesk::Dec_Channels_Click() {
   Store& store = context_.store();
   inc_channel_enabled_ = true;
   if (store.Fader_Page > 0) --store.Fader_Page;
@@ -147,13 +147,13 @@ void Hoofdblad::Dec_Channels_Click() {
 }
 
 // The surface's faders are the strips of the page on show: they follow a page change.
-void Hoofdblad::send_page_to_surface() {
+void MainDesk::send_page_to_surface() {
   const Store& store = context_.store();
   if (store.BCF_Mode != 1) return;
   for (int i = 0; i < kStrips; ++i) context_.surface().BCF_Fader_Update(i, store.Desk_Level[channel_of(i)]);
 }
 
-void Hoofdblad::Clearall_Click() {
+void MainDesk::Clearall_Click() {
   Store& store = context_.store();
   for (ChannelStrip& strip : strips_) {
     strip.Slider1 = 255;
@@ -166,20 +166,20 @@ void Hoofdblad::Clearall_Click() {
   context_.status().show_main(kClearedStatus);
 }
 
-void Hoofdblad::channels_Change(int value) { channels_ = std::clamp(value, 0, 255); }
+void MainDesk::channels_Change(int value) { channels_ = std::clamp(value, 0, 255); }
 
-void Hoofdblad::Submix_Master_Change(int value) { submix_master_ = std::clamp(value, 0, 255); }
+void MainDesk::Submix_Master_Change(int value) { submix_master_ = std::clamp(value, 0, 255); }
 
-void Hoofdblad::Main_Change(int value) {
+void MainDesk::Main_Change(int value) {
   main_ = std::clamp(value, 0, 255);
   context_.desks().Main_Change(main_);
 }
 
-void Hoofdblad::Key_Down(int key_code) {
+void MainDesk::Key_Down(int key_code) {
   if (cli_key_) cli_key_(key_code);
 }
 
-void Hoofdblad::draw_strip_names(int i) {
+void MainDesk::draw_strip_names(int i) {
   const Store& store = context_.store();
   const int ch = channel_of(i);
   const FaderName& fader = store.Fader_Names[ch];
@@ -193,7 +193,7 @@ void Hoofdblad::draw_strip_names(int i) {
       fader.Colour != kDefaultChannelColour ? colour_from_text(fader.Colour) : Paint{};
 }
 
-void Hoofdblad::Refresh_Desk_Panel() {
+void MainDesk::Refresh_Desk_Panel() {
   const Store& store = context_.store();
   for (int i = 0; i < kStrips; ++i) {
     const int level = store.Desk_Level[channel_of(i)];
@@ -204,46 +204,46 @@ void Hoofdblad::Refresh_Desk_Panel() {
   show_submix();
 }
 
-void Hoofdblad::Command3_Click() { Menu_Click("Chase_Screen"); }
-void Hoofdblad::Command21_Click() { context_.windows().open("Playdesk"); }
-void Hoofdblad::Command22_Click() { Menu_Click("realoutput"); }
+void MainDesk::Command3_Click() { Menu_Click("sequence-desk"); }
+void MainDesk::Command21_Click() { context_.windows().open("playback-desk"); }
+void MainDesk::Command22_Click() { Menu_Click("output-monitor"); }
 
-std::vector<MenuEntry> Hoofdblad::menu_entries() const {
+std::vector<MenuEntry> MainDesk::menu_entries() const {
   const WindowOpener& windows = context_.windows();
   const bool project_file = context_.show_files().available();
   return {
-      {"&File", "LoadXML", "&Load", project_file},
-      {"&File", "Load_P_XML", "&Load Patches", project_file},
-      {"&File", "SaveXML", "&Save As Project", project_file},
-      {"&File", "Save_Instant", "&Save Project", project_file},
-      {"&File", "Save_Submix_XML", "Save Submix", project_file},
-      {"&File", "Save_Patch_XML", "Save Patch", project_file},
-      {"&File", "Save_Chase_XML", "Save Sequence", project_file},
-      {"&File", "resetdesk", "&Reset Desk", true},
-      {"&File", "eruit", "&Exit", true},
-      {"&Edit", "editpatch", "&Edit Patches", windows.can_open("editpatch")},
-      {"&Edit", "Channel_Edit", "&Channel Edit", windows.can_open("Channel_Edit")},
-      {"&Edit", "project_info", "&Project Info", windows.can_open("project_info")},
-      {"&Desks", "Chase_Screen", "&Sequence", windows.can_open("Chase_Screen")},
-      {"&Desks", "realoutput", "&Show Output", windows.can_open("realoutput")},
-      {"&Desks", "CLI_sel", "Command &Line", windows.can_open("CLI_sel")},
-      {"&Setup", "port_setup", "&Output Device Setup", windows.can_open("port_setup")},
-      {"&Setup", "BCF2000_setup", "&BCF2000 Setup", windows.can_open("BCF2000_setup")},
-      {"&Setup", "Art_setup", "&Art-Net Setup", windows.can_open("Art_setup")},
-      {"&Setup", "sACN_setup", "&sACN Setup", windows.can_open("sACN_setup")},
-      {"&Setup", "OLA_setup", "O&LA Output Setup", windows.can_open("OLA_setup")},
-      {"&Help", "Keys_Help", "&Keyboard and keypad", true},
-      {"&Help", "Aboutmenu", "&About", true},
+      {"&File", "load", "&Load", project_file},
+      {"&File", "load-patches", "&Load Patches", project_file},
+      {"&File", "save-as", "&Save As Project", project_file},
+      {"&File", "save", "&Save Project", project_file},
+      {"&File", "save-submix", "Save Submix", project_file},
+      {"&File", "save-patch", "Save Patch", project_file},
+      {"&File", "save-sequence", "Save Sequence", project_file},
+      {"&File", "reset-desk", "&Reset Desk", true},
+      {"&File", "exit", "&Exit", true},
+      {"&Edit", "patch-editor", "&Edit Patches", windows.can_open("patch-editor")},
+      {"&Edit", "channel-properties", "&Channel Edit", windows.can_open("channel-properties")},
+      {"&Edit", "project-info", "&Project Info", windows.can_open("project-info")},
+      {"&Desks", "sequence-desk", "&Sequence", windows.can_open("sequence-desk")},
+      {"&Desks", "output-monitor", "&Show Output", windows.can_open("output-monitor")},
+      {"&Desks", "command-line", "Command &Line", windows.can_open("command-line")},
+      {"&Setup", "output-device-setup", "&Output Device Setup", windows.can_open("output-device-setup")},
+      {"&Setup", "bcf2000-setup", "&BCF2000 Setup", windows.can_open("bcf2000-setup")},
+      {"&Setup", "art-net-setup", "&Art-Net Setup", windows.can_open("art-net-setup")},
+      {"&Setup", "sacn-setup", "&sACN Setup", windows.can_open("sacn-setup")},
+      {"&Setup", "ola-setup", "O&LA Output Setup", windows.can_open("ola-setup")},
+      {"&Help", "keys-help", "&Keyboard and keypad", true},
+      {"&Help", "about", "&About", true},
   };
 }
 
-bool Hoofdblad::button_enabled(const std::string& name) const {
-  if (name == "Command3") return context_.windows().can_open("Chase_Screen");
-  if (name == "Command21") return context_.windows().can_open("Playdesk");
+bool MainDesk::button_enabled(const std::string& name) const {
+  if (name == "Command3") return context_.windows().can_open("sequence-desk");
+  if (name == "Command21") return context_.windows().can_open("playback-desk");
   return true;
 }
 
-void Hoofdblad::Menu_Click(const std::string& name) {
+void MainDesk::Menu_Click(const std::string& name) {
   bool known = false;
   for (const MenuEntry& entry : menu_entries()) {
     if (entry.name != name) continue;
@@ -252,36 +252,36 @@ void Hoofdblad::Menu_Click(const std::string& name) {
   }
   if (!known) return;
   ShowFiles& file = context_.show_files();
-  if (name == "LoadXML") {
+  if (name == "load") {
     file.Load();
     Refresh_Desk_Panel();
     context_.desks().Refresh_Playback_Panel();
-  } else if (name == "Load_P_XML") {
+  } else if (name == "load-patches") {
     file.Load_Patches();
-  } else if (name == "SaveXML") {
+  } else if (name == "save-as") {
     file.Save_As_Project();
-  } else if (name == "Save_Instant") {
+  } else if (name == "save") {
     file.Save_Project();
-  } else if (name == "Save_Submix_XML") {
+  } else if (name == "save-submix") {
     file.Save_Submix();
-  } else if (name == "Save_Patch_XML") {
+  } else if (name == "save-patch") {
     file.Save_Patch();
-  } else if (name == "Save_Chase_XML") {
+  } else if (name == "save-sequence") {
     file.Save_Sequence();
-  } else if (name == "resetdesk") {
+  } else if (name == "reset-desk") {
     resetdesk_Click();
-  } else if (name == "eruit") {
+  } else if (name == "exit") {
     eruit_Click();
-  } else if (name == "Keys_Help") {
+  } else if (name == "keys-help") {
     context_.dialogs().message({kKeysTitle, kKeysText, MessageIcon::Information});
-  } else if (name == "Aboutmenu") {
+  } else if (name == "about") {
     context_.dialogs().message({kAboutTitle, kAboutText, MessageIcon::Information});
   } else {
     context_.windows().open(name);
   }
 }
 
-void Hoofdblad::resetdesk_Click() {
+void MainDesk::resetdesk_Click() {
   Store& store = context_.store();
   const MessageResult answer =
       context_.dialogs().message({kResetTitle, kResetQuestion, MessageIcon::Question,
@@ -307,7 +307,7 @@ void Hoofdblad::resetdesk_Click() {
   context_.status().show_both(kResetStatus);
 }
 
-bool Hoofdblad::confirm_exit() {
+bool MainDesk::confirm_exit() {
   if (context_.store().Project_Changed) {
     const MessageResult answer =
         context_.dialogs().message({kResetTitle, kUnsavedQuestion, MessageIcon::Question,
@@ -319,12 +319,12 @@ bool Hoofdblad::confirm_exit() {
   return true;
 }
 
-bool Hoofdblad::eruit_Click() {
+bool MainDesk::eruit_Click() {
   context_.status().show_both(kExitMenuStatus);
   return confirm_exit();
 }
 
-bool Hoofdblad::Form_Unload() {
+bool MainDesk::Form_Unload() {
   context_.status().show_both(kExitWindowStatus);
   return confirm_exit();
 }

@@ -28,18 +28,18 @@ struct ChannelStrip {
 
 struct MenuEntry {
   std::string menu;     // the menu it sits in, e.g. "&File"
-  std::string name;     // the entry's control name, e.g. "LoadXML"
+  std::string name;     // the entry's control name, e.g. "load"
   std::string caption;  // e.g. "&Load"
   bool enabled = true;
 };
 
 // The main desk window: 64 channel faders on two pages, the masters, the
 // submix controls, the status line and the menus that open every other window.
-class Hoofdblad : public Window {
+class MainDesk : public Window {
  public:
   static constexpr int kStrips = 32;
 
-  explicit Hoofdblad(DeskContext& context);
+  explicit MainDesk(DeskContext& context);
 
   // Start-up of the desk (the window's load).
   void Form_Load();

@@ -10,7 +10,7 @@ namespace {
 constexpr int kSlotsPerPage = 143;  // adjacent pages share one slot
 }
 
-Realout::Realout(DeskContext& context) : Window("Output Monitor"), context_(context) {
+OutputMonitor::OutputMonitor(DeskContext& context) : Window("Output Monitor"), context_(context) {
   for (ProgBar& bar : bars_) {
     bar.set_Vertical(true);
     bar.set_Max(255);
@@ -18,7 +18,7 @@ Realout::Realout(DeskContext& context) : Window("Output Monitor"), context_(cont
   }
 }
 
-void Realout::show_page(int page) {
+void OutputMonitor::show_page(int page) {
   page_ = std::clamp(page, 0, kLastPage);
   Store& store = context_.store();
   store.Realout_First = static_cast<std::int16_t>(page_ * kSlotsPerPage);
@@ -29,25 +29,25 @@ void Realout::show_page(int page) {
   }
 }
 
-void Realout::Show() {
+void OutputMonitor::Show() {
   // Opening starts on page 0; showing it again while open keeps the operator's page.
   if (!visible()) show_page(0);
   Window::Show();
 }
 
-void Realout::Pannel_Dec_Click() { show_page(page_ - 1); }
-void Realout::Pannel_Inc_Click() { show_page(page_ + 1); }
+void OutputMonitor::Pannel_Dec_Click() { show_page(page_ - 1); }
+void OutputMonitor::Pannel_Inc_Click() { show_page(page_ + 1); }
 
-void Realout::set_bar(int bar, int level) {
+void OutputMonitor::set_bar(int bar, int level) {
   if (bar < 0 || bar >= kBars || bars_[bar].Value() == level) return;
   bars_[bar].set_Value(level);
 }
 
-int Realout::bar_slot(int i) const { return page_ * kSlotsPerPage + i; }
+int OutputMonitor::bar_slot(int i) const { return page_ * kSlotsPerPage + i; }
 
-bool Realout::bar_visible(int i) const { return bar_slot(i) < kDmxSlots; }
+bool OutputMonitor::bar_visible(int i) const { return bar_slot(i) < kDmxSlots; }
 
-std::string Realout::bar_tooltip(int i) const {
+std::string OutputMonitor::bar_tooltip(int i) const {
   const Store& store = context_.store();
   const int slot = bar_slot(i);
   if (slot >= kDmxSlots) return {};
@@ -57,7 +57,7 @@ std::string Realout::bar_tooltip(int i) const {
 
 // Names DMX channels (slot + 1) like the bars' tooltips, and stops at the end
 // of the frame on the last page, where the hidden bars stand for nothing.
-std::string Realout::range_label() const {
+std::string OutputMonitor::range_label() const {
   const int first = bar_slot(0);
   const int last = std::min(bar_slot(kBars - 1), kDmxSlots - 1);
   return " Real DMX Output  Ch" + std::to_string(first + 1) + "   -  Ch" +

@@ -11,12 +11,12 @@ namespace lumaris {
 class DeskContext;
 
 // The output monitor: 144 bars of the frame being sent, four overlapping pages.
-class Realout : public Window {
+class OutputMonitor : public Window {
  public:
   static constexpr int kBars = 144;
   static constexpr int kLastPage = 3;
 
-  explicit Realout(DeskContext& context);
+  explicit OutputMonitor(DeskContext& context);
 
   void Show() override;  // opening starts on page 0
   void Pannel_Dec_Click();

@@ -34,11 +34,11 @@ std::optional<int> channel_in(const std::string& text) {
 
 }  // namespace
 
-EditPatchList::EditPatchList(DeskContext& context) : Window(kCaption), context_(context) {
+PatchEditor::PatchEditor(DeskContext& context) : Window(kCaption), context_(context) {
   draw_entries();
 }
 
-void EditPatchList::draw_entries() {
+void PatchEditor::draw_entries() {
   const Store& store = context_.store();
   for (int i = 0; i < kEntries; ++i) {
     const int s = slot_of(i);
@@ -51,24 +51,24 @@ void EditPatchList::draw_entries() {
             std::to_string(slot_of(kEntries - 1) + 1) + " )";
 }
 
-void EditPatchList::Form_Load() {
+void PatchEditor::Form_Load() {
   set_caption(kCaption);
   draw_entries();
 }
 
-void EditPatchList::Pannel_Dec_Click() {
+void PatchEditor::Pannel_Dec_Click() {
   if (page_ == 0) return;
   --page_;
   draw_entries();
 }
 
-void EditPatchList::Pannel_Inc_Click() {
+void PatchEditor::Pannel_Inc_Click() {
   if (page_ == kLastPage) return;
   ++page_;
   draw_entries();
 }
 
-void EditPatchList::Text1_Change(int i, const std::string& text) {
+void PatchEditor::Text1_Change(int i, const std::string& text) {
   if (i < 0 || i >= kEntries) return;
   text1_[i] = text;
   if (channel_in(text)) return;
@@ -77,7 +77,7 @@ void EditPatchList::Text1_Change(int i, const std::string& text) {
   text1_[i] = "0";
 }
 
-void EditPatchList::Update_Click() {
+void PatchEditor::Update_Click() {
   Store& store = context_.store();
   for (int i = 0; i < kEntries; ++i) {
     // Typing refuses anything else, so a box that is not a channel only stays
@@ -88,7 +88,7 @@ void EditPatchList::Update_Click() {
   store.Project_Changed = true;
 }
 
-void EditPatchList::Clear_Click() {
+void PatchEditor::Clear_Click() {
   Store& store = context_.store();
   for (int i = 0; i < kEntries; ++i) store.Patch[slot_of(i)] = 0;
   draw_entries();
@@ -96,14 +96,14 @@ void EditPatchList::Clear_Click() {
   store.Project_Changed = true;
 }
 
-void EditPatchList::Close_Click() { Hide(); }
+void PatchEditor::Close_Click() { Hide(); }
 
-void EditPatchList::Text1_Open(int i) {
+void PatchEditor::Text1_Open(int i) {
   if (i < 0 || i >= kEntries) return;
   const std::optional<int> channel = channel_in(text1_[i]);
   if (!channel || *channel < 1) return;
   context_.store().Edit_Channel = static_cast<std::int16_t>(*channel - 1);
-  context_.windows().open("Channel_Edit");
+  context_.windows().open("channel-properties");
 }
 
 }  // namespace lumaris

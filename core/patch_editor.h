@@ -11,13 +11,13 @@ class DeskContext;
 
 // The patch editor: one box per DMX slot holding the desk channel that feeds it.
 // 128 entries are shown at a time; each page moves the view by 32 slots.
-class EditPatchList : public Window {
+class PatchEditor : public Window {
  public:
   static constexpr int kEntries = 128;
   static constexpr int kPageStep = 32;
   static constexpr int kLastPage = 12;  // shows slots 385..512
 
-  explicit EditPatchList(DeskContext& context);
+  explicit PatchEditor(DeskContext& context);
   bool available() const { return true; }
 
   // Opening: draws the entries of the current page from the patch.

@@ -17,9 +17,9 @@ std::string date_text(int year, int month, int day) {
   return text;
 }
 
-ProjectText::ProjectText(DeskContext& context) : Window(kCaption), context_(context) {}
+ProjectInfo::ProjectInfo(DeskContext& context) : Window(kCaption), context_(context) {}
 
-void ProjectText::Form_Load() {
+void ProjectInfo::Form_Load() {
   const Store& store = context_.store();
   text1_ = store.Project_Text;
   prj_name_ = store.Project_Name;
@@ -32,7 +32,7 @@ void ProjectText::Form_Load() {
   prj_version_ = store.Project_Version == 0 ? "1" : std::to_string(store.Project_Version);
 }
 
-void ProjectText::OKButton_Click() {
+void ProjectInfo::OKButton_Click() {
   Store& store = context_.store();
   store.Project_Text = text1_;
   store.Project_Name = prj_name_;
@@ -40,6 +40,6 @@ void ProjectText::OKButton_Click() {
   Hide();
 }
 
-void ProjectText::CancelButton_Click() { Hide(); }
+void ProjectInfo::CancelButton_Click() { Hide(); }
 
 }  // namespace lumaris

@@ -10,9 +10,9 @@ class DeskContext;
 
 // Project information: name, text, date and version of the show. Only the name
 // and the text are edited here; the date and version boxes are for reading.
-class ProjectText : public Window {
+class ProjectInfo : public Window {
  public:
-  explicit ProjectText(DeskContext& context);
+  explicit ProjectInfo(DeskContext& context);
   bool available() const { return true; }
 
   // Opening: fills the boxes from the project header.

@@ -14,26 +14,26 @@ namespace {
 constexpr const char* kColourTitle = " Choose a Colour";
 }
 
-void Hoofdblad::show_submix() {
+void MainDesk::show_submix() {
   const SubmixRec& submix = context_.store().Submix[current_submix_];
   text9_ = std::to_string(current_submix_ + 1);
   submix_text_ = submix.Name;
   sub_colour_ = submix.Colour.empty() ? Paint{} : colour_from_text(submix.Colour);
 }
 
-void Hoofdblad::Submix_Plus_Click() {
+void MainDesk::Submix_Plus_Click() {
   current_submix_ = current_submix_ == kSubmixes - 1 ? 0 : current_submix_ + 1;
   show_submix();
 }
 
-void Hoofdblad::Submix_Minus_Click() {
+void MainDesk::Submix_Minus_Click() {
   current_submix_ = current_submix_ == 0 ? kSubmixes - 1 : current_submix_ - 1;
   show_submix();
 }
 
-void Hoofdblad::Submix_Text_Change(const std::string& text) { submix_text_ = text; }
+void MainDesk::Submix_Text_Change(const std::string& text) { submix_text_ = text; }
 
-void Hoofdblad::Submix_Prog_Click() {
+void MainDesk::Submix_Prog_Click() {
   Store& store = context_.store();
   SubmixRec& submix = store.Submix[current_submix_];
   int k = 0;
@@ -54,7 +54,7 @@ void Hoofdblad::Submix_Prog_Click() {
   store.Project_Changed = true;
 }
 
-void Hoofdblad::Submix_Recal_Click() {
+void MainDesk::Submix_Recal_Click() {
   Store& store = context_.store();
   const SubmixRec& submix = store.Submix[current_submix_];
   std::fill(store.Desk_Level.begin(), store.Desk_Level.begin() + kDeskChannels, 0);
@@ -72,7 +72,7 @@ void Hoofdblad::Submix_Recal_Click() {
   context_.status().show_main(" Submix" + str_number(current_submix_) + " Recalled");
 }
 
-void Hoofdblad::Sub_colour_Click() {
+void MainDesk::Sub_colour_Click() {
   const std::optional<Rgb> chosen = context_.dialogs().choose_colour(kColourTitle, sub_colour_);
   if (!chosen) return;
   sub_colour_ = *chosen;

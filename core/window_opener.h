@@ -6,7 +6,7 @@ namespace lumaris {
 
 // How a desk opens what it cannot see: another window, or a menu action of a
 // window above it (the File menu's dialogs). Names are the control names of the
-// menu entries ("editpatch", "Chase_Screen", "LoadXML", ...). The console
+// menu entries ("patch-editor", "sequence-desk", "load", ...). The console
 // implements it; a name it does not know can neither be opened nor is enabled.
 class WindowOpener {
  public:

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <span>
 
-#include "net/art_config.h"
+#include "net/art_net_setup.h"
 #include "net/art_net_node.h"
 #include "tests/support/fake_udp.h"
 #include "tests/support/test_console.h"

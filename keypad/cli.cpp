@@ -9,7 +9,7 @@
 #include "keypad/keypad_keys.h"
 #include "platform/num_lock.h"
 #include "platform/settings.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "playback/run_mode.h"
 #include "playback/screen_panel.h"
 #include "playback/screen_table.h"
@@ -45,7 +45,7 @@ std::string level_query(const char* words, int n, int level) {
 
 }  // namespace
 
-CLI::CLI(DeskContext& context, Hoofdblad& main_desk, Playdesk& playback_desk, NumLock* num_lock)
+CLI::CLI(DeskContext& context, MainDesk& main_desk, PlaybackDesk& playback_desk, NumLock* num_lock)
     : Window(kCaption),
       context_(context),
       main_desk_(main_desk),

@@ -10,8 +10,8 @@
 namespace lumaris {
 
 class DeskContext;
-class Hoofdblad;
-class Playdesk;
+class MainDesk;
+class PlaybackDesk;
 class NumLock;
 
 // The command line `CLI`: a numeric-keypad line that sets main desk channels and
@@ -38,7 +38,7 @@ class CLI : public Window {
   static constexpr Rgb kLampDone{0, 255, 0};
   static constexpr const char* kLaptopKeysSetting = "keypad/laptop_keys";
 
-  CLI(DeskContext& context, Hoofdblad& main_desk, Playdesk& playback_desk, NumLock* num_lock);
+  CLI(DeskContext& context, MainDesk& main_desk, PlaybackDesk& playback_desk, NumLock* num_lock);
 
   // The window's load: runs once, on first open.
   void Form_Load();
@@ -94,8 +94,8 @@ class CLI : public Window {
   void set_fader(int n);
 
   DeskContext& context_;
-  Hoofdblad& main_desk_;
-  Playdesk& playback_desk_;
+  MainDesk& main_desk_;
+  PlaybackDesk& playback_desk_;
   NumLock* num_lock_;
 
   std::array<std::string, kTokens> tokens_{};

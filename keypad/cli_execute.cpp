@@ -7,7 +7,7 @@
 #include "core/surface_feedback.h"
 #include "keypad/cli.h"
 #include "playback/playback_chases.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 
 namespace lumaris {
 

@@ -45,7 +45,7 @@ constexpr const char* kBroadcast2 = "2.255.255.255";
 constexpr const char* kLimitedBroadcast = "255.255.255.255";
 }  // namespace
 
-D_ArtNet::D_ArtNet(DeskContext& context, UdpSocket* socket, Hoofdblad& main_desk)
+ArtNetNode::ArtNetNode(DeskContext& context, UdpSocket* socket, MainDesk& main_desk)
     : context_(context),
       main_desk_(main_desk),
       socket_(socket),
@@ -72,11 +72,11 @@ D_ArtNet::D_ArtNet(DeskContext& context, UdpSocket* socket, Hoofdblad& main_desk
 }
 
 // The platform's socket outlives the console; it must not call into a node that is gone.
-D_ArtNet::~D_ArtNet() {
+ArtNetNode::~ArtNetNode() {
   if (socket_ != nullptr) socket_->on_datagram(nullptr);
 }
 
-void D_ArtNet::send_rows(const DmxFrame& frame) {
+void ArtNetNode::send_rows(const DmxFrame& frame) {
   const Store& store = context_.store();
   for (int row = 0; row < 8; ++row) {
     if (store.Art_Universes[row].Enable) Art_Send_Dmx(store.Art_Universes[row].Universe, frame);
@@ -84,19 +84,19 @@ void D_ArtNet::send_rows(const DmxFrame& frame) {
 }
 
 // A failing send holds the indicator red; it blinks again once packets leave.
-void D_ArtNet::blink() {
+void ArtNetNode::blink() {
   if (!send_error_) {
     main_desk_.set_Picture1(main_desk_.Picture1() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
   }
 }
 
-void D_ArtNet::Art_Time_Tick() {
+void ArtNetNode::Art_Time_Tick() {
   if (context_.output_timing().smooth()) return;
   send_rows(context_.store().DMX_Out);
   blink();
 }
 
-void D_ArtNet::take_frame(const DmxFrame& frame) {
+void ArtNetNode::take_frame(const DmxFrame& frame) {
   if (!context_.output_timing().smooth() || !art_time_->enabled()) return;
   send_rows(frame);
   // The indicator keeps Art_Time's pace, whatever the frame rate.
@@ -107,7 +107,7 @@ void D_ArtNet::take_frame(const DmxFrame& frame) {
   }
 }
 
-std::string D_ArtNet::status() const {
+std::string ArtNetNode::status() const {
   if (!art_time_->enabled()) return "Art-Net off";
   // Art_Net_OK only says whether the next opening of the set-up initialises
   // again; packets go out whenever there is a destination.
@@ -116,11 +116,11 @@ std::string D_ArtNet::status() const {
   return "Art-Net sending to " + art_broadcast_;
 }
 
-void D_ArtNet::Art_Log(const std::string& text) {
+void ArtNetNode::Art_Log(const std::string& text) {
   if (std::ostream* out = context_.diagnostics()) *out << text << std::endl;
 }
 
-int D_ArtNet::Art_Init() {
+int ArtNetNode::Art_Init() {
   art_broadcast_.clear();
   automatic_broadcast_.clear();
   if (socket_ == nullptr) {
@@ -152,7 +152,7 @@ int D_ArtNet::Art_Init() {
   return 1;
 }
 
-void D_ArtNet::apply_destination() {
+void ArtNetNode::apply_destination() {
   show_destination_on_desk();
   if (automatic_broadcast_.empty()) return;  // not started: nothing is sent
   const std::string& destination = destination_in_force();
@@ -167,7 +167,7 @@ void D_ArtNet::apply_destination() {
   socket_->set_remote_host(art_broadcast_);
 }
 
-void D_ArtNet::show_destination_on_desk() {
+void ArtNetNode::show_destination_on_desk() {
   const std::string& destination = destination_in_force();
   if (destination.empty()) {
     main_desk_.set_Art_Destination({}, {});
@@ -178,7 +178,7 @@ void D_ArtNet::show_destination_on_desk() {
   }
 }
 
-D_ArtNet::DestinationCheck D_ArtNet::check_destination(const std::string& text) const {
+ArtNetNode::DestinationCheck ArtNetNode::check_destination(const std::string& text) const {
   if (text.empty()) return DestinationCheck::Accepted;
   if (is_known_broadcast(text)) return DestinationCheck::Broadcast;
   if (!is_unicast_target(text)) return DestinationCheck::NotAnAddress;
@@ -191,7 +191,7 @@ D_ArtNet::DestinationCheck D_ArtNet::check_destination(const std::string& text) 
   return DestinationCheck::Accepted;
 }
 
-D_ArtNet::DestinationCheck D_ArtNet::set_destination(const std::string& text) {
+ArtNetNode::DestinationCheck ArtNetNode::set_destination(const std::string& text) {
   const DestinationCheck check = check_destination(text);
   if (check != DestinationCheck::Accepted) return check;
   destination_ = text;
@@ -207,7 +207,7 @@ D_ArtNet::DestinationCheck D_ArtNet::set_destination(const std::string& text) {
   return check;
 }
 
-D_ArtNet::DestinationCheck D_ArtNet::set_run_destination(const std::string& text) {
+ArtNetNode::DestinationCheck ArtNetNode::set_run_destination(const std::string& text) {
   const DestinationCheck check = check_destination(text);
   if (check != DestinationCheck::Accepted) return check;
   run_destination_ = text;
@@ -215,7 +215,7 @@ D_ArtNet::DestinationCheck D_ArtNet::set_run_destination(const std::string& text
   return check;
 }
 
-void D_ArtNet::send(std::span<const std::uint8_t> packet) {
+void ArtNetNode::send(std::span<const std::uint8_t> packet) {
   if (art_broadcast_.empty() || socket_ == nullptr) return;
   socket_->set_remote_host(art_broadcast_);
   note_send_result(socket_->send(packet));
@@ -223,7 +223,7 @@ void D_ArtNet::send(std::span<const std::uint8_t> packet) {
 
 // The operator hears of a failing send once, when it starts, and once when
 // packets leave again; the node keeps trying on every tick meanwhile.
-void D_ArtNet::note_send_result(std::optional<std::string> error) {
+void ArtNetNode::note_send_result(std::optional<std::string> error) {
   const bool was_failing = send_error_.has_value();
   send_error_ = std::move(error);
   if (send_error_ && !was_failing) {
@@ -233,24 +233,24 @@ void D_ArtNet::note_send_result(std::optional<std::string> error) {
   } else if (!send_error_ && was_failing) {
     context_.status().show_both(kSendingAgain);
     main_desk_.set_Picture1(kBlack);
-    main_desk_.set_Picture1_ToolTipText(Hoofdblad::kPicture1ToolTip);
+    main_desk_.set_Picture1_ToolTipText(MainDesk::kPicture1ToolTip);
   }
 }
 
-void D_ArtNet::forget_send_error() {
+void ArtNetNode::forget_send_error() {
   if (!send_error_) return;
   send_error_.reset();
-  main_desk_.set_Picture1_ToolTipText(Hoofdblad::kPicture1ToolTip);
+  main_desk_.set_Picture1_ToolTipText(MainDesk::kPicture1ToolTip);
 }
 
-void D_ArtNet::Art_Send_Dmx(int universe, const std::array<std::uint8_t, kDmxSlots + 1>& frame) {
+void ArtNetNode::Art_Send_Dmx(int universe, const std::array<std::uint8_t, kDmxSlots + 1>& frame) {
   const auto packet = artnet::build_dmx(static_cast<std::uint8_t>(universe),
                                         std::span<const std::uint8_t, artnet::dmx::kSlots>(
                                             frame.data(), artnet::dmx::kSlots));
   send(packet);
 }
 
-void D_ArtNet::Art_Send_Poll_Reply() {
+void ArtNetNode::Art_Send_Poll_Reply() {
   artnet::PollReplyFields fields;
   fields.node_address = art_node_address_;
   fields.short_name = kShortName;
@@ -260,7 +260,7 @@ void D_ArtNet::Art_Send_Poll_Reply() {
   send(artnet::build_poll_reply(fields));
 }
 
-void D_ArtNet::Art_Receive(std::span<const std::uint8_t> packet) {
+void ArtNetNode::Art_Receive(std::span<const std::uint8_t> packet) {
   if (packet.size() < artnet::header::kSize || !artnet::has_id(packet)) return;
   const std::uint16_t op = artnet::opcode(packet);
   if (packet.size() < artnet::minimum_size(op)) return;

@@ -14,14 +14,14 @@
 namespace lumaris {
 
 class DeskContext;
-class Hoofdblad;
+class MainDesk;
 class UdpSocket;
 
 // The Art-Net node: sends the desk's frame as ArtDmx, answers ArtPoll with an
 // ArtPollReply and notes what it hears. The socket comes from the platform; the
 // destination is the broadcast address chosen from the local address, unless the
 // operator set one in this computer's settings.
-class D_ArtNet final : public OutputSink {
+class ArtNetNode final : public OutputSink {
  public:
   static constexpr const char* kShortName = "Lumaris";
   static constexpr const char* kNodeReport = "OK";
@@ -31,10 +31,10 @@ class D_ArtNet final : public OutputSink {
   // Art_Time's interval: every enabled row sends the frame this often.
   static constexpr int kArtInterval = 100;
 
-  D_ArtNet(DeskContext& context, UdpSocket* socket, Hoofdblad& main_desk);
-  ~D_ArtNet() override;
-  D_ArtNet(const D_ArtNet&) = delete;
-  D_ArtNet& operator=(const D_ArtNet&) = delete;
+  ArtNetNode(DeskContext& context, UdpSocket* socket, MainDesk& main_desk);
+  ~ArtNetNode() override;
+  ArtNetNode(const ArtNetNode&) = delete;
+  ArtNetNode& operator=(const ArtNetNode&) = delete;
 
   // One sink of the output cycle. Art-Net samples the store's frame on its own
   // timer, Art_Time, which runs while a row is enabled; with smooth output it
@@ -101,7 +101,7 @@ class D_ArtNet final : public OutputSink {
   void note_send_result(std::optional<std::string> error);
 
   DeskContext& context_;
-  Hoofdblad& main_desk_;
+  MainDesk& main_desk_;
   UdpSocket* socket_ = nullptr;
   std::unique_ptr<Timer> art_time_;
   bool art_net_ok_ = false;

@@ -5,7 +5,7 @@
 #include "core/desk_context.h"
 #include "output/adapter_numbers.h"
 #include "output/parallel_frames.h"
-#include "output/portsetup.h"
+#include "output/output_device_setup.h"
 #include "platform/adapter_libraries.h"
 #include "platform/dialogs.h"
 
@@ -36,8 +36,8 @@ void OutputDevices::take_frame(const DmxFrame& /*frame*/) { Send_Frame(); }
 
 std::string OutputDevices::status() const {
   const int adapter = context_.store().Adapter;
-  if (adapter < 0 || adapter >= Portsetup::kAdapterCount) return Portsetup::kAdapterNames[0];
-  std::string text = Portsetup::kAdapterNames[adapter];
+  if (adapter < 0 || adapter >= OutputDeviceSetup::kAdapterCount) return OutputDeviceSetup::kAdapterNames[0];
+  std::string text = OutputDeviceSetup::kAdapterNames[adapter];
   if (adapter == kAdapterOpenDmx) {
     if (driver_missing_) {
       text += kNoDriverStatus;

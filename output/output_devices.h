@@ -10,7 +10,7 @@
 namespace lumaris {
 
 class DeskContext;
-class Portsetup;
+class OutputDeviceSetup;
 class PortIo;
 class AdapterLibraries;
 
@@ -29,7 +29,7 @@ class OutputDevices final : public OutputSink {
  public:
   OutputDevices(DeskContext& context, const AdapterSeams& seams);
   // The set-up window shows the Open DMX USB link state while it is open.
-  void set_setup_window(Portsetup& setup) { setup_ = &setup; }
+  void set_setup_window(OutputDeviceSetup& setup) { setup_ = &setup; }
   const AdapterSeams& seams() const { return seams_; }
 
   // One sink of the output cycle: the frame goes to the selected adapter.
@@ -59,7 +59,7 @@ class OutputDevices final : public OutputSink {
 
   DeskContext& context_;
   AdapterSeams seams_;
-  Portsetup* setup_ = nullptr;
+  OutputDeviceSetup* setup_ = nullptr;
   OpenDmx opendmx_;
   int usb_connected_ = 1;
   int usb_searching_ = 1;

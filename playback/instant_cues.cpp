@@ -10,15 +10,15 @@ constexpr const char* kCaption = "Instant Cues";
 
 }  // namespace
 
-instant_screen::instant_screen(DeskContext& context, Desk desk)
+InstantCues::InstantCues(DeskContext& context, Desk desk)
     : Window(kCaption), context_(context), desk_(std::move(desk)) {}
 
-void instant_screen::Show() {
+void InstantCues::Show() {
   Refresh_Instant_Panel();
   Window::Show();
 }
 
-void instant_screen::Refresh_Instant_Panel() {
+void InstantCues::Refresh_Instant_Panel() {
   const Store& store = context_.store();
   std::size_t j = 0;
   for (int k = 1; k < store.Screen_Count && k < kScreens && j < kSlots; ++k) {
@@ -38,7 +38,7 @@ void instant_screen::Refresh_Instant_Panel() {
   }
 }
 
-void instant_screen::Screen_sel_Click(int slot, MouseButton button) {
+void InstantCues::Screen_sel_Click(int slot, MouseButton button) {
   if (slot < 0 || slot >= kSlots || !slots_[static_cast<std::size_t>(slot)].visible) return;
   const int screen = instant_map_[static_cast<std::size_t>(slot)];
   if (button == MouseButton::Left) {

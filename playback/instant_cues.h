@@ -13,10 +13,10 @@ namespace lumaris {
 
 class DeskContext;
 
-// The instant cue window `instant_screen` ("Instant Cues"): one large button
+// The instant cue window `InstantCues` ("Instant Cues"): one large button
 // for each screen flagged Instant, up to 14, in screen order. A left click takes
 // to the screen in run mode; a right click opens the cue editor on it.
-class instant_screen : public Window {
+class InstantCues : public Window {
  public:
   static constexpr int kSlots = 14;
 
@@ -32,7 +32,7 @@ class instant_screen : public Window {
     std::function<void(int)> open_cue_editor;  // namedit on a screen
   };
 
-  instant_screen(DeskContext& context, Desk desk);
+  InstantCues(DeskContext& context, Desk desk);
 
   // Every opening is a fresh load, as the window is unloaded on Exit.
   void Show() override;

@@ -56,8 +56,8 @@ class ScreenPanel {
   int Screen_Num_sel() const { return current_; }
   std::string Screen_num() const { return std::to_string(current_); }
   const std::string& screen_txt() const { return screen_txt_; }
-  VRLogSlider& Screen_Fade_Time() { return fade_time_; }
-  const VRLogSlider& Screen_Fade_Time() const { return fade_time_; }
+  LogSlider& Screen_Fade_Time() { return fade_time_; }
+  const LogSlider& Screen_Fade_Time() const { return fade_time_; }
   const std::string& screen_intxt() const { return screen_intxt_; }
   bool Auto_next() const { return auto_next_; }
   bool Screen_instant_box() const { return instant_; }
@@ -78,7 +78,7 @@ class ScreenPanel {
   Desk desk_;
   int current_ = 1;
   std::string screen_txt_;
-  VRLogSlider fade_time_;
+  LogSlider fade_time_;
   std::string screen_intxt_;
   bool auto_next_ = false;
   bool instant_ = false;

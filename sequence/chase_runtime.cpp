@@ -4,7 +4,7 @@
 
 #include "core/desk_context.h"
 #include "base/rounding.h"
-#include "sequence/chases.h"
+#include "sequence/sequence_desk.h"
 
 namespace lumaris {
 
@@ -22,7 +22,7 @@ bool routed(int desk_channel) { return desk_channel >= 0 && desk_channel < kDesk
 
 }  // namespace
 
-ChaseRuntime::ChaseRuntime(DeskContext& context, Chases& desk)
+ChaseRuntime::ChaseRuntime(DeskContext& context, SequenceDesk& desk)
     : context_(context),
       desk_(desk),
       timer1_(context.scheduler().create_timer(true)),

@@ -12,7 +12,7 @@
 namespace lumaris {
 
 class DeskContext;
-class Chases;
+class SequenceDesk;
 
 // Runs the chase selected on the sequence desk. Timer1 moves to the next step
 // once per step duration; Timer2 rebuilds Chase_Out ten times a second, lighting
@@ -26,7 +26,7 @@ class ChaseRuntime {
  public:
   static constexpr int kLevelInterval = 100;  // ms
 
-  ChaseRuntime(DeskContext& context, Chases& desk);
+  ChaseRuntime(DeskContext& context, SequenceDesk& desk);
 
   void Go_Stop();
   void Start_Chase();
@@ -75,7 +75,7 @@ class ChaseRuntime {
   void step_began();
 
   DeskContext& context_;
-  Chases& desk_;
+  SequenceDesk& desk_;
   std::unique_ptr<Timer> timer1_;
   std::unique_ptr<Timer> timer2_;
   bool running_ = false;

@@ -9,8 +9,8 @@
 #include "platform/midi.h"
 #include "platform/scheduler.h"
 #include "playback/playback_chases.h"
-#include "playback/playdesk.h"
-#include "surface/bcf_configure.h"
+#include "playback/playback_desk.h"
+#include "surface/bcf_setup.h"
 
 namespace lumaris {
 
@@ -60,7 +60,7 @@ bool is_bcf2000_port(const std::string& name) {
   return client == kSurfaceName;
 }
 
-BCF::BCF(DeskContext& context, Midi* midi, Hoofdblad& main_desk, Playdesk& playback_desk)
+BCF::BCF(DeskContext& context, Midi* midi, MainDesk& main_desk, PlaybackDesk& playback_desk)
     : Window(kCaption), context_(context), midi_(midi), main_desk_(main_desk), playback_desk_(playback_desk) {
   if (midi_ == nullptr) return;
   // The MIDI system calls from its own thread: each message and error becomes a
@@ -211,7 +211,7 @@ void BCF::arrive_in_mode() {
 int BCF::fader_level(int index) const {
   const Store& store = context_.store();
   if (mode() == kPlaybackDesk) return store.Playback_Fader_Level[index];
-  return store.Desk_Level[store.Fader_Page * Hoofdblad::kStrips + index];
+  return store.Desk_Level[store.Fader_Page * MainDesk::kStrips + index];
 }
 
 void BCF::send_faders() {

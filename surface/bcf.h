@@ -12,10 +12,10 @@
 namespace lumaris {
 
 class DeskContext;
-class Hoofdblad;
+class MainDesk;
 class Midi;
-class Playdesk;
-class BCF_configure;
+class PlaybackDesk;
+class BcfSetup;
 
 // A name the MIDI system gives a port belongs to the surface when its client is
 // "BCF2000": the whole name, or, as ALSA lists ports ("BCF2000:BCF2000 Port 1
@@ -39,12 +39,12 @@ class BCF : public Window, public SurfaceFeedback {
   static constexpr int kFirstButton = 65;  // controllers 65..80
   static constexpr int kNotFound = -1;
 
-  BCF(DeskContext& context, Midi* midi, Hoofdblad& main_desk, Playdesk& playback_desk);
+  BCF(DeskContext& context, Midi* midi, MainDesk& main_desk, PlaybackDesk& playback_desk);
   ~BCF() override;
   BCF(const BCF&) = delete;
   BCF& operator=(const BCF&) = delete;
 
-  void set_setup_window(BCF_configure& setup) { setup_ = &setup; }
+  void set_setup_window(BcfSetup& setup) { setup_ = &setup; }
 
   void Form_Load();
   // The window goes away for good: the input stops and both ports close.
@@ -91,9 +91,9 @@ class BCF : public Window, public SurfaceFeedback {
 
   DeskContext& context_;
   Midi* midi_;
-  Hoofdblad& main_desk_;
-  Playdesk& playback_desk_;
-  BCF_configure* setup_ = nullptr;
+  MainDesk& main_desk_;
+  PlaybackDesk& playback_desk_;
+  BcfSetup* setup_ = nullptr;
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
   bool loaded_ = false;
 

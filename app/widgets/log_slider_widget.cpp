@@ -9,7 +9,7 @@
 
 namespace lumaris {
 
-LogSliderWidget::LogSliderWidget(VRLogSlider& model, QWidget* parent)
+LogSliderWidget::LogSliderWidget(LogSlider& model, QWidget* parent)
     : QWidget(parent), model_(model) {
   setMinimumSize(56, 140);
   setFocusPolicy(Qt::NoFocus);
@@ -37,7 +37,7 @@ void LogSliderWidget::paintEvent(QPaintEvent*) {
   painter.drawText(QRect(0, 0, w, kLabelHeight), Qt::AlignCenter, QString::fromStdString(model_.lblMax()));
   painter.drawText(QRect(0, height() - kLabelHeight, w, kLabelHeight), Qt::AlignCenter,
                    QString::fromStdString(model_.lblMin()));
-  for (const VRLogSlider::Tick& tick : model_.ticks()) {
+  for (const LogSlider::Tick& tick : model_.ticks()) {
     const int y = static_cast<int>(tick.position);
     painter.drawLine(0, y, tick.decade ? ticks_width : ticks_width / 2, y);
   }

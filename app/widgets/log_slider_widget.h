@@ -9,7 +9,7 @@
 
 namespace lumaris {
 
-// Draws a VRLogSlider: maximum label on top, minimum label below, the tick scale
+// Draws a LogSlider: maximum label on top, minimum label below, the tick scale
 // on the left and the thumb on the right. Presses and drags are handed to
 // `on_position` with the pointer's height, which the owner passes to the model's
 // Set_From_Position as an engine event.
@@ -18,7 +18,7 @@ class LogSliderWidget : public QWidget {
   static constexpr int kLabelHeight = 16;
   static constexpr int kThumbHeight = 10;
 
-  explicit LogSliderWidget(VRLogSlider& model, QWidget* parent = nullptr);
+  explicit LogSliderWidget(LogSlider& model, QWidget* parent = nullptr);
   void on_position(std::function<void(double)> handler) { on_position_ = std::move(handler); }
   QSize sizeHint() const override { return {64, 220}; }
   // Repaints when what it draws of the model changed since its last sync.
@@ -33,7 +33,7 @@ class LogSliderWidget : public QWidget {
  private:
   void place_axis();
 
-  VRLogSlider& model_;
+  LogSlider& model_;
   std::function<void(double)> on_position_;
   std::optional<std::uint64_t> painted_;  // the drawn model values of the last sync
 };

@@ -14,13 +14,13 @@
 
 #include "console/output_cycle.h"
 #include "core/desk_context.h"
-#include "net/art_config.h"
+#include "net/art_net_setup.h"
 #include "net/art_net_node.h"
 #include "playback/playback_panel.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "playback/run_mode.h"
 #include "sequence/chase_runtime.h"
-#include "sequence/chases.h"
+#include "sequence/sequence_desk.h"
 #include "tests/support/fake_udp.h"
 #include "tests/support/test_console.h"
 
@@ -92,14 +92,14 @@ void write_fade_chase(ChaseRec& chase) {
 std::function<void()> prepare(Fade fade, Console& console, Store& store) {
   switch (fade) {
     case Fade::SequenceChase: {
-      Chases& desk = console.sequence_desk();
+      SequenceDesk& desk = console.sequence_desk();
       desk.Show();
       write_fade_chase(store.Chase_Table[desk.Cur_Chase()]);
       desk.Refresh_Desk();
       return [&desk] { desk.Chase_Go_Button_Click(); };
     }
     case Fade::PlaybackChase: {
-      Playdesk& desk = console.playback_desk();
+      PlaybackDesk& desk = console.playback_desk();
       desk.Show();
       write_fade_chase(store.Chase_Table[3]);
       ButtonFunction& button = store.Button_Functions[4];
@@ -114,7 +114,7 @@ std::function<void()> prepare(Fade fade, Console& console, Store& store) {
       };
     }
     case Fade::Take: {
-      Playdesk& desk = console.playback_desk();
+      PlaybackDesk& desk = console.playback_desk();
       desk.Show();
       for (int n = 1; n <= 2; ++n) {
         store.Screens[n].Time = 5;
@@ -139,7 +139,7 @@ std::vector<int> run_levels(Fade fade, bool smooth, int refresh_ms, int art_phas
   const std::function<void()> start = prepare(fade, console, t.store());
 
   t.scheduler.advance(art_phase);
-  console.main_desk().Menu_Click("Art_setup");
+  console.main_desk().Menu_Click("art-net-setup");
   console.art_config().Button1_Click(0);
   t.scheduler.advance(fade_phase);
   udp.clear_sent();

@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-#include "app/chases_window.h"
+#include "app/sequence_desk_window.h"
 #include "app/desk_app.h"
 #include "app/palette.h"
 #include "app/program_options.h"
@@ -26,9 +26,9 @@
 #include "console/output_cycle.h"
 #include "net/art_net_node.h"
 #include "core/output_monitor.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "sequence/chase_runtime.h"
-#include "sequence/chases.h"
+#include "sequence/sequence_desk.h"
 
 namespace {
 
@@ -39,9 +39,9 @@ double cpu_seconds() {
   return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-lumaris::ChasesWindow& chases_window(lumaris::DeskApp& app) {
+lumaris::SequenceDeskWindow& chases_window(lumaris::DeskApp& app) {
   for (const auto& window : app.windows()) {
-    if (window->name() == "Chases") return static_cast<lumaris::ChasesWindow&>(*window);
+    if (window->name() == "sequence-desk") return static_cast<lumaris::SequenceDeskWindow&>(*window);
   }
   std::fprintf(stderr, "no sequence desk window\n");
   std::exit(1);
@@ -108,7 +108,7 @@ int main(int argc, char** argv) {
   if (scenario == "steps") {
     // The step changes inside the step timer's own event; the time after that
     // event is the step's start as the program sees it.
-    const lumaris::Chases& desk = app.console().sequence_desk();
+    const lumaris::SequenceDesk& desk = app.console().sequence_desk();
     int last_step = desk.Cur_Step();
     double last_ms = -1;
     app.scheduler().set_after_event([&] {

@@ -8,11 +8,11 @@
 #include "platform/atomic_save.h"
 #include "console/project/project_writer.h"
 #include "base/windows_1252.h"
-#include "net/art_config.h"
+#include "net/art_net_setup.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
-#include "playback/playdesk.h"
-#include "sequence/chases.h"
+#include "playback/playback_desk.h"
+#include "sequence/sequence_desk.h"
 #include "surface/bcf.h"
 
 namespace lumaris {

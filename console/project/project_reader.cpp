@@ -86,8 +86,8 @@ class Fields {
   double seconds(std::string_view tag) {
     const double value = parse_number(content(tag).value_or(std::string_view{})).value_or(0.0);
     if (value == 0.0) return 0.0;
-    if (value < VRLogSlider::kDefaultMin) return noted(value, VRLogSlider::kDefaultMin, tag);
-    if (value > VRLogSlider::kDefaultMax) return noted(value, VRLogSlider::kDefaultMax, tag);
+    if (value < LogSlider::kDefaultMin) return noted(value, LogSlider::kDefaultMin, tag);
+    if (value > LogSlider::kDefaultMax) return noted(value, LogSlider::kDefaultMax, tag);
     return value;
   }
 

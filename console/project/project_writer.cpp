@@ -13,7 +13,7 @@ namespace {
 constexpr char kCr = '\r';
 constexpr const char* kRootOpen = "<Lumaris_XML>\r";
 constexpr const char* kRootClose = "</Lumaris_XML>\r";
-// Chases 0..31 are saved; the last entry of the table never is.
+// SequenceDesk 0..31 are saved; the last entry of the table never is.
 constexpr int kSavedChases = 32;
 // Art-Net rows 0..8 are saved.
 constexpr int kSavedArtRows = 9;

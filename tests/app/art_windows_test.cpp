@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "app/art_config_window.h"
+#include "app/art_net_setup_window.h"
 #include "app/main_desk_window.h"
 #include "core/main_desk.h"
 #include "net/art_net_node.h"
@@ -26,14 +26,14 @@ class ArtWindows : public ::testing::Test {
     s.art_socket = &udp;
     return s;
   }
-  D_ArtNet& art_net() { return app.console().art_net(); }
+  ArtNetNode& art_net() { return app.console().art_net(); }
   FakeUdp udp;
   DeskApp app;
 };
 
 TEST_F(ArtWindows, TheSetupRowButtonAndDestinationReachTheNode) {
-  app.handle([&] { app.console().main_desk().Menu_Click("Art_setup"); });
-  auto& window = window_named<ArtConfigWindow>(app, "Art_Config");
+  app.handle([&] { app.console().main_desk().Menu_Click("art-net-setup"); });
+  auto& window = window_named<ArtNetSetupWindow>(app, "art-net-setup");
   ASSERT_TRUE(window.isVisible());
   EXPECT_EQ(window.Text2()->text(), QStringLiteral(" Art-Net Initialized"));
 

@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "app/bcf_configure_window.h"
+#include "app/bcf_setup_window.h"
 #include "app/bcf_window.h"
 #include "core/main_desk.h"
 #include "tests/app/app_windows.h"
@@ -19,9 +19,9 @@ TEST(BcfWindows, ConnectFromTheSetupThenPlayAFaderAndStepTheMode) {
   services.midi = &midi;
   DeskApp app(services);
   app.start();
-  app.handle([&] { app.console().main_desk().Menu_Click("BCF2000_setup"); });
-  auto& setup = window_named<BcfConfigureWindow>(app, "BCF_configure");
-  auto& control = window_named<BcfWindow>(app, "BCF");
+  app.handle([&] { app.console().main_desk().Menu_Click("bcf2000-setup"); });
+  auto& setup = window_named<BcfSetupWindow>(app, "bcf2000-setup");
+  auto& control = window_named<BcfWindow>(app, "bcf2000");
   EXPECT_TRUE(setup.isVisible());
   EXPECT_EQ(setup.windowTitle(), QStringLiteral("BCF Setup"));
 

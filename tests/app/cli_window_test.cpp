@@ -17,7 +17,7 @@ namespace {
 
 class CliWindowTest : public DeskAppTest {
  protected:
-  CliWindow& window() { return window_named<CliWindow>(app, "CLI"); }
+  CliWindow& window() { return window_named<CliWindow>(app, "command-line"); }
   void keys(QWidget* target, std::initializer_list<Qt::Key> sequence,
             Qt::KeyboardModifiers modifiers = Qt::KeypadModifier) {
     for (const Qt::Key key : sequence) QTest::keyClick(target, key, modifiers);
@@ -25,7 +25,7 @@ class CliWindowTest : public DeskAppTest {
 };
 
 TEST_F(CliWindowTest, TheMenuOpensTheWindowAndItsKeysReachTheLine) {
-  QAction* open = app.main_window().menu_action("CLI_sel");
+  QAction* open = app.main_window().menu_action("command-line");
   ASSERT_NE(open, nullptr);
   open->trigger();
   ASSERT_TRUE(window().isVisible());
@@ -45,7 +45,7 @@ TEST_F(CliWindowTest, TheMenuOpensTheWindowAndItsKeysReachTheLine) {
 }
 
 TEST_F(CliWindowTest, KeysOnTheMainDeskTypeIntoTheLine) {
-  app.main_window().menu_action("CLI_sel")->trigger();
+  app.main_window().menu_action("command-line")->trigger();
   keys(app.main_window().widget(), {Qt::Key_3, Qt::Key_Slash});
   EXPECT_EQ(window().String_In()->text(), QStringLiteral("S3 "));
   keys(app.main_window().widget(), {Qt::Key_Asterisk});
@@ -55,7 +55,7 @@ TEST_F(CliWindowTest, KeysOnTheMainDeskTypeIntoTheLine) {
 }
 
 TEST_F(CliWindowTest, LaptopKeysMakeTheTopRowTheKeypadInThisWindow) {
-  app.main_window().menu_action("CLI_sel")->trigger();
+  app.main_window().menu_action("command-line")->trigger();
   keys(&window(), {Qt::Key_7, Qt::Key_Period}, Qt::NoModifier);
   EXPECT_EQ(window().String_In()->text(), QString()) << "off: only the keypad's own keys";
   QTest::mouseClick(window().Laptop_Keys(), Qt::LeftButton);

@@ -3,10 +3,10 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "app/chases_window.h"
+#include "app/sequence_desk_window.h"
 #include "app/main_desk_window.h"
 #include "core/main_desk.h"
-#include "sequence/chases.h"
+#include "sequence/sequence_desk.h"
 #include "tests/app/app_windows.h"
 
 namespace lumaris {
@@ -15,7 +15,7 @@ namespace {
 class DeskAppRefreshTest : public DeskAppTest {
  protected:
   MainDeskWindow& desk() { return app.main_window(); }
-  ChasesWindow& chases() { return window_named<ChasesWindow>(app, "Chases"); }
+  SequenceDeskWindow& chases() { return window_named<SequenceDeskWindow>(app, "sequence-desk"); }
   // Runs `work` the way a timer's tick runs.
   template <typename Work>
   void tick(Work work) {

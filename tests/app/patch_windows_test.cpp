@@ -21,8 +21,8 @@ namespace {
 using PatchAndMonitorWindows = DeskAppTest;
 
 TEST_F(PatchAndMonitorWindows, TypedPatchIsStoredAndPagingRedrawsTheBoxes) {
-  auto& window = window_named<PatchEditorWindow>(app, "editpatchlist");
-  app.handle([&] { app.console().main_desk().Menu_Click("editpatch"); });
+  auto& window = window_named<PatchEditorWindow>(app, "patch-editor");
+  app.handle([&] { app.console().main_desk().Menu_Click("patch-editor"); });
   ASSERT_TRUE(window.isVisible());
   EXPECT_EQ(window.Text1(0)->text(), QStringLiteral("1"));
 
@@ -39,7 +39,7 @@ TEST_F(PatchAndMonitorWindows, TypedPatchIsStoredAndPagingRedrawsTheBoxes) {
 }
 
 TEST_F(PatchAndMonitorWindows, MonitorBarsRepaintOnlyWhenTheFrameChanges) {
-  auto& window = window_named<OutputMonitorWindow>(app, "Realout");
+  auto& window = window_named<OutputMonitorWindow>(app, "output-monitor");
   app.handle([&] { app.console().main_desk().Command22_Click(); });
   ASSERT_TRUE(window.isVisible());
   ProgBarWidget* bar = window.ProgBar1(0);

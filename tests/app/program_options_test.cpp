@@ -4,7 +4,7 @@
 
 #include "console/output_cycle.h"
 #include "core/output_timing.h"
-#include "output/portsetup.h"
+#include "output/output_device_setup.h"
 #include "tests/support/memory_settings.h"
 #include "tests/support/test_console.h"
 
@@ -65,7 +65,7 @@ TEST(ProgramOptions, SmoothAndRefreshHoldForTheRunAndLeaveTheSettingsAlone) {
   EXPECT_FALSE(timing.smooth_setting());
   EXPECT_EQ(t.console->output_cycle().Timer1().interval(), 23);
 
-  Portsetup& setup = t.console->port_setup();
+  OutputDeviceSetup& setup = t.console->port_setup();
   setup.Form_Load();
   EXPECT_TRUE(setup.Smooth_Check_Value()) << "the box shows this run's pacing";
   setup.Command1_Click();  // "Save and Exit" with the box left alone

@@ -10,10 +10,10 @@
 #include <QSpinBox>
 #include <QTimer>
 
-#include "app/instant_screen_window.h"
-#include "app/playdesk_window.h"
+#include "app/instant_cues_window.h"
+#include "app/playback_desk_window.h"
 #include "playback/cue_editor.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "playback/run_mode.h"
 #include "tests/app/app_windows.h"
 
@@ -47,12 +47,12 @@ class RunControlsWindow : public DeskAppTest {
     store().Screen_Count = 5;
     app.handle([&] { app.console().playback_desk().Show(); });
   }
-  PlaydeskWindow& playdesk() { return window_named<PlaydeskWindow>(app, "Playdesk"); }
-  InstantScreenWindow& instant() { return window_named<InstantScreenWindow>(app, "instant_screen"); }
+  PlaybackDeskWindow& playdesk() { return window_named<PlaybackDeskWindow>(app, "playback-desk"); }
+  InstantCuesWindow& instant() { return window_named<InstantCuesWindow>(app, "instant-cues"); }
 };
 
 TEST_F(RunControlsWindow, RunSwitchScreenCrossfaderAndAutoTakeReachTheModelAndItsStateIsShown) {
-  PlaydeskWindow& w = playdesk();
+  PlaybackDeskWindow& w = playdesk();
   w.Run_Switch()->click();
   ASSERT_TRUE(store().Run_Mode);
   EXPECT_EQ(w.Run_Switch()->text(), QStringLiteral("STOP"));
@@ -81,7 +81,7 @@ TEST_F(RunControlsWindow, RunSwitchScreenCrossfaderAndAutoTakeReachTheModelAndIt
 }
 
 TEST_F(RunControlsWindow, LeavingAsksInABoxAndClearsTheSides) {
-  PlaydeskWindow& w = playdesk();
+  PlaybackDeskWindow& w = playdesk();
   w.Run_Switch()->click();
   QString asked;
   QTimer::singleShot(0, [&] {
@@ -100,7 +100,7 @@ TEST_F(RunControlsWindow, LeavingAsksInABoxAndClearsTheSides) {
 
 TEST_F(RunControlsWindow, InstantPanelOpensFromThePlaydeskFollowsRunModeAndTakesOrEdits) {
   playdesk().Instant_screens()->click();
-  InstantScreenWindow& w = instant();
+  InstantCuesWindow& w = instant();
   ASSERT_TRUE(w.isVisible());
   EXPECT_EQ(w.Screen_sel(0)->text(), QStringLiteral("Cold"));
   EXPECT_EQ(w.Screen_sel(0)->toolTip(), QStringLiteral("1, Screen 2 Cold"));

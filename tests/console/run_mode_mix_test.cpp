@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "console/output_cycle.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "tests/support/test_console.h"
 
 namespace lumaris {

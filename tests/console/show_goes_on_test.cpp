@@ -2,7 +2,7 @@
 
 #include "console/output_cycle.h"
 #include "core/main_desk.h"
-#include "net/art_config.h"
+#include "net/art_net_setup.h"
 #include "tests/support/fake_adapter_libraries.h"
 #include "tests/support/fake_udp.h"
 #include "tests/support/test_console.h"
@@ -24,7 +24,7 @@ struct ShowGoesOnTest : ::testing::Test {
     test.services.art_socket = &udp;
     test.services.adapter_libraries = &libraries;
     test.build();
-    test.console->main_desk().Menu_Click("Art_setup");
+    test.console->main_desk().Menu_Click("art-net-setup");
     test.console->art_config().Button1_Click(0);
     test.store().Patch[0] = 1;
     udp.clear_sent();

@@ -7,7 +7,7 @@
 
 #include "console/output_cycle.h"
 #include "playback/playback_chases.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "playback/run_mode.h"
 #include "tests/support/test_console.h"
 
@@ -26,7 +26,7 @@ TEST(UnattendedLoop, TwentyFourHoursWithoutDrift) {
   TestConsole t;
   t.build();
   Store& store = t.store();
-  Playdesk& desk = t.console->playback_desk();
+  PlaybackDesk& desk = t.console->playback_desk();
   ChaseRec& chase = store.Chase_Table[0];
   chase.Steps = 2;
   chase.Loop = 0;

@@ -3,7 +3,7 @@
 #include "console/window_registry.h"
 #include "core/main_desk.h"
 #include "core/project_info.h"
-#include "output/portsetup.h"
+#include "output/output_device_setup.h"
 #include "tests/support/fake_d2xx.h"
 #include "tests/support/fake_port_io.h"
 #include "tests/support/test_console.h"
@@ -25,20 +25,20 @@ struct WindowsTest : ::testing::Test {
     test.build();
   }
   void menu(const std::string& name) { test.console->main_desk().Menu_Click(name); }
-  Portsetup& setup() { return test.console->port_setup(); }
+  OutputDeviceSetup& setup() { return test.console->port_setup(); }
 };
 
 TEST_F(WindowsTest, ReopeningTheOutputSetupNeverTouchesTheAdapterAgain) {
   test.store().Adapter = kOpenDmx;
-  menu("port_setup");
+  menu("output-device-setup");
   const std::size_t device_calls = device.calls().size();
   ASSERT_GT(device_calls, 0u) << "the first opening searches for the device";
   setup().Command2_Click();
 
-  menu("port_setup");
+  menu("output-device-setup");
   EXPECT_EQ(device.calls().size(), device_calls) << "looking at the window must not reopen the USB";
   EXPECT_TRUE(setup().visible());
-  EXPECT_EQ(setup().Adapter_Name(), Portsetup::kAdapterNames[kOpenDmx]);
+  EXPECT_EQ(setup().Adapter_Name(), OutputDeviceSetup::kAdapterNames[kOpenDmx]);
 
   // A show loaded meanwhile chose the OKI adapter: the window shows it, and the
   // port gets no wake-up pulse from looking.
@@ -46,23 +46,23 @@ TEST_F(WindowsTest, ReopeningTheOutputSetupNeverTouchesTheAdapterAgain) {
   test.store().Adapter = kOki;
   const std::size_t port_writes = port.events.size();
   const std::string status = test.console->status().main();
-  menu("port_setup");
-  EXPECT_EQ(setup().Adapter_Name(), Portsetup::kAdapterNames[kOki]);
+  menu("output-device-setup");
+  EXPECT_EQ(setup().Adapter_Name(), OutputDeviceSetup::kAdapterNames[kOki]);
   EXPECT_EQ(setup().Combo1_ListIndex(), kOki);
-  EXPECT_FALSE(setup().control(Portsetup::Text1).visible);
-  EXPECT_TRUE(setup().control(Portsetup::Option1).visible);
+  EXPECT_FALSE(setup().control(OutputDeviceSetup::Text1).visible);
+  EXPECT_TRUE(setup().control(OutputDeviceSetup::Option1).visible);
   EXPECT_EQ(port.events.size(), port_writes);
   EXPECT_EQ(test.console->status().main(), status);
 }
 
 TEST_F(WindowsTest, EveryWindowLoadsOnceAndLaterOpensShowTheStoreOfNow) {
   WindowRegistry& windows = test.console->windows();
-  EXPECT_FALSE(windows.loaded("project_info"));
-  menu("project_info");
-  EXPECT_TRUE(windows.loaded("project_info"));
+  EXPECT_FALSE(windows.loaded("project-info"));
+  menu("project-info");
+  EXPECT_TRUE(windows.loaded("project-info"));
   test.console->project_info().CancelButton_Click();
   test.store().Project_Name = "Loaded meanwhile";
-  menu("project_info");
+  menu("project-info");
   EXPECT_EQ(test.console->project_info().Prj_Name(), "Loaded meanwhile");
 
   int loads = 0;

@@ -11,16 +11,16 @@ namespace lumaris {
 namespace {
 
 // An axis from 100 (top, MaxValue) to 600 (bottom, MinValue).
-VRLogSlider slider_on_axis() {
-  VRLogSlider slider;
+LogSlider slider_on_axis() {
+  LogSlider slider;
   slider.set_axis(100, 500);
   return slider;
 }
 
 }  // namespace
 
-TEST(VRLogSlider, DefaultAxisRunsLogarithmicallyFromATenthToFourMinutesWithExactEnds) {
-  VRLogSlider slider = slider_on_axis();
+TEST(LogSlider, DefaultAxisRunsLogarithmicallyFromATenthToFourMinutesWithExactEnds) {
+  LogSlider slider = slider_on_axis();
   std::vector<double> moves;
   slider.on_UserCursorMove([&](double v) { moves.push_back(v); });
   slider.Set_From_Position(9000);  // beyond the bottom
@@ -41,8 +41,8 @@ TEST(VRLogSlider, DefaultAxisRunsLogarithmicallyFromATenthToFourMinutesWithExact
   EXPECT_NEAR(ticks[9].position, 600 - 500 / std::log10(2400.0), 1e-9);  // the 1 s tick
 }
 
-TEST(VRLogSlider, ProgramValueRaisesOnlyValChangeADragBothAndAScaleFactorKeepsUserUnits) {
-  VRLogSlider slider = slider_on_axis();
+TEST(LogSlider, ProgramValueRaisesOnlyValChangeADragBothAndAScaleFactorKeepsUserUnits) {
+  LogSlider slider = slider_on_axis();
   slider.set_thumb_height(20);
   std::vector<double> changes;
   std::vector<double> moves;
@@ -67,8 +67,8 @@ TEST(VRLogSlider, ProgramValueRaisesOnlyValChangeADragBothAndAScaleFactorKeepsUs
   EXPECT_DOUBLE_EQ(slider.Value(), 240.0);
 }
 
-TEST(VRLogSlider, LinearAxisAndTheNonPositiveFallbacks) {
-  VRLogSlider slider = slider_on_axis();
+TEST(LogSlider, LinearAxisAndTheNonPositiveFallbacks) {
+  LogSlider slider = slider_on_axis();
   slider.set_MinValue(0.3);
   slider.set_MaxValue(77.7);
   slider.Set_From_Position(-5000);

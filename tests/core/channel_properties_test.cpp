@@ -11,7 +11,7 @@ namespace {
 
 struct ChannelPropertiesTest : ::testing::Test {
   TestConsole t;
-  ChannelNames* properties = nullptr;
+  ChannelProperties* properties = nullptr;
 
   void SetUp() override {
     t.build();

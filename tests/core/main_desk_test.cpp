@@ -6,7 +6,7 @@
 #include "core/main_desk.h"
 #include "core/surface_feedback.h"
 #include "playback/playback_panel.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "tests/support/test_console.h"
 
 namespace lumaris {
@@ -15,7 +15,7 @@ namespace {
 class MainDeskTest : public ::testing::Test {
  protected:
   MainDeskTest() { t.build(); }
-  Hoofdblad& desk() { return t.console->main_desk(); }
+  MainDesk& desk() { return t.console->main_desk(); }
   Store& store() { return t.store(); }
   TestConsole t;
 };
@@ -124,7 +124,7 @@ TEST_F(MainDeskTest, HelpShowsTheKeysTheConsoleAnswersToAndRecallShowsTheRecalle
     if (entry.menu == "&Help") help.push_back(entry.caption);
   }
   EXPECT_EQ(help, (std::vector<std::string>{"&Keyboard and keypad", "&About"}));
-  desk().Menu_Click("Keys_Help");
+  desk().Menu_Click("keys-help");
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   const MessageBoxSpec& page = t.dialogs.messages()[0];
   EXPECT_EQ(std::tie(page.title, page.icon),

@@ -4,7 +4,7 @@
 
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "tests/support/test_console.h"
 
 namespace lumaris {
@@ -14,7 +14,7 @@ namespace {
 class OutputCycleTest : public ::testing::Test {
  protected:
   OutputCycleTest() { t.build(); }
-  Hoofdblad& desk() { return t.console->main_desk(); }
+  MainDesk& desk() { return t.console->main_desk(); }
   Store& store() { return t.store(); }
   void tick() { t.scheduler.advance(OutputCycle::kDefaultInterval); }
   int slot(int dmx_channel) { return store().DMX_Out[dmx_channel - 1]; }

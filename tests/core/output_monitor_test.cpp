@@ -9,7 +9,7 @@ namespace {
 
 struct OutputMonitorTest : ::testing::Test {
   TestConsole t;
-  Realout* monitor = nullptr;
+  OutputMonitor* monitor = nullptr;
 
   void SetUp() override {
     t.build();

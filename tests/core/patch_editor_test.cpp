@@ -11,7 +11,7 @@ namespace {
 
 struct PatchEditorTest : ::testing::Test {
   TestConsole t;
-  EditPatchList* editor = nullptr;
+  PatchEditor* editor = nullptr;
 
   void SetUp() override {
     t.build();

@@ -11,7 +11,7 @@ namespace {
 TEST(ProjectInfo, ShowsTodayOrTheLoadedHeaderCancelDropsTheEditAndOkStoresIt) {
   TestConsole t;
   t.build();
-  ProjectText& info = t.console->project_info();
+  ProjectInfo& info = t.console->project_info();
   Store& store = t.store();
   t.clock.set(CalendarDate{2027, 3, 5});
   info.Form_Load();

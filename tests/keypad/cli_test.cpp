@@ -7,7 +7,7 @@
 #include "keypad/keypad_keys.h"
 #include "platform/num_lock.h"
 #include "playback/playback_chases.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "playback/run_mode.h"
 #include "playback/screen_panel.h"
 #include "tests/keypad/keypad_desk.h"
@@ -77,7 +77,7 @@ TEST_F(CommandLine, AnAssignmentRecordsTheLineLightsGreenAndRedrawsTheDesk) {
 }
 
 TEST_F(CommandLine, TheFirstCommandAfterTheWindowLoadsAlreadyWorks) {
-  t.console->windows().open("CLI_sel");
+  t.console->windows().open("command-line");
   type("c");
   EXPECT_EQ(cli().Tokens()[0], "c") << "the first command starts at token 0";
   type("\n5.50\n");
@@ -191,7 +191,7 @@ TEST_F(CommandLine, CAndANumberRecallAScreenOrInRunModeTakeToIt) {
   type("c0\nc200\n");
   EXPECT_EQ(main_status(), "Cue 12 Selected") << "screen numbers outside the desk are ignored";
 
-  Playdesk& desk = t.console->playback_desk();
+  PlaybackDesk& desk = t.console->playback_desk();
   desk.Show();
   desk.run_mode().Run_Switch_Click();
   ASSERT_TRUE(store().Run_Mode);
@@ -225,7 +225,7 @@ TEST_F(CommandLine, SequenceFadersStartTheirChaseAndTheSurfaceFollowsOnlyInItsMo
 }
 
 TEST_F(CommandLine, TheMainDeskPassesKeysAndItsMenuOpensTheWindowWhichKeepsItsLine) {
-  Hoofdblad& desk = t.console->main_desk();
+  MainDesk& desk = t.console->main_desk();
   for (const int code : {101, keys::kPadPoint, 101, keys::kPad0, keys::kEnter}) desk.Key_Down(code);
   EXPECT_EQ(channel(5), 128);
   EXPECT_FALSE(cli().visible()) << "keys load the window without showing it";
@@ -234,13 +234,13 @@ TEST_F(CommandLine, TheMainDeskPassesKeysAndItsMenuOpensTheWindowWhichKeepsItsLi
 
   const std::vector<MenuEntry> entries = desk.menu_entries();
   EXPECT_TRUE(std::any_of(entries.begin(), entries.end(),
-                          [](const MenuEntry& e) { return e.name == "CLI_sel" && e.enabled; }));
+                          [](const MenuEntry& e) { return e.name == "command-line" && e.enabled; }));
   type("3");
-  desk.Menu_Click("CLI_sel");
+  desk.Menu_Click("command-line");
   EXPECT_TRUE(cli().visible());
   cli().Command1_Click();
   EXPECT_FALSE(cli().visible());
-  desk.Menu_Click("CLI_sel");
+  desk.Menu_Click("command-line");
   EXPECT_EQ(cli().String_In(), "3 ");
   EXPECT_EQ(cli().Combo1(), History{"5 @ 50 "});
 }

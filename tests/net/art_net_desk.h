@@ -9,7 +9,7 @@
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
 #include "console/project/project_file.h"
-#include "net/art_config.h"
+#include "net/art_net_setup.h"
 #include "net/art_net_node.h"
 #include "tests/support/fake_udp.h"
 #include "tests/support/memory_settings.h"
@@ -34,9 +34,9 @@ struct ArtNetDesk {
   Console& build() { return desk.build(); }
   Console& console() { return *desk.console; }
   Store& store() { return desk.store(); }
-  D_ArtNet& node() { return console().art_net(); }
-  Art_Config& config() { return console().art_config(); }
-  Hoofdblad& main_desk() { return console().main_desk(); }
+  ArtNetNode& node() { return console().art_net(); }
+  ArtNetSetup& config() { return console().art_config(); }
+  MainDesk& main_desk() { return console().main_desk(); }
 
   // Loads a show whose Project section has one Network row per universe given.
   bool load_show_with_rows(const std::vector<int>& universes) {
@@ -53,7 +53,7 @@ struct ArtNetDesk {
   }
 
   // The operator opens "Art Net Setup" from the main desk's menu.
-  void open_setup() { main_desk().Menu_Click("Art_setup"); }
+  void open_setup() { main_desk().Menu_Click("art-net-setup"); }
   // A datagram arrives; it is handled as a desk event of its own.
   void arrive(const std::vector<std::uint8_t>& datagram) {
     udp.deliver(datagram);

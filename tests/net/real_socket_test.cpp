@@ -119,14 +119,14 @@ TEST(RealSocket, DeskSendsArtDmxAnswersPollsAndReportsARefusedDestination) {
   run_in_own_network([]() -> std::string {
     PosixUdpSocket socket;
     MemorySettings settings;
-    settings.write(D_ArtNet::kDestinationSetting, "127.0.0.1");
+    settings.write(ArtNetNode::kDestinationSetting, "127.0.0.1");
     std::ostringstream log;
     TestConsole desk;
     desk.services.art_socket = &socket;
     desk.services.settings = &settings;
     desk.services.diagnostics = &log;
     Console& console = desk.build();
-    console.main_desk().Menu_Click("Art_setup");
+    console.main_desk().Menu_Click("art-net-setup");
     if (console.art_config().Text2() != " Art-Net Initialized") return console.art_config().Text2();
     if (console.art_net().Art_Broadcast() != "127.0.0.1") return "destination not used";
 

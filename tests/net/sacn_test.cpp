@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "console/output_cycle.h"
-#include "net/sacn_config.h"
+#include "net/sacn_setup.h"
 #include "net/sacn_output.h"
 #include "net/sacn_packets.h"
 #include "tests/support/fake_udp.h"
@@ -100,7 +100,7 @@ struct SacnDesk : ::testing::Test {
     return desk.build();
   }
   SacnOutput& output() { return desk.console->sacn_output(); }
-  SacnConfig& window() { return desk.console->sacn_config(); }
+  SacnSetup& window() { return desk.console->sacn_config(); }
   void tick() { desk.console->output_cycle().Timer1_Tick(); }
   static int universe_of(const FakeUdp::Sent& sent) {
     return sent.bytes[sacn::framing::kUniverse] * 256 + sent.bytes[sacn::framing::kUniverse + 1];

@@ -6,7 +6,7 @@
 #include <tuple>
 
 #include "console/output_cycle.h"
-#include "output/ola_config.h"
+#include "output/ola_setup.h"
 #include "output/ola_output.h"
 #include "tests/support/fake_ola_client.h"
 #include "tests/support/memory_settings.h"
@@ -26,7 +26,7 @@ struct OlaDesk : ::testing::Test {
     desk.build();
   }
   OlaOutput& output() { return desk.console->ola_output(); }
-  OlaConfig& window() { return desk.console->ola_config(); }
+  OlaSetup& window() { return desk.console->ola_config(); }
   void tick() { desk.console->output_cycle().Timer1_Tick(); }
 };
 

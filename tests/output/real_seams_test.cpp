@@ -11,7 +11,7 @@
 
 #include "console/output_cycle.h"
 #include "output/output_devices.h"
-#include "output/portsetup.h"
+#include "output/output_device_setup.h"
 #include "platform/linux/libftdi_d2xx.h"
 #include "platform/linux/ppdev_port_io.h"
 #include "platform/linux/shared_library.h"
@@ -34,7 +34,7 @@ struct RealSeamsTest : ::testing::Test {
     console = &test.build();
   }
   void choose_and_save(int adapter) {
-    Portsetup& setup = console->port_setup();
+    OutputDeviceSetup& setup = console->port_setup();
     setup.Form_Load();
     setup.Show();
     setup.Combo1_Click(adapter);

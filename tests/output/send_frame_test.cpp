@@ -9,7 +9,7 @@
 #include "console/output_cycle.h"
 #include "output/output_devices.h"
 #include "output/parallel_frames.h"
-#include "output/portsetup.h"
+#include "output/output_device_setup.h"
 #include "tests/support/fake_adapter_libraries.h"
 #include "tests/support/fake_d2xx.h"
 #include "tests/support/fake_port_io.h"
@@ -130,7 +130,7 @@ TEST_F(SendFrameTest, OksidizerIsHandedThe512BytesFromElementOneAndAFailureSetsN
             std::tuple(" USB DMX Adapter Not Connected or Not Responding",
                        " USB DMX Adapter Not Connected or Not Responding", 0));
 
-  Portsetup& setup = console->port_setup();  // an open window follows to None
+  OutputDeviceSetup& setup = console->port_setup();  // an open window follows to None
   setup.Form_Load();
   setup.Combo1_Click(5);
   setup.Show();
@@ -169,7 +169,7 @@ TEST_F(SendFrameTest, OpenDmxFromALoadedShowWithoutTheDeviceSearchesAndNeverSays
 // the frame is back on the wire in the very tick the device answers, and nothing
 // else is said than the link status.
 TEST_F(SendFrameTest, AThousandUnplugsSearchEveryTickAndSendInTheTickTheDeviceAnswers) {
-  Portsetup& setup = console->port_setup();
+  OutputDeviceSetup& setup = console->port_setup();
   setup.Form_Load();
   setup.Show();
   setup.Combo1_Click(3);

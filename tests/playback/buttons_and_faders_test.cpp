@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "playback/run_mode.h"
-#include "tests/playback/playback_desk.h"
+#include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
 
@@ -16,7 +16,7 @@ void one_channel_submix(Store& store) {
 }  // namespace
 
 TEST(PlaybackButtons, ASubmixButtonLightsWhileHeldOrTogglesWhenLatched) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   one_channel_submix(p.store());
   p.button(0).Level = 128;
   p.press(0);
@@ -36,22 +36,22 @@ TEST(PlaybackButtons, ASubmixButtonLightsWhileHeldOrTogglesWhenLatched) {
 }
 
 TEST(PlaybackButtons, OfTwoPresetButtonsOnAChannelTheHigherNumberWinsAndAFaderRaisesOverThem) {
-  PlaybackDesk p;
-  PlaybackDesk::on_channels(p.set_button(3, kFunctionPreset, 0, 40, true), 20);
-  PlaybackDesk::on_channels(p.set_button(9, kFunctionPreset, 0, 10, true), 20);
+  PlaybackTestDesk p;
+  PlaybackTestDesk::on_channels(p.set_button(3, kFunctionPreset, 0, 40, true), 20);
+  PlaybackTestDesk::on_channels(p.set_button(9, kFunctionPreset, 0, 10, true), 20);
   p.click(9);
   p.click(3);
   EXPECT_EQ(p.live(20), 10);
-  PlaybackDesk::on_channels(p.set_fader(0, kFunctionPreset, 0), 0, 20);
+  PlaybackTestDesk::on_channels(p.set_fader(0, kFunctionPreset, 0), 0, 20);
   p.fader_to(0, 30);
   EXPECT_EQ(p.live(20), 30);
 }
 
 TEST(PlaybackFaders, PresetColourAndSubmixFadersScaleWhatTheyHold) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   one_channel_submix(p.store());
-  PlaybackDesk::on_channels(p.set_fader(1, kFunctionPreset, 0, 200), 4, 0, 64);
-  FaderFunction& colour = PlaybackDesk::on_channels(p.set_fader(2, kFunctionColour, 0), 1, 2, 3);
+  PlaybackTestDesk::on_channels(p.set_fader(1, kFunctionPreset, 0, 200), 4, 0, 64);
+  FaderFunction& colour = PlaybackTestDesk::on_channels(p.set_fader(2, kFunctionColour, 0), 1, 2, 3);
   colour.Data1 = 255;
   colour.Data3 = 100;
   p.fader_to(1, 128);
@@ -68,8 +68,8 @@ TEST(PlaybackFaders, PresetColourAndSubmixFadersScaleWhatTheyHold) {
 }
 
 TEST(PlaybackButtons, AColourButtonWithoutAFixedColourAsksAtEveryPressFromOff) {
-  PlaybackDesk p;
-  ButtonFunction& b = PlaybackDesk::on_channels(p.set_button(5, kFunctionColour, 0, 0, true), 10, 11, 12);
+  PlaybackTestDesk p;
+  ButtonFunction& b = PlaybackTestDesk::on_channels(p.set_button(5, kFunctionColour, 0, 0, true), 10, 11, 12);
   p.t.dialogs.answer_colour(Rgb{255, 0, 60});
   p.click(5);
   EXPECT_EQ(p.t.dialogs.colour_titles(), std::vector<std::string>{" Choose a Colour"});
@@ -91,7 +91,7 @@ TEST(PlaybackButtons, AColourButtonWithoutAFixedColourAsksAtEveryPressFromOff) {
 }
 
 TEST(PlaybackButtons, CueButtonsRecallOutsideRunModeAndTakeInRunMode) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   p.record(8, "Eight", 30, 99);
   p.store().Desk_Level.fill(0);
   p.set_button(2, kFunctionCue, 8);
@@ -114,7 +114,7 @@ TEST(PlaybackButtons, CueButtonsRecallOutsideRunModeAndTakeInRunMode) {
 }
 
 TEST(PlaybackPanel, CaptionsFollowTheFunctions) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   Store& s = p.store();
   s.Submix[1].Name = "Wash";
   s.Submix[1].Colour = "255";
@@ -145,7 +145,7 @@ TEST(PlaybackPanel, CaptionsFollowTheFunctions) {
 }
 
 TEST(PlaybackPanel, ClearAllAndClearEmptyTheDeskAndSaySo) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   one_channel_submix(p.store());
   p.button(0).Latch = true;
   p.click(0);
@@ -167,7 +167,7 @@ TEST(PlaybackPanel, ClearAllAndClearEmptyTheDeskAndSaySo) {
 }
 
 TEST(PlaybackPanel, PagesStepThroughFiveNameThemselvesAndSetUpTheirOwnElements) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   PageControls& pages = p.desk->pages();
   EXPECT_FALSE(pages.Dec_Page_enabled());
   EXPECT_EQ(pages.Page_Details(), "Page 1");
@@ -202,7 +202,7 @@ TEST(PlaybackPanel, PagesStepThroughFiveNameThemselvesAndSetUpTheirOwnElements) 
 }
 
 TEST(PlaybackDeskMasters, MainStaysEqualOnBothDesks) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   p.desk->Main_Change(90);
   EXPECT_EQ(p.t.console->main_desk().main_value(), 90);
   p.t.console->main_desk().Main_Change(20);

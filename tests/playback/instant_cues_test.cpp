@@ -2,7 +2,7 @@
 
 #include "playback/instant_cues.h"
 #include "playback/run_mode.h"
-#include "tests/playback/playback_desk.h"
+#include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
 namespace {
@@ -11,14 +11,14 @@ class InstantCuesTest : public ::testing::Test {
  protected:
   InstantCuesTest() { store().Screen_Count = 40; }
   Store& store() { return d.store(); }
-  instant_screen& panel() { return d.desk->instant_cues(); }
+  InstantCues& panel() { return d.desk->instant_cues(); }
   void flag(int n, const std::string& name, const std::string& colour = "") {
     store().Screens[n].Instant = true;
     store().Screens[n].Name = name;
     store().Screens[n].Colour = colour;
   }
 
-  PlaybackDesk d;
+  PlaybackTestDesk d;
 };
 
 TEST_F(InstantCuesTest, SlotsFollowScreenOrderWithTooltipsAndColoursFourteenAtMost) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/playback/playback_desk.h"
+#include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
 
@@ -8,7 +8,7 @@ namespace {
 
 // Chase 3 has two stepped steps of 1 s on chase channel 0, routed to desk
 // channel 10 (stored as 9); button 4 plays it, latched, at full.
-struct ChaseDesk : PlaybackDesk {
+struct ChaseDesk : PlaybackTestDesk {
   ChaseDesk() {
     ChaseRec& c = chase();
     c.Steps = 2;

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "console/project/project_file.h"
-#include "tests/playback/playback_desk.h"
+#include "tests/playback/playback_test_desk.h"
 #include "tests/support/show_builders.h"
 #include "tests/support/temp_folder.h"
 
@@ -15,7 +15,7 @@ class PlaybackShowFile : public ::testing::Test {
  protected:
   PlaybackShowFile() {
     d.t.dialogs.answer_file(test_data("playback_show.xml"));
-    d.t.console->main_desk().Menu_Click("LoadXML");
+    d.t.console->main_desk().Menu_Click("load");
   }
 
   std::string save() {
@@ -25,7 +25,7 @@ class PlaybackShowFile : public ::testing::Test {
     return file_contents(path);
   }
 
-  PlaybackDesk d;
+  PlaybackTestDesk d;
   TempFolder folder;
 };
 
@@ -41,7 +41,7 @@ TEST_F(PlaybackShowFile, ALoadedShowIsOnThePlaybackDeskAndSavesBackUnchanged) {
   EXPECT_EQ(panel.buttons()[1].Command1, "Sea");
   EXPECT_EQ(panel.faders()[1].Text6, "Seq 4 Step Timing");
   EXPECT_EQ(d.desk->pages().Page_Details(), "Page 2");
-  d.desk->Menu_Click("nameedit");
+  d.desk->Menu_Click("cue-editor");
   EXPECT_EQ(d.desk->cue_editor().List1(), (std::vector<std::string>{"1 Opening", "2 Chase", "3 "}));
 
   std::string expected = file_contents(test_data("playback_show.xml"));

@@ -3,7 +3,7 @@
 #include "console/output_cycle.h"
 #include "core/desk_context.h"
 #include "playback/run_mode.h"
-#include "tests/playback/playback_desk.h"
+#include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 // Chase 3 fades chase channel 0 (desk channel 10) from 0 to 200 over 0.5 s in
 // step 1 and holds it for the rest of a 1 s step; step 2 is dark. Button 4
 // plays it at full. The output runs every 10 ms unless a test says otherwise.
-struct SmoothPlayback : PlaybackDesk {
+struct SmoothPlayback : PlaybackTestDesk {
   explicit SmoothPlayback(bool smooth) {
     t.console->context().output_timing().set_run_smooth(smooth);
     output_interval(10);

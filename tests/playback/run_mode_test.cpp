@@ -2,7 +2,7 @@
 
 #include "console/output_cycle.h"
 #include "playback/run_mode.h"
-#include "tests/playback/playback_desk.h"
+#include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
 namespace {
@@ -42,7 +42,7 @@ class RunModeTest : public ::testing::Test {
     return clock().now() - start;
   }
 
-  PlaybackDesk d;
+  PlaybackTestDesk d;
 };
 
 TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoingLook) {
@@ -279,7 +279,7 @@ TEST_F(RunModeTest, ATakeBringsInTheIncomingScreensButtonsAndHandsItsChasesOver)
     chase.Speed[1] = 1;
     d.set_button(q, kFunctionSequence, q, 200);
   }
-  PlaybackDesk::on_channels(d.set_button(5, kFunctionPreset, 0, 90), 9);
+  PlaybackTestDesk::on_channels(d.set_button(5, kFunctionPreset, 0, 90), 9);
   store().Screens[1].But_Sel[0] = true;
   store().Screens[2].But_Sel[1] = store().Screens[2].But_Sel[5] = true;
   enter();

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "tests/playback/playback_desk.h"
+#include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
 
 TEST(Screens, RecordingWalksForwardAndKeepsTheCountOneAheadUpToScreen199) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   EXPECT_EQ(p.status(), " Playback Desk Running");
   p.store().Playback_Fader_Level[3] = 90;
   p.store().Playback_Button_State[17] = true;
@@ -35,7 +35,7 @@ TEST(Screens, RecordingWalksForwardAndKeepsTheCountOneAheadUpToScreen199) {
 }
 
 TEST(Screens, RecallPutsTheScreenOnTheDesk) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   p.store().Playback_Fader_Level[2] = 77;
   p.store().Playback_Button_State[0] = true;
   p.desk->Preset_Change(100);
@@ -61,7 +61,7 @@ TEST(Screens, RecallPutsTheScreenOnTheDesk) {
 }
 
 TEST(Screens, CopyPasteAndClearThroughTheMenu) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   p.record(2, "Source", 3, 33);
   p.screens().Screen_Num_sel_Change(2);
   p.desk->Menu_Click("Copy_Cue");
@@ -92,7 +92,7 @@ TEST(Screens, CopyPasteAndClearThroughTheMenu) {
   EXPECT_EQ(nine.Delay, 7);
 }
 
-struct FiveScreens : PlaybackDesk {
+struct FiveScreens : PlaybackTestDesk {
   FiveScreens() {
     for (int n = 1; n <= 4; ++n) record(n, "S" + std::to_string(n), n, 10 * n);
     store().Screens[5].Name = "S5";
@@ -153,14 +153,14 @@ TEST(Screens, InsertAndDeleteAreRefusedOutsideTheUsedTableAndInsertIntoAFullOne)
   EXPECT_EQ(p.name(199), "moved");
   EXPECT_EQ(p.store().Screen_Count, 199);
 
-  PlaybackDesk fresh;  // one screen in use: delete does nothing
+  PlaybackTestDesk fresh;  // one screen in use: delete does nothing
   fresh.store().Screens[0].Name = "zero";
   fresh.desk->table().Delete_Screen(0);
   EXPECT_EQ(fresh.store().Screens[0].Name, "zero");
 }
 
 TEST(Screens, PanelEditsWriteThroughToTheCurrentScreen) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   p.screens().Screen_Num_sel_Change(3);
   p.screens().screen_txt_Change("Blue");
   p.screens().Screen_Fade_Time_Change(7.4);

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "tests/playback/playback_desk.h"
+#include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
 
 TEST(ButtonSetup, OkOrMovingOnStoresWhatTheFunctionUsesAndMarksTheProject) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   p.store().Project_Changed = false;
   ButtonSetup& w = p.desk->button_setup();
   p.desk->Open_Button_Setup(6);
@@ -52,7 +52,7 @@ TEST(ButtonSetup, OkOrMovingOnStoresWhatTheFunctionUsesAndMarksTheProject) {
 }
 
 TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefusedAndPlusAndMinusKeepTheNumberInRange) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   ButtonSetup& w = p.desk->button_setup();
   w.Open(0);  // Submix 1
   w.Channel_Change(1, "65");
@@ -75,7 +75,7 @@ TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefusedAndPlusAndMinusKeepTheNumberIn
 }
 
 TEST(FaderSetup, ASequenceFaderKeepsItsLevelOrStepTimeChoice) {
-  PlaybackDesk p;
+  PlaybackTestDesk p;
   FaderSetup& w = p.desk->fader_setup();
   p.desk->Menu_Click("Fader_Change");
   EXPECT_TRUE(w.visible());
@@ -93,7 +93,7 @@ TEST(FaderSetup, ASequenceFaderKeepsItsLevelOrStepTimeChoice) {
   EXPECT_EQ(p.panel().faders()[0].Text6, "Seq 2 Step Timing");
 }
 
-struct EditedShow : PlaybackDesk {
+struct EditedShow : PlaybackTestDesk {
   EditedShow() {
     store().Playback_Button_State[2] = true;
     store().Playback_Fader_Level[1] = 128;
@@ -109,7 +109,7 @@ struct EditedShow : PlaybackDesk {
 
 TEST(CueEditor, ListsTheScreensAndWhatTheSelectedOneHoldsAndItsSliderWritesBack) {
   EditedShow p;
-  p.desk->Menu_Click("nameedit");
+  p.desk->Menu_Click("cue-editor");
   CueEditor& e = p.editor();
   EXPECT_TRUE(e.visible());
   EXPECT_EQ(e.List1(), (std::vector<std::string>{"1 One", "2 Two", "3 "}));

@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "core/main_desk.h"
-#include "sequence/chases.h"
+#include "sequence/sequence_desk.h"
 #include "tests/support/faulty_file_system.h"
 #include "tests/support/show_builders.h"
 #include "tests/support/temp_folder.h"
@@ -131,7 +131,7 @@ TEST_F(ProjectFileTest, AHostileChaseRunsSafely) {
          "<Step><Num>2</Num><Speed>-0.1</Speed><Time>2e-10</Time><Data>255</Data><Fade>1</Fade></Step>"
          "<Step><Num>0</Num><Speed>1e308</Speed><Time>-1e308</Time></Step></Chase></Lumaris_XML>";
   ASSERT_TRUE(file().Load_File(path));
-  Chases& desk = t.console->sequence_desk();
+  SequenceDesk& desk = t.console->sequence_desk();
   desk.Show();
   desk.Chase_Go_Button_Click();
   for (int ms = 0; ms < 3000; ++ms) {
@@ -188,7 +188,7 @@ TEST_F(ProjectFileTest, SkippedBlocksAreCountedAndNamedInOneMessageAndTheRestLoa
 TEST_F(ProjectFileTest, LoadFromTheMainDeskMenuRedrawsTheDesk) {
   t.store().Project_Changed = true;
   t.dialogs.answer_file(test_data("full_show.xml"));
-  t.console->main_desk().Menu_Click("LoadXML");
+  t.console->main_desk().Menu_Click("load");
   EXPECT_EQ(status().main(), "Project Loaded ");
   EXPECT_EQ(t.store().Project_File, test_data("full_show.xml"));
   EXPECT_TRUE(t.store().Project_Changed);  // a load leaves the mark alone

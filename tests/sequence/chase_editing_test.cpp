@@ -3,12 +3,12 @@
 #include <string>
 #include <tuple>
 
-#include "tests/sequence/sequence_desk.h"
+#include "tests/sequence/sequence_test_desk.h"
 
 namespace lumaris {
 
 TEST(ChaseEditing, CopyPasteShiftAndClearWorkOnTheShownStep) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(3, 1.0, 1.0);
   ChaseRec& c = s.chase();
   // Copy and Paste carry times in whole seconds, halves to even.
@@ -48,7 +48,7 @@ TEST(ChaseEditing, CopyPasteShiftAndClearWorkOnTheShownStep) {
 }
 
 TEST(ChaseEditing, ChannelBoxesRouteRoundedNumbersRefuseOthersOnceAndCanCountUp) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.t.store().Project_Changed = false;
   s.desk->Text1_Change(3, "4.5");  // 3.5 rounds to the even 4: desk channel 5
   EXPECT_EQ(s.chase().Channels[3], 4);
@@ -75,7 +75,7 @@ TEST(ChaseEditing, ChannelBoxesRouteRoundedNumbersRefuseOthersOnceAndCanCountUp)
 }
 
 TEST(ChaseEditing, StepsStayBetweenOneAndThirtyTwoInsertOpensAnEmptyStepAndRemoveClosesIt) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   ChaseRec& c = s.chase();
   s.desk->Steps_subtract_Click();
   s.desk->Remove_Step_Click();
@@ -115,7 +115,7 @@ TEST(ChaseEditing, StepsStayBetweenOneAndThirtyTwoInsertOpensAnEmptyStepAndRemov
 }
 
 TEST(ChaseEditing, FunctionButtonsCycleAndTheSwitchAppliesToEveryStep) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(3, 1.0, 1.0);
   ChaseRec& c = s.chase();
   const auto& ch = s.desk->channels();
@@ -136,10 +136,10 @@ TEST(ChaseEditing, FunctionButtonsCycleAndTheSwitchAppliesToEveryStep) {
 }
 
 TEST(ChaseEditing, TimeSlidersWriteTheStepOrEveryStepAndTheLockGivesTheFadeTheStepDuration) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(3, 1.0, 1.0);
   ChaseRec& c = s.chase();
-  VRLogSlider& speed = s.desk->LogSlider3();
+  LogSlider& speed = s.desk->LogSlider3();
   const double top = speed.axis_top();
   speed.Set_From_Position(top);
   EXPECT_EQ(std::tuple(c.Speed[1], c.Speed[2]), std::tuple(240.0, 1.0));
@@ -174,7 +174,7 @@ TEST(ChaseEditing, TimeSlidersWriteTheStepOrEveryStepAndTheLockGivesTheFadeTheSt
 }
 
 TEST(ChaseEditing, ChoosingAChaseShowsItsFirstStepAndItsLoopSettings) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(3, 1.0, 1.0);
   s.desk->Chase_Plus_Click();
   s.desk->Chase_Plus_Click();

@@ -4,7 +4,7 @@
 #include <tuple>
 
 #include "console/output_cycle.h"
-#include "tests/sequence/sequence_desk.h"
+#include "tests/sequence/sequence_test_desk.h"
 
 namespace lumaris {
 
@@ -12,7 +12,7 @@ namespace lumaris {
 // desk has Fade_Elapsed 0.1, so the first step gets four level ticks; every later
 // step gets the five of its half second.
 TEST(ChaseRuntime, EachStepIsLitForTheFirstHalfOfItsSecondOnly) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(4, 1.0, 0.5);
   for (int step = 1; step <= 4; ++step) s.chase().Data[step][0] = static_cast<std::int16_t>(50 * step);
   s.desk->Chase_Go_Button_Click();
@@ -30,7 +30,7 @@ TEST(ChaseRuntime, EachStepIsLitForTheFirstHalfOfItsSecondOnly) {
 }
 
 TEST(ChaseRuntime, RepeatCountTwoPlaysThreePassesThenStopsAndASecondGoCountsAfresh) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(2, 1.0, 1.0);
   s.chase().Data[2][0] = 77;
   s.desk->Loop_Box_Click(false);
@@ -56,7 +56,7 @@ TEST(ChaseRuntime, RepeatCountTwoPlaysThreePassesThenStopsAndASecondGoCountsAfre
 }
 
 TEST(ChaseRuntime, MixesChaseChannelsByHighestAndScalesByTheMainLevel) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(1, 1.0, 1.0);
   s.chase().Channels[3] = 9;
   s.chase().Channels[7] = 9;
@@ -72,7 +72,7 @@ TEST(ChaseRuntime, MixesChaseChannelsByHighestAndScalesByTheMainLevel) {
 }
 
 TEST(ChaseRuntime, AChannelSwitchedOffHoldsTheLevelItHadEvenAfterAFadeWithNoTime) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(4, 1.0, 0.5);
   s.chase().Data[1][0] = 120;
   s.chase().Fade[2][0] = kChaseOff;
@@ -97,7 +97,7 @@ TEST(ChaseRuntime, AChannelSwitchedOffHoldsTheLevelItHadEvenAfterAFadeWithNoTime
 }
 
 TEST(ChaseRuntime, AFadeReachesItsLevelAtTheEndOfItsWindow) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(2, 1.0, 0.5);
   s.chase().Data[1][0] = 0;
   s.chase().Data[2][0] = 200;
@@ -120,7 +120,7 @@ TEST(ChaseRuntime, AFadeReachesItsLevelAtTheEndOfItsWindow) {
 // being played (1.0625 s is 1063.5 ms: the even 1064), renewed at every step
 // change, a manual one too, which never stops the chase.
 TEST(ChaseRuntime, GoStopAndManualStepsPickTheStepAndRenewTheStepTimer) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(4, 1.0, 1.0);
   s.chase().Data[3][2] = 40;
   s.desk->Chase_Plus_Click();
@@ -163,7 +163,7 @@ TEST(ChaseRuntime, GoStopAndManualStepsPickTheStepAndRenewTheStepTimer) {
 // boxes are checked and disabled so that the time sliders act on every step;
 // Stop gives the boxes back as they were.
 TEST(ChaseRuntime, WhileRunningEditsAreIgnoredAndBothTimeSlidersActOnEveryStep) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(3, 1.0, 1.0);
   s.chase().Data[1][4] = 10;
   const ChaseRec before = s.chase();
@@ -183,7 +183,7 @@ TEST(ChaseRuntime, WhileRunningEditsAreIgnoredAndBothTimeSlidersActOnEveryStep) 
             std::tuple(true, false, false));
   s.desk->LogSlider3().Set_From_Position(s.desk->LogSlider3().axis_top());
   EXPECT_EQ(std::tuple(s.chase().Speed[0], s.chase().Speed[2]), std::tuple(240.0, 240.0));
-  VRLogSlider& fade = s.desk->LogSlider4();
+  LogSlider& fade = s.desk->LogSlider4();
   fade.Set_From_Position(fade.axis_top());
   for (int step = 0; step <= 3; ++step) EXPECT_EQ(s.chase().Time[step], 240.0) << step;
   s.desk->Speed_Fade_Lock_Click(true);
@@ -198,7 +198,7 @@ TEST(ChaseRuntime, WhileRunningEditsAreIgnoredAndBothTimeSlidersActOnEveryStep) 
 }
 
 TEST(ChaseRuntime, LiveModeShowsEditsWhileStoppedAndPausesWhileAChaseRuns) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   s.program(1, 1.0, 1.0);
   s.chase().Channels[2] = 40;
   s.desk->Refresh_Desk();
@@ -238,7 +238,7 @@ TEST(ChaseRuntime, LiveModeShowsEditsWhileStoppedAndPausesWhileAChaseRuns) {
 // puts into DMX_Out exactly the Chase_Out that stands when it runs, so a level the
 // chase writes is on the wire at the first output tick after it, never later.
 TEST(ChaseOutput, ARunningChaseReachesThePatchedSlotAtTheNextOutputTick) {
-  SequenceDesk s;
+  SequenceTestDesk s;
   Store& store = s.t.store();
   store.Patch[100] = 5;  // slot 101 also carries desk channel 5 (slot 4 does already)
   s.program(2, 1.0, 0.5);

@@ -2,13 +2,13 @@
 
 #include "console/output_cycle.h"
 #include "core/desk_context.h"
-#include "tests/sequence/sequence_desk.h"
+#include "tests/sequence/sequence_test_desk.h"
 
 namespace lumaris {
 namespace {
 
 // Step 2 fades channel 1 from 0 to 200 over 0.5 s; the output runs every 10 ms.
-SequenceDesk& fade_desk(SequenceDesk& s, bool smooth) {
+SequenceTestDesk& fade_desk(SequenceTestDesk& s, bool smooth) {
   if (smooth) s.t.console->context().output_timing().set_run_smooth(true);
   s.t.console->output_cycle().Timer1().set_interval(10);
   s.program(2, 1.0, 0.5);
@@ -18,13 +18,13 @@ SequenceDesk& fade_desk(SequenceDesk& s, bool smooth) {
   return s;
 }
 
-int mixed(SequenceDesk& s) { return s.t.console->output_cycle().Channel_Mix()[0]; }
+int mixed(SequenceTestDesk& s) { return s.t.console->output_cycle().Channel_Mix()[0]; }
 
 // The output timer ticks before the chase's level timer at the same moment, so
 // the desk without smooth output shows a level tick's value one frame later.
 TEST(SmoothChase, TheFrameFollowsTheFadeBetweenLevelTicksAndMeetsThemAtEachTick) {
-  SequenceDesk off;
-  SequenceDesk on;
+  SequenceTestDesk off;
+  SequenceTestDesk on;
   fade_desk(off, false).desk->Chase_Go_Button_Click();
   fade_desk(on, true).desk->Chase_Go_Button_Click();
   on.t.scheduler.advance(1100);  // step 2 from 1001; its first level tick at 1100 is 40
@@ -42,7 +42,7 @@ TEST(SmoothChase, TheFrameFollowsTheFadeBetweenLevelTicksAndMeetsThemAtEachTick)
 }
 
 TEST(SmoothChase, TheFirstFrameOfAStepStartsFromThePreviousLevel) {
-  SequenceDesk on;
+  SequenceTestDesk on;
   fade_desk(on, true).desk->Chase_Go_Button_Click();
   on.t.scheduler.advance(1001);  // step 2 begins; the next level tick is at 1100
   EXPECT_EQ(mixed(on), 0);
@@ -51,7 +51,7 @@ TEST(SmoothChase, TheFirstFrameOfAStepStartsFromThePreviousLevel) {
 }
 
 TEST(SmoothChase, AFadesLastLevelNoFrameCarriedIsHeldForTheNextFrame) {
-  SequenceDesk on;
+  SequenceTestDesk on;
   fade_desk(on, true);
   // Started at 50 ms: step 2 runs 1051-2052, its last level tick (200) is at
   // 2050, and the output runs only every 700 ms (1400, 2100), so no frame took it.
@@ -68,7 +68,7 @@ TEST(SmoothChase, AFadesLastLevelNoFrameCarriedIsHeldForTheNextFrame) {
 }
 
 TEST(SmoothChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame) {
-  SequenceDesk on;
+  SequenceTestDesk on;
   fade_desk(on, true);
   // Two passes from 50 ms; the second pass's fade ends at 4050 on 200, the
   // chase at 4054, and the output runs every 700 ms (4200 is next).

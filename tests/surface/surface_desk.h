@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "core/main_desk.h"
-#include "playback/playdesk.h"
+#include "playback/playback_desk.h"
 #include "surface/bcf.h"
-#include "surface/bcf_configure.h"
+#include "surface/bcf_setup.h"
 #include "tests/support/fake_midi.h"
 #include "tests/support/test_console.h"
 
@@ -27,9 +27,9 @@ struct SurfaceDesk {
   Console& console() { return *desk.console; }
   Store& store() { return desk.store(); }
   BCF& surface() { return console().surface(); }
-  BCF_configure& setup() { return console().surface_setup(); }
-  Hoofdblad& main_desk() { return console().main_desk(); }
-  Playdesk& playback() { return console().playback_desk(); }
+  BcfSetup& setup() { return console().surface_setup(); }
+  MainDesk& main_desk() { return console().main_desk(); }
+  PlaybackDesk& playback() { return console().playback_desk(); }
 
   // A BCF2000 as ALSA lists it, next to a port that is not one.
   void plug_in() {
@@ -38,7 +38,7 @@ struct SurfaceDesk {
   }
   // The operator opens "&BCF2000 Setup" and presses the connect button.
   void connect() {
-    main_desk().Menu_Click("BCF2000_setup");
+    main_desk().Menu_Click("bcf2000-setup");
     setup().Command1_Click();
   }
   // Plugged in and connected, with nothing sent yet.

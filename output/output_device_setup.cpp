@@ -1,0 +1,249 @@
+#include "output/output_device_setup.h"
+
+#include <algorithm>
+
+#include "core/desk_context.h"
+#include "output/adapter_numbers.h"
+#include "base/number_text.h"
+#include "output/output_devices.h"
+#include "output/parallel_frames.h"
+#include "platform/scheduler.h"
+
+namespace lumaris {
+
+namespace {
+
+constexpr const char* kNoDmxOut = " NO DMX OUT";
+constexpr const char* kParlexRunning = " Parlex Adapter Running";
+constexpr const char* kOkiNoDmxOut = " OKI 3-1 Adapter - NO DMX OUT";
+constexpr const char* kManolatorConnected = " Manolator Connectd ";
+constexpr const char* kOksidizerConnecting = " Oksidizer USB2DMX Connecting.....";
+constexpr const char* kUsbConnected = " Open USB Connected";
+constexpr const char* kUsbSearching = " Open USB Searching.......";
+constexpr const char* kUsbNotFound = " Open USB Not Found !";
+constexpr const char* kDriverFound = "Driver Found";
+constexpr const char* kConnected = "Connected";
+constexpr const char* kSearching = "Searching...";
+constexpr const char* kDriverNotFound = "USB Driver not Found";
+
+constexpr int kOkiRate = 70;
+constexpr int kOpenDmxRate = 40;
+
+}  // namespace
+
+const std::array<const char*, OutputDeviceSetup::kAdapterCount> OutputDeviceSetup::kAdapterEntries = {
+    "None",
+    "Parlex's Adapter",
+    "DMX 3-1 Adapter",
+    "Open DMX USB Adapter",
+    "Manolator DMX Interface",
+    "Oksidizer USB2DMX",
+};
+
+const std::array<const char*, OutputDeviceSetup::kAdapterCount> OutputDeviceSetup::kAdapterNames = {
+    " None ",
+    " Parlex DMX Adapter ",
+    " OKI DMX 3-1 Adapter ",
+    " Open DMX USB Adapter ",
+    " Manolator DMX Interface ",
+    " Oksidizer USB2DMX ",
+};
+
+OutputDeviceSetup::OutputDeviceSetup(DeskContext& context, OutputDevices& devices, Timer& output_timer)
+    : Window("Set DMX Output Device"),
+      context_(context),
+      devices_(devices),
+      output_timer_(output_timer) {}
+
+void OutputDeviceSetup::Form_Load() {
+  const int adapter = context_.store().Adapter;
+  chosen_ = adapter >= 0 && adapter < kAdapterCount ? adapter : 0;
+  rate_ = output_timer_.interval();
+  smooth_ = context_.output_timing().smooth();
+  smooth_clicked_ = false;
+  // Selecting the entry raises the list's own click, and loading runs the
+  // handling once more.
+  Combo1_Click(chosen_);
+  selection_changed();
+}
+
+void OutputDeviceSetup::Refresh() {
+  const int adapter = context_.store().Adapter;
+  chosen_ = adapter >= 0 && adapter < kAdapterCount ? adapter : 0;
+  list_index_ = chosen_;
+  adapter_name_ = kAdapterNames[chosen_];
+  rate_ = output_timer_.interval();
+  smooth_ = context_.output_timing().smooth();
+  smooth_clicked_ = false;
+  lay_out(chosen_);
+  show_rate();
+  port_option_from_address();
+}
+
+void OutputDeviceSetup::Combo1_Click(int index) {
+  list_index_ = std::clamp(index, 0, kAdapterCount - 1);
+  selection_changed();
+}
+
+void OutputDeviceSetup::show(std::initializer_list<Control> which) {
+  for (const Control c : which) controls_[c] = {true, true};
+}
+
+void OutputDeviceSetup::hide(std::initializer_list<Control> which) {
+  for (const Control c : which) controls_[c].visible = false;
+}
+
+void OutputDeviceSetup::disable(std::initializer_list<Control> which) {
+  for (const Control c : which) controls_[c].enabled = false;
+}
+
+void OutputDeviceSetup::show_rate() {
+  text1_ = str_number(rate_) + " mS";
+  hscroll1_ = std::clamp(rate_, kScrollMin, kScrollMax);
+}
+
+void OutputDeviceSetup::port_option_from_address() {
+  const int address = context_.store().Port_Address;
+  if (address == kLpt1Address) {
+    option1_ = true;
+    option2_ = false;
+  } else if (address == kLpt2Address) {
+    option1_ = false;
+    option2_ = true;
+  }
+}
+
+// Which controls the adapter needs.
+void OutputDeviceSetup::lay_out(int adapter) {
+  switch (adapter) {
+    case kAdapterNone:
+      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1, Text2});
+      disable({Text1, HScroll1});
+      break;
+    case kAdapterParlex:
+    case kAdapterManolator:
+      show({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      hide({Text2});
+      break;
+    case kAdapterOki:
+      show({Label1_0, Label1_1, Label2, Option1, Option2});
+      hide({Label3, Text1, Text2, HScroll1});
+      disable({Text1, HScroll1});
+      break;
+    case kAdapterOpenDmx:
+      show({Text2});
+      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      disable({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      break;
+    case kAdapterOksidizer:
+      show({Text2});
+      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      disable({HScroll1});
+      break;
+    default:
+      break;
+  }
+  if (smooth_ && adapter == kAdapterNone) {
+    show({Label3, Text1, HScroll1});
+    show_rate();
+  }
+}
+
+void OutputDeviceSetup::Smooth_Check_Click(bool checked) {
+  smooth_ = checked;
+  smooth_clicked_ = true;
+  lay_out(chosen_);
+}
+
+void OutputDeviceSetup::selection_changed() {
+  chosen_ = list_index_;
+  adapter_name_ = kAdapterNames[chosen_];
+  lay_out(chosen_);
+  StatusLines& status = context_.status();
+  switch (chosen_) {
+    case kAdapterNone:
+      status.show_both(kNoDmxOut);
+      break;
+    case kAdapterParlex:
+    case kAdapterManolator:
+      show_rate();
+      status.show_both(chosen_ == kAdapterParlex ? kParlexRunning
+                                    : kManolatorConnected + str_number(rate_) + "ms");
+      port_option_from_address();
+      break;
+    case kAdapterOki:
+      status.show_both(kOkiNoDmxOut);
+      Oki_Wake_Up(devices_.seams().port_io, context_.store().Port_Address);
+      port_option_from_address();
+      rate_ = kOkiRate;
+      break;
+    case kAdapterOpenDmx:
+      rate_ = kOpenDmxRate;
+      driver_search();
+      break;
+    case kAdapterOksidizer:
+      status.show_both(kOksidizerConnecting);
+      break;
+    default:
+      break;
+  }
+}
+
+void OutputDeviceSetup::driver_search() {
+  OutputDevices& devices = devices_;
+  OpenDmx& usb = devices.opendmx();
+  StatusLines& status = context_.status();
+  if (usb.driver_present()) {
+    devices.set_USB_Connected(1);
+    text2_ = kDriverFound;
+    usb.USB_Get_Error(1);
+    usb.USB_Open_Device();
+    if (usb.USB_Get_Error(1) == 0) {
+      text2_ = kConnected;
+      status.show_both(kUsbConnected);
+    } else {
+      text2_ = kSearching;
+      status.show_both(kUsbSearching);
+    }
+  } else {
+    text2_ = kDriverNotFound;
+    status.show_both(kUsbNotFound);
+    devices.set_USB_Connected(0);
+  }
+  context_.store().Adapter = kAdapterOpenDmx;
+}
+
+void OutputDeviceSetup::Option1_Click() {
+  context_.store().Port_Address = kLpt1Address;
+  option1_ = true;
+  option2_ = false;
+}
+
+void OutputDeviceSetup::Option2_Click() {
+  context_.store().Port_Address = kLpt2Address;
+  option2_ = true;
+  option1_ = false;
+}
+
+void OutputDeviceSetup::HScroll1_Change(int value) {
+  hscroll1_ = std::clamp(value, kScrollMin, kScrollMax);
+  rate_ = hscroll1_;
+  text1_ = str_number(rate_) + " mS";
+}
+
+void OutputDeviceSetup::Command1_Click() {
+  context_.store().Adapter = static_cast<std::int16_t>(chosen_);
+  output_timer_.set_interval(rate_);
+  OutputTiming& timing = context_.output_timing();
+  // Only the operator's click is kept: a box that shows --smooth for this run
+  // saves nothing while it is left alone.
+  if (smooth_clicked_ && (smooth_ != timing.smooth() || smooth_ != timing.smooth_setting())) {
+    timing.set_smooth(smooth_, context_.settings());
+  }
+  context_.store().Project_Changed = true;
+  Hide();
+}
+
+void OutputDeviceSetup::Command2_Click() { Hide(); }
+
+}  // namespace lumaris

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <array>
+#include <initializer_list>
+#include <string>
+
+#include "core/window.h"
+
+namespace lumaris {
+
+class DeskContext;
+class OutputDevices;
+class Timer;
+
+// The output device set-up window: chooses the adapter, the parallel port and the
+// refresh rate (the output timer's interval). The choices reach the desk on
+// "Save and Exit", except the port and the Open DMX USB adapter, which act at once.
+class OutputDeviceSetup : public Window {
+ public:
+  static constexpr int kAdapterCount = 6;
+  // HScroll1: the refresh rate in ms. The lower bound is 10 ms: a shorter
+  // interval would leave the desk no time between frames.
+  static constexpr int kScrollMin = 10;
+  static constexpr int kScrollMax = 750;
+  static constexpr int kScrollStep = 1;
+  static constexpr int kScrollInitial = 75;
+
+  // The controls whose visibility and enabled state the adapter choice sets.
+  enum Control { Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1, Text2 };
+  static constexpr int kControls = 9;
+  struct ControlState {
+    bool visible = true;
+    bool enabled = true;
+  };
+
+  static const std::array<const char*, kAdapterCount> kAdapterEntries;  // Combo1, in order
+  static const std::array<const char*, kAdapterCount> kAdapterNames;    // Adapter_Name captions
+
+  // The output timer is the output cycle's: its interval is the refresh rate.
+  OutputDeviceSetup(DeskContext& context, OutputDevices& devices, Timer& output_timer);
+  bool available() const { return true; }
+
+  // The first opening: reads the adapter and the output timer's interval and
+  // selects the adapter, as choosing it in the list does.
+  void Form_Load();
+  // A later opening: shows the desk's adapter and refresh rate and changes
+  // nothing, so looking at the window never interrupts the output.
+  void Refresh();
+  void Combo1_Click(int index);
+  void Option1_Click();
+  void Option2_Click();
+  void HScroll1_Change(int value);
+  // "Smooth output": takes effect, and is kept with the computer's settings, on
+  // "Save and Exit". With it on, the refresh rate can be set whatever the adapter,
+  // so an Art-Net-only desk can run at 23 ms.
+  void Smooth_Check_Click(bool checked);
+  void Command1_Click();  // "Save and Exit"
+  void Command2_Click();  // "Cancel"
+
+  // Written by the output cycle while the Open DMX USB adapter searches.
+  void set_Text2(std::string text) { text2_ = std::move(text); }
+
+  int Combo1_ListIndex() const { return list_index_; }
+  const std::string& Adapter_Name() const { return adapter_name_; }
+  bool Option1_Value() const { return option1_; }
+  bool Option2_Value() const { return option2_; }
+  const std::string& Text1_Text() const { return text1_; }
+  int HScroll1_Value() const { return hscroll1_; }
+  bool Smooth_Check_Value() const { return smooth_; }
+  const std::string& Text2_Text() const { return text2_; }
+  const ControlState& control(Control which) const { return controls_[which]; }
+  int chosen_adapter() const { return chosen_; }
+  int refresh_rate() const { return rate_; }
+
+ private:
+  void selection_changed();
+  void lay_out(int adapter);
+  void show(std::initializer_list<Control> which);
+  void hide(std::initializer_list<Control> which);
+  void disable(std::initializer_list<Control> which);
+  void show_rate();
+  void port_option_from_address();
+  void driver_search();
+
+  DeskContext& context_;
+  OutputDevices& devices_;
+  Timer& output_timer_;
+  int list_index_ = -1;
+  int chosen_ = 0;
+  int rate_ = kScrollInitial;
+  std::string adapter_name_;
+  bool option1_ = true;
+  bool option2_ = false;
+  std::string text1_;
+  int hscroll1_ = kScrollInitial;
+  std::string text2_;
+  std::array<ControlState, kControls> controls_{};
+  bool smooth_ = false;
+  bool smooth_clicked_ = false;  // since the window opened
+};
+
+}  // namespace lumaris

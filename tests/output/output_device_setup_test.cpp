@@ -1,0 +1,188 @@
+#include "output/output_device_setup.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "console/output_cycle.h"
+#include "core/desk_context.h"
+#include "output/output_devices.h"
+#include "tests/support/fake_d2xx.h"
+#include "tests/support/fake_port_io.h"
+#include "tests/support/memory_settings.h"
+#include "tests/support/test_console.h"
+
+namespace lumaris {
+namespace {
+
+using C = OutputDeviceSetup::Control;
+
+struct PortsetupTest : ::testing::Test {
+  FakeD2xx device;
+  FakePortIo port;
+  TestConsole test;
+  Console* console = nullptr;
+  OutputDeviceSetup* setup = nullptr;
+
+  void SetUp() override {
+    test.services.d2xx = &device;
+    test.services.port_io = &port;
+    console = &test.build();
+    setup = &console->port_setup();
+  }
+  void open() {
+    setup->Form_Load();
+    setup->Show();
+  }
+  bool shown(C c) const { return setup->control(c).visible; }
+  bool enabled(C c) const { return setup->control(c).enabled; }
+  int timer_interval() { return console->output_cycle().Timer1().interval(); }
+};
+
+// Each choice shows its own controls and says what it did; the others are hidden.
+TEST_F(PortsetupTest, EachAdapterShowsItsControlsAndItsStatus) {
+  const std::vector<C> all = {C::Label1_0, C::Label1_1, C::Label2, C::Option1, C::Option2,
+                              C::Label3,   C::Text1,    C::HScroll1, C::Text2};
+  const std::vector<C> port_and_rate = {C::Label1_0, C::Label1_1, C::Label2, C::Option1,
+                                        C::Option2,  C::Label3,   C::Text1,  C::HScroll1};
+  struct Case {
+    int index;
+    std::vector<C> shown;
+    std::vector<C> disabled;
+    const char* status;
+  };
+  const Case cases[] = {
+      {0, {}, {C::Text1, C::HScroll1}, " NO DMX OUT"},
+      {1, port_and_rate, {}, " Parlex Adapter Running"},
+      {2, {C::Label1_0, C::Label1_1, C::Label2, C::Option1, C::Option2}, {C::Text1, C::HScroll1},
+       " OKI 3-1 Adapter - NO DMX OUT"},
+      {3, {C::Text2}, port_and_rate, " Open USB Connected"},
+      {4, port_and_rate, {}, " Manolator Connectd  40ms"},  // the rate Open DMX USB set
+      {5, {C::Text2}, {C::HScroll1}, " Oksidizer USB2DMX Connecting....."},
+  };
+  open();
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.index);
+    setup->Combo1_Click(1);  // every control shown and enabled first
+    setup->Combo1_Click(c.index);
+    for (const C control : all) {
+      const bool expected = std::find(c.shown.begin(), c.shown.end(), control) != c.shown.end();
+      EXPECT_EQ(shown(control), expected) << "control " << control;
+    }
+    for (const C control : c.disabled) EXPECT_FALSE(enabled(control)) << "control " << control;
+    EXPECT_EQ(test.console->status().main(), c.status);
+    EXPECT_EQ(test.console->status().playback(), c.status);
+  }
+}
+
+TEST_F(PortsetupTest, OkiSendsTheWakeUpPulseOnEachSelectionAndForces70ms) {
+  open();
+  setup->Option2_Click();
+  port.events.clear();
+  setup->HScroll1_Change(200);
+  setup->Combo1_Click(2);
+  EXPECT_EQ(port.events, (std::vector<std::pair<int, int>>{
+                             {0x27A, 3},                // control register: pulse
+                             {FakePortIo::kWait, 50},   // held for 50 rounds
+                             {0x27A, 1},                // released
+                             {0x278, 255},              // data register
+                         }));
+  EXPECT_EQ(setup->refresh_rate(), 70);
+  setup->Command2_Click();
+  port.events.clear();
+  test.store().Adapter = 2;
+  open();
+  EXPECT_EQ(port.events.size(), 8u) << "opening on the OKI adapter selects it twice";
+}
+
+TEST_F(PortsetupTest, OpenDmxConnectsAtOnceSearchesWithoutTheDeviceAndSendsNothingWithoutTheDriver) {
+  open();
+  setup->Combo1_Click(3);
+  EXPECT_EQ(test.store().Adapter, 3);  // without Save and Exit
+  EXPECT_EQ(std::tuple(setup->Text2_Text(), setup->refresh_rate()), std::tuple("Connected", 40));
+  EXPECT_TRUE(console->output_devices().opendmx().USB_Quiet());
+
+  device.unplug();
+  setup->Combo1_Click(0);
+  setup->Combo1_Click(3);
+  EXPECT_EQ(std::tuple(setup->Text2_Text(), test.console->status().main()),
+            std::tuple("Searching...", " Open USB Searching......."));
+
+  device.set_driver_present(false);  // without the driver nothing is sent, nothing asked
+  setup->Combo1_Click(0);
+  setup->Combo1_Click(3);
+  EXPECT_EQ(setup->Text2_Text(), "USB Driver not Found");
+  device.clear();
+  test.scheduler.advance(70 * 5);
+  EXPECT_TRUE(device.calls().empty());
+  EXPECT_TRUE(console->output_cycle().last_tick_failed());  // the indicator is dark
+  EXPECT_TRUE(test.dialogs.messages().empty());
+  EXPECT_EQ(test.console->status().main(), " Open USB Not Found !");
+  EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  driver not found");
+}
+
+TEST_F(PortsetupTest, CancelKeepsOnlyThePortAndSaveAndExitSetsAdapterAndRateAndMarksTheProjectChanged) {
+  open();
+  setup->Combo1_Click(1);
+  setup->Option2_Click();
+  setup->HScroll1_Change(300);
+  setup->Command2_Click();
+  EXPECT_FALSE(setup->visible());
+  EXPECT_EQ(std::tuple(test.store().Adapter, test.store().Port_Address, timer_interval()),
+            std::tuple(0, 632, 70));
+  EXPECT_FALSE(test.store().Project_Changed);
+
+  open();
+  EXPECT_TRUE(setup->Option2_Value());
+  setup->Option1_Click();
+  EXPECT_EQ(test.store().Port_Address, 888);
+  setup->Combo1_Click(4);
+  setup->HScroll1_Change(5000);  // the scroll bar stays in its range
+  EXPECT_EQ(setup->Text1_Text(), " 750 mS");
+  setup->HScroll1_Change(1);
+  EXPECT_EQ(setup->refresh_rate(), OutputDeviceSetup::kScrollMin);
+  setup->HScroll1_Change(25);
+  setup->Command1_Click();
+  EXPECT_EQ(std::tuple(test.store().Adapter, timer_interval()), std::tuple(4, 25));
+  EXPECT_TRUE(test.store().Project_Changed);
+  EXPECT_FALSE(setup->visible());
+}
+
+TEST(PortsetupSmooth, SmoothOutputIsKeptOnSaveAndOpensTheRateForArtNetOnly) {
+  MemorySettings settings;
+  TestConsole with_settings;
+  with_settings.services.settings = &settings;
+  Console& c = with_settings.build();
+  OutputDeviceSetup& window = c.port_setup();
+  window.Form_Load();
+  window.Combo1_Click(0);  // no adapter: the rate is hidden
+  EXPECT_FALSE(window.control(C::HScroll1).visible);
+  window.Smooth_Check_Click(true);
+  EXPECT_TRUE(window.control(C::HScroll1).visible);
+  window.HScroll1_Change(OutputTiming::kFastestRefresh);
+  window.Command2_Click();  // Cancel keeps nothing
+  EXPECT_FALSE(c.context().output_timing().smooth());
+  EXPECT_FALSE(settings.read(OutputTiming::kSmoothSetting).has_value());
+
+  window.Refresh();
+  EXPECT_FALSE(window.Smooth_Check_Value());
+  window.Smooth_Check_Click(true);
+  window.HScroll1_Change(OutputTiming::kFastestRefresh);
+  window.Command1_Click();
+  EXPECT_TRUE(c.context().output_timing().smooth());
+  EXPECT_EQ(settings.read(OutputTiming::kSmoothSetting), "1");
+  EXPECT_EQ(c.output_cycle().Timer1().interval(), 23);
+  c.output_cycle().Timer1().set_interval(45);
+  window.Form_Load();
+  EXPECT_EQ(window.Text1_Text(), " 45 mS") << "opening shows the output timer's rate";
+
+  TestConsole next_start;  // the next start on this computer
+  next_start.services.settings = &settings;
+  EXPECT_TRUE(next_start.build().context().output_timing().smooth());
+}
+
+}  // namespace
+}  // namespace lumaris
