@@ -70,23 +70,23 @@ FixturePropertiesWindow::FixturePropertiesWindow(DeskApp& app)
   output_label_ = new QLabel(QStringLiteral("DMX Output Required"), this);
   min_label_ = new QLabel(QStringLiteral("Min Output"), this);
   max_label_ = new QLabel(QStringLiteral("Max Output"), this);
-  check1_ = new QCheckBox(QStringLiteral("Enabled"), this);
+  enabled_box_ = new QCheckBox(QStringLiteral("Enabled"), this);
   colour_bx_ = new QPushButton(QStringLiteral("Choose Colour"), this);
-  command1_ = new QPushButton(QStringLiteral("Close"), this);
+  close_button_ = new QPushButton(QStringLiteral("Close"), this);
   fields->addWidget(new QLabel(QStringLiteral("Button"), this), 0, 0);
   fields->addWidget(button_, 0, 1);
   fields->addWidget(output_label_, 1, 0);
   fields->addWidget(output_, 1, 1);
-  fields->addWidget(check1_, 1, 2);
+  fields->addWidget(enabled_box_, 1, 2);
   fields->addWidget(min_label_, 2, 0);
   fields->addWidget(min_txt_, 2, 1);
   fields->addWidget(max_label_, 3, 0);
   fields->addWidget(max_txt_, 3, 1);
   fields->addWidget(colour_bx_, 4, 0);
-  fields->addWidget(command1_, 4, 2);
-  connect(check1_, &QCheckBox::clicked, [this](bool on) { handle([on](FixtureProperties& p) { p.Check1_Click(on); }); });
+  fields->addWidget(close_button_, 4, 2);
+  connect(enabled_box_, &QCheckBox::clicked, [this](bool on) { handle([on](FixtureProperties& p) { p.enabled_box_clicked(on); }); });
   connect(colour_bx_, &QPushButton::clicked, [this] { handle([](FixtureProperties& p) { p.colour_bx_Click(); }); });
-  connect(command1_, &QPushButton::clicked, [this] { handle([](FixtureProperties& p) { p.Command1_Click(); }); });
+  connect(close_button_, &QPushButton::clicked, [this] { handle([](FixtureProperties& p) { p.close_clicked(); }); });
 }
 
 FixtureProperties& FixturePropertiesWindow::prop() { return app_.console().moving_desk().fixture_prop(); }
@@ -141,7 +141,7 @@ void FixturePropertiesWindow::sync() {
   sync::enabled(button_, p.has_buttons());
   sync::enabled(colour_bx_, p.has_buttons());
   for (QWidget* w : {static_cast<QWidget*>(output_label_), static_cast<QWidget*>(output_),
-                     static_cast<QWidget*>(check1_)}) {
+                     static_cast<QWidget*>(enabled_box_)}) {
     sync::visible(w, p.Output_visible());
   }
   for (QWidget* w : {static_cast<QWidget*>(min_label_), static_cast<QWidget*>(min_txt_),
@@ -151,7 +151,7 @@ void FixturePropertiesWindow::sync() {
   sync::text(output_, p.Output());
   sync::text(min_txt_, p.min_txt());
   sync::text(max_txt_, p.max_txt());
-  sync::checked(check1_, p.Check1());
+  sync::checked(enabled_box_, p.enabled_box());
 }
 
 }  // namespace lumaris

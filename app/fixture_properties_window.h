@@ -39,9 +39,9 @@ class FixturePropertiesWindow final : public ToolWindow, public DeskWindow {
   QLineEdit* Output() const { return output_; }
   QLineEdit* min_txt() const { return min_txt_; }
   QLineEdit* max_txt() const { return max_txt_; }
-  QCheckBox* Check1() const { return check1_; }
+  QCheckBox* enabled_box() const { return enabled_box_; }
   QPushButton* preset(int j) const { return presets_[j]; }
-  QPushButton* Command1() const { return command1_; }
+  QPushButton* close_button() const { return close_button_; }
 
  private:
   FixtureProperties& prop();
@@ -58,13 +58,13 @@ class FixturePropertiesWindow final : public ToolWindow, public DeskWindow {
   QLineEdit* button_ = nullptr;
   QLabel* output_label_ = nullptr;
   QLineEdit* output_ = nullptr;
-  QCheckBox* check1_ = nullptr;
+  QCheckBox* enabled_box_ = nullptr;
   QLabel* min_label_ = nullptr;
   QLineEdit* min_txt_ = nullptr;
   QLabel* max_label_ = nullptr;
   QLineEdit* max_txt_ = nullptr;
   QPushButton* colour_bx_ = nullptr;
-  QPushButton* command1_ = nullptr;
+  QPushButton* close_button_ = nullptr;
   std::map<std::string, QAction*> actions_;
 };
 

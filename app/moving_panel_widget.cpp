@@ -83,19 +83,19 @@ QWidget* MovingPanelWidget::build_sliders() {
   auto* panel = new QWidget(this);
   auto* grid = new QGridLayout(panel);
   const char* captions[] = {"C", "D", "Set Level Required", "Select Movement"};
-  for (int n = 5; n <= 8; ++n) {
+  for (int n = 0; n < kMovingSliders; ++n) {
     auto* slider = new LevelSlider(panel);
-    slider->setObjectName(QStringLiteral("Slider%1").arg(n));
-    slider->setToolTip(QString::fromLatin1(captions[n - 5]));
+    slider->setToolTip(QString::fromLatin1(captions[n]));
     slider->setMinimumHeight(150);
-    auto* label = new QLabel(QString::fromLatin1(captions[n - 5]), panel);
+    auto* label = new QLabel(QString::fromLatin1(captions[n]), panel);
     label->setWordWrap(true);
     label->setMaximumWidth(70);
     label->setAlignment(Qt::AlignCenter);
-    grid->addWidget(label, 0, n - 5);
-    grid->addWidget(slider, 1, n - 5, Qt::AlignHCenter);
-    slider->on_model_change([this, n](int v) { app_.handle([&] { desk().Slider_Change(n, v); }); });
-    sliders_[n - 5] = slider;
+    grid->addWidget(label, 0, n);
+    grid->addWidget(slider, 1, n, Qt::AlignHCenter);
+    const auto which = static_cast<MovingSlider>(n);
+    slider->on_model_change([this, which](int v) { app_.handle([&] { desk().slider_changed(which, v); }); });
+    sliders_[n] = slider;
   }
   pad_ = new XyPad(app_, panel);
   x_text_ = new QLineEdit(panel);
@@ -141,9 +141,10 @@ void MovingPanelWidget::sync() {
       sync::background(p.indicator, model[j].indicator, "QFrame");
     }
   }
-  for (int n = 5; n <= 8; ++n) {
-    sliders_[n - 5]->set_model_value(d.Slider(n));
-    sync::enabled(sliders_[n - 5], d.Slider_enabled(n));
+  for (int n = 0; n < kMovingSliders; ++n) {
+    const auto which = static_cast<MovingSlider>(n);
+    sliders_[n]->set_model_value(d.slider(which));
+    sync::enabled(sliders_[n], d.slider_enabled(which));
   }
   sync::text(x_text_, d.X_text());
   sync::text(y_text_, d.Y_text());

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/store.h"
+#include "fixtures/moving_desk.h"
 
 class QComboBox;
 class QLabel;
@@ -17,11 +18,10 @@ namespace lumaris {
 class DeskApp;
 class ColourBox;
 class LevelSlider;
-class MovingDesk;
 class XyPad;
 
 // The moving desk panel beside the sequence desk's channels: Fixture_Sel, the
-// preset button families move1..move4 with their indicators, Slider5..Slider8
+// preset button families move1..move4 with their indicators, the four sliders
 // and the XY pad.
 class MovingPanelWidget final : public QWidget {
  public:
@@ -30,12 +30,12 @@ class MovingPanelWidget final : public QWidget {
 
   QComboBox* Fixture_Sel() const { return fixture_sel_; }
   QPushButton* move(int k, int j) const { return families_[k][j].button; }
-  ColourBox* ind(int k, int j) const { return families_[k][j].indicator; }
-  LevelSlider* Slider(int n) const { return sliders_[n - 5]; }
+  ColourBox* indicator(int k, int j) const { return families_[k][j].indicator; }
+  LevelSlider* slider(MovingSlider slider) const { return sliders_[static_cast<int>(slider)]; }
   XyPad* pad() const { return pad_; }
   QLineEdit* X_text() const { return x_text_; }
   QLineEdit* Y_text() const { return y_text_; }
-  QMenu* mnu_popup() const { return popup_; }
+  QMenu* popup_menu() const { return popup_; }
 
  private:
   struct Preset {
@@ -50,7 +50,7 @@ class MovingPanelWidget final : public QWidget {
   QComboBox* fixture_sel_ = nullptr;
   std::array<std::vector<Preset>, kFixtureButtonFunctions> families_;
   std::array<QLabel*, kFixtureButtonFunctions> function_txt_{};
-  std::array<LevelSlider*, 4> sliders_{};
+  std::array<LevelSlider*, kMovingSliders> sliders_{};
   XyPad* pad_ = nullptr;
   QLineEdit* x_text_ = nullptr;
   QLineEdit* y_text_ = nullptr;

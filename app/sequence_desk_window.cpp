@@ -128,18 +128,18 @@ QWidget* SequenceDeskWindow::build_times() {
     grid->addWidget(slider, 1, column);
     grid->addWidget(text, 2, column);
   };
-  add_time(0, QStringLiteral("Step Duration Time"), desk().LogSlider3(), log_slider3_, speed_text_);
-  add_time(1, QStringLiteral("Fade In Time"), desk().LogSlider4(), log_slider4_, fade_text_);
-  log_slider3_->on_position([this](double p) { handle([p](SequenceDesk& d) { d.LogSlider3().Set_From_Position(p); }); });
-  log_slider4_->on_position([this](double p) { handle([p](SequenceDesk& d) { d.LogSlider4().Set_From_Position(p); }); });
+  add_time(0, QStringLiteral("Step Duration Time"), desk().speed_slider(), speed_slider_, speed_text_);
+  add_time(1, QStringLiteral("Fade In Time"), desk().fade_slider(), fade_slider_, fade_text_);
+  speed_slider_->on_position([this](double p) { handle([p](SequenceDesk& d) { d.speed_slider().Set_From_Position(p); }); });
+  fade_slider_->on_position([this](double p) { handle([p](SequenceDesk& d) { d.fade_slider().Set_From_Position(p); }); });
 
-  slider2_ = new LevelSlider(panel);
-  slider2_->setToolTip(QStringLiteral("Main Level"));
+  master_fader_ = new LevelSlider(panel);
+  master_fader_->setToolTip(QStringLiteral("Main Level"));
   auto* main_label = new QLabel(QStringLiteral("Main Level"), panel);
   main_label->setAlignment(Qt::AlignCenter);
   grid->addWidget(main_label, 0, 2);
-  grid->addWidget(slider2_, 1, 2, Qt::AlignHCenter);
-  slider2_->on_model_change([this](int v) { handle([v](SequenceDesk& d) { d.Slider2_Change(v); }); });
+  grid->addWidget(master_fader_, 1, 2, Qt::AlignHCenter);
+  master_fader_->on_model_change([this](int v) { handle([v](SequenceDesk& d) { d.master_fader_changed(v); }); });
 
   go_ = button(QStringLiteral("Go"), QStringLiteral("Go / Stop On selected Chase"), panel);
   go_->setMinimumHeight(40);
@@ -179,7 +179,8 @@ QWidget* SequenceDeskWindow::build_bottom_row() {
   grid->addWidget(function_all_, 0, 0);
   connect(function_all_, &QPushButton::clicked, [this] { handle([](SequenceDesk& d) { d.Ch_Function_All_Click(); }); });
   global_fade_sw_ = check(QStringLiteral("Function on all steps"), 1, 0, &SequenceDesk::Global_fade_sw_Click);
-  check1_ = check(QStringLiteral("Auto Increment of Desk Channels"), 2, 0, &SequenceDesk::Check1_Click);
+  auto_increment_ =
+      check(QStringLiteral("Auto Increment of Desk Channels"), 2, 0, &SequenceDesk::auto_increment_clicked);
   global_speed_ = check(QStringLiteral("Apply Ssame speed to all steps"), 0, 1, &SequenceDesk::Global_Speed_Click);
   global_fade_ = check(QStringLiteral("Apply same fade to all steps"), 1, 1, &SequenceDesk::Global_fade_Click);
   speed_fade_lock_ =
@@ -207,7 +208,7 @@ QWidget* SequenceDeskWindow::build_bottom_row() {
       {"Paste", "Paste Copied Chase Step", &SequenceDesk::Command_Paste_Click},
       {"Insert", "Insert New Chase Step", &SequenceDesk::Insert_Click},
       {"Remove", "Remove Chase Step", &SequenceDesk::Remove_Step_Click},
-      {"Clear", "Clear Fader Settings", &SequenceDesk::Command3_Click},
+      {"Clear", "Clear Fader Settings", &SequenceDesk::clear_faders_clicked},
       {"Shift +", "Shift +", &SequenceDesk::Shift_Pos_Click},
       {"Shift -", "Shift -", &SequenceDesk::Shift_Neg_Click},
   };
@@ -270,7 +271,7 @@ void SequenceDeskWindow::sync_part(int part) {
 
 void SequenceDeskWindow::sync_running() {
   const ChaseRuntime& run = desk().runtime();
-  slider2_->set_model_value(run.Slider2());
+  master_fader_->set_model_value(run.master_fader());
   sync::text(go_, run.Chase_Go_Button());
   sync::background(go_, run.Chase_Go_Button_colour(), "QPushButton");
   sync::checked(live_mode_, run.Live_Mode_Sel());
@@ -285,8 +286,8 @@ void SequenceDeskWindow::sync_steps() {
   sync::text(step_display_, d.Step_Display());
   sync_channel_steps();
   sync::text(function_all_, d.Ch_Function_All());
-  log_slider3_->sync();
-  log_slider4_->sync();
+  speed_slider_->sync();
+  fade_slider_->sync();
   sync::text(speed_text_, d.Speed_Text());
   sync::text(fade_text_, d.Fade_Text());
   sync::checked(global_speed_, d.Global_Speed());
@@ -304,7 +305,7 @@ void SequenceDeskWindow::sync_rest() {
   if (!chase_name_->hasFocus()) sync::text(chase_name_, d.Chase_Name());
   sync::background(chase_colour_, d.Chase_Colour_Sel(), "QFrame");
   sync::checked(global_fade_sw_, d.Global_fade_sw());
-  sync::checked(check1_, d.Check1());
+  sync::checked(auto_increment_, d.auto_increment());
   sync::checked(speed_fade_lock_, d.Speed_Fade_Lock());
   sync::checked(loop_box_, d.Loop_Box());
   sync::value(loop_times_, d.Loop_Times());

@@ -45,13 +45,13 @@ class SequenceDeskWindow final : public ToolWindow, public DeskWindow {
   QComboBox* Chase_Sel() const { return chase_sel_; }
   QLineEdit* Step_Display() const { return step_display_; }
   QPushButton* Chase_Plus() const { return chase_plus_; }
-  LevelSlider* Slider1(int i) const { return channels_[i].slider; }
-  QLineEdit* Text1(int i) const { return channels_[i].text; }
+  LevelSlider* fader(int i) const { return channels_[i].slider; }
+  QLineEdit* channel_box(int i) const { return channels_[i].text; }
   QPushButton* Ch_Function(int i) const { return channels_[i].function; }
   QPushButton* Chase_Go_Button() const { return go_; }
-  LogSliderWidget* LogSlider3() const { return log_slider3_; }
+  LogSliderWidget* speed_slider() const { return speed_slider_; }
   QLineEdit* Chase_Name() const { return chase_name_; }
-  ColourBox* Picture1(int i) const { return channels_[i].indicator; }
+  ColourBox* indicator(int i) const { return channels_[i].indicator; }
   ProgBarWidget* Fade_Bar() const { return fade_bar_; }
   ProgBarWidget* Step_Bar() const { return step_bar_; }
   QAction* menu_action(const std::string& name) const;
@@ -96,9 +96,9 @@ class SequenceDeskWindow final : public ToolWindow, public DeskWindow {
   QPushButton* chase_plus_ = nullptr;
   QPushButton* function_all_ = nullptr;
   QCheckBox* global_fade_sw_ = nullptr;
-  QCheckBox* check1_ = nullptr;
-  LogSliderWidget* log_slider3_ = nullptr;
-  LogSliderWidget* log_slider4_ = nullptr;
+  QCheckBox* auto_increment_ = nullptr;
+  LogSliderWidget* speed_slider_ = nullptr;
+  LogSliderWidget* fade_slider_ = nullptr;
   QLabel* speed_text_ = nullptr;
   QLabel* fade_text_ = nullptr;
   QCheckBox* global_speed_ = nullptr;
@@ -107,7 +107,7 @@ class SequenceDeskWindow final : public ToolWindow, public DeskWindow {
   QCheckBox* loop_box_ = nullptr;
   QScrollBar* loop_times_ = nullptr;
   QLineEdit* loop_times_txt_ = nullptr;
-  LevelSlider* slider2_ = nullptr;
+  LevelSlider* master_fader_ = nullptr;
   QPushButton* go_ = nullptr;
   QCheckBox* live_mode_ = nullptr;
   ProgBarWidget* fade_bar_ = nullptr;

@@ -46,7 +46,7 @@ QWidget* SequenceDeskWindow::build_channels() {
     grid->addWidget(ch.function, 2, i);
     grid->addWidget(ch.indicator, 3, i, Qt::AlignHCenter);
     connect(ch.text, &QLineEdit::textEdited, [this, i](const QString& text) {
-      handle([&](SequenceDesk& d) { d.Text1_Change(i, text.toStdString()); });
+      handle([&](SequenceDesk& d) { d.channel_box_changed(i, text.toStdString()); });
     });
     connect(ch.function, &QPushButton::clicked, [this, i] { handle([i](SequenceDesk& d) { d.Ch_Function_Click(i); }); });
     if (i >= kLevelChannels) continue;
@@ -57,9 +57,9 @@ QWidget* SequenceDeskWindow::build_channels() {
     grid->addWidget(ch.full, 4, i);
     grid->addWidget(ch.slider, 5, i, Qt::AlignHCenter);
     grid->addWidget(ch.zero, 6, i);
-    ch.slider->on_model_change([this, i](int v) { handle([i, v](SequenceDesk& d) { d.Slider1_Change(i, v); }); });
-    connect(ch.full, &QPushButton::clicked, [this, i] { handle([i](SequenceDesk& d) { d.Command1_Click(i); }); });
-    connect(ch.zero, &QPushButton::clicked, [this, i] { handle([i](SequenceDesk& d) { d.Command2_Click(i); }); });
+    ch.slider->on_model_change([this, i](int v) { handle([i, v](SequenceDesk& d) { d.fader_changed(i, v); }); });
+    connect(ch.full, &QPushButton::clicked, [this, i] { handle([i](SequenceDesk& d) { d.full_clicked(i); }); });
+    connect(ch.zero, &QPushButton::clicked, [this, i] { handle([i](SequenceDesk& d) { d.zero_clicked(i); }); });
   }
   grid->setRowStretch(5, 1);
   return panel;
@@ -70,13 +70,13 @@ void SequenceDeskWindow::sync_channel_steps() {
   for (int i = 0; i < kChaseChannels; ++i) {
     const ChaseChannelControls& m = model[i];
     const Channel& ch = channels_[i];
-    sync::text(ch.text, m.Text1);
-    sync::enabled(ch.text, m.Text1_enabled);
-    sync::tooltip(ch.text, m.Text1_tooltip);
+    sync::text(ch.text, m.channel_box);
+    sync::enabled(ch.text, m.channel_box_enabled);
+    sync::tooltip(ch.text, m.channel_box_tooltip);
     sync::text(ch.function, m.Ch_Function);
     sync::background(ch.function, m.Ch_Function_colour, "QPushButton");
     if (ch.slider == nullptr) continue;
-    ch.slider->set_model_value(m.Slider1);
+    ch.slider->set_model_value(m.fader);
     sync::enabled(ch.slider, m.level_enabled);
     sync::enabled(ch.full, m.level_enabled);
     sync::enabled(ch.zero, m.level_enabled);
@@ -87,8 +87,8 @@ void SequenceDeskWindow::sync_channel_steps() {
 void SequenceDeskWindow::sync_pictures() {
   const auto& model = desk().channels();
   for (int i = 0; i < kChaseChannels; ++i) {
-    sync::fill(channels_[i].indicator, model[i].Picture1);
-    sync::tooltip(channels_[i].indicator, model[i].Picture1_tooltip);
+    sync::fill(channels_[i].indicator, model[i].indicator);
+    sync::tooltip(channels_[i].indicator, model[i].indicator_tooltip);
   }
 }
 

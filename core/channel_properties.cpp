@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/colour_dialog.h"
 #include "core/desk_context.h"
 #include "core/main_desk.h"
 #include "platform/dialogs.h"
@@ -12,7 +13,6 @@ namespace {
 constexpr const char* kCaption = "Channel Properties";
 constexpr const char* kTooLongTitle = " Text too long";
 constexpr const char* kTooLongText = " Text must be 4 Chars max";
-constexpr const char* kColourTitle = " Choose a Colour";
 
 bool continuation_byte(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 }  // namespace

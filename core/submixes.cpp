@@ -1,6 +1,7 @@
 // The submix controls of the main desk.
 #include <algorithm>
 
+#include "core/colour_dialog.h"
 #include "core/desk_context.h"
 #include "core/main_desk.h"
 #include "base/number_text.h"
@@ -9,10 +10,6 @@
 #include "core/surface_feedback.h"
 
 namespace lumaris {
-
-namespace {
-constexpr const char* kColourTitle = " Choose a Colour";
-}
 
 void MainDesk::show_submix() {
   const SubmixRec& submix = context_.store().Submix[current_submix_];

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/number_text.h"
+#include "core/colour_dialog.h"
 #include "core/desk_context.h"
 #include "platform/dialogs.h"
 #include "playback/playback_output.h"
@@ -12,7 +13,6 @@ namespace lumaris {
 
 namespace {
 
-constexpr const char* kColourTitle = " Choose a Colour";
 constexpr const char* kUpdated = " Cue's Updated";
 
 }  // namespace

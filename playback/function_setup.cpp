@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/number_text.h"
+#include "core/colour_dialog.h"
 #include "core/desk_context.h"
 #include "platform/dialogs.h"
 #include "playback/playback_output.h"
@@ -11,7 +12,6 @@ namespace lumaris {
 
 namespace {
 
-constexpr const char* kColourTitle = " Choose a Colour";
 constexpr const char* kChannelErrorTitle = " Channel Error";
 constexpr const char* kChannelRange = " Values must be between 0 and 64";
 constexpr int kLastNumbered = 31;  // Submix and Sequence: Value 0..31

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/colour_dialog.h"
 #include "core/desk_context.h"
 #include "core/surface_feedback.h"
 #include "platform/dialogs.h"
@@ -12,7 +13,6 @@ namespace lumaris {
 
 namespace {
 
-constexpr const char* kColourTitle = " Choose a Colour";
 constexpr const char* kDeskCleared = " Desk Cleared ";
 constexpr const char* kSubmixesCleared = " Submixes Cleared ";
 constexpr const char* kStepTiming = " Step Timing";

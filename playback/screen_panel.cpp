@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/rounding.h"
+#include "core/colour_dialog.h"
 #include "core/desk_context.h"
 #include "core/surface_feedback.h"
 #include "platform/dialogs.h"
@@ -12,7 +13,6 @@ namespace lumaris {
 
 namespace {
 
-constexpr const char* kColourTitle = " Choose a Colour";
 constexpr int kSurfacePlaybackMode = 2;
 constexpr int kSurfaceElements = 33;  // surface faders and buttons 0..32
 constexpr int kSequenceFaderThreshold = 10;

@@ -13,11 +13,6 @@ namespace {
 constexpr const char* kGoCaption = "Go";
 constexpr const char* kStopCaption = "Stop";
 
-Rgb level_colour(int level) {
-  const auto fade = static_cast<std::uint8_t>(255 - std::clamp(level, 0, 255));
-  return Rgb{255, fade, fade};
-}
-
 bool routed(int desk_channel) { return desk_channel >= 0 && desk_channel < kDeskChannels; }
 
 }  // namespace
@@ -25,12 +20,12 @@ bool routed(int desk_channel) { return desk_channel >= 0 && desk_channel < kDesk
 ChaseRuntime::ChaseRuntime(DeskContext& context, SequenceDesk& desk)
     : context_(context),
       desk_(desk),
-      timer1_(context.scheduler().create_timer(true)),
-      timer2_(context.scheduler().create_timer(true)) {
-  timer1_->on_tick([this] { Advance_Step(); });
-  timer2_->set_interval(kLevelInterval);
-  timer2_->set_enabled(false);
-  timer2_->on_tick([this] { Fade_Tick(); });
+      step_timer_(context.scheduler().create_timer(true)),
+      level_timer_(context.scheduler().create_timer(true)) {
+  step_timer_->on_tick([this] { Advance_Step(); });
+  level_timer_->set_interval(kLevelInterval);
+  level_timer_->set_enabled(false);
+  level_timer_->on_tick([this] { Fade_Tick(); });
   fade_bar_.set_Value(0);
   step_bar_.set_Value(0);
 }
@@ -42,7 +37,7 @@ void ChaseRuntime::clear_output(int count) {
 
 void ChaseRuntime::set_step_interval() {
   const double ms = desk_.chase().Speed[desk_.cur_step_] * 1000 + 1;
-  timer1_->set_interval(round_half_even(std::clamp(ms, 0.0, 2147483647.0)));
+  step_timer_->set_interval(round_half_even(std::clamp(ms, 0.0, 2147483647.0)));
 }
 
 void ChaseRuntime::Go_Stop() {
@@ -65,15 +60,15 @@ void ChaseRuntime::Start_Chase() {
     desk_.prev_step_ = 1;
   }
   set_step_interval();
-  for (int i = 0; i < kLevelChannels; ++i) desk_.channels_[i].Slider1 = 255;
+  for (int i = 0; i < kLevelChannels; ++i) desk_.channels_[i].fader = 255;
   clear_output();
   saved_global_speed_ = desk_.global_speed_;
   saved_global_fade_ = desk_.global_fade_;
   desk_.global_speed_ = desk_.global_fade_ = true;
   desk_.global_speed_enabled_ = desk_.global_fade_enabled_ = false;
   Enter_Step(true);
-  timer1_->set_enabled(true);
-  timer2_->set_enabled(true);
+  step_timer_->set_enabled(true);
+  level_timer_->set_enabled(true);
   next_tick_ms_ = context_.scheduler().now_ms() + kLevelInterval;
   final_unseen_ = hold_final_ = clear_after_hold_ = false;
   step_began();
@@ -101,7 +96,7 @@ void ChaseRuntime::Enter_Step(bool starting) {
     } else {
       fade_inc_[k] = 0;
       fade_level_[k] = chase.Data[step][k];
-      if (starting) desk_.channels_[k].Picture1 = level_colour(chase.Data[step][k]);
+      if (starting) desk_.channels_[k].indicator = level_colour(chase.Data[step][k]);
     }
     desk_.show_function(k);
   }
@@ -157,7 +152,7 @@ void ChaseRuntime::write_output(double progress, bool paint) {
     if (!routed(d)) continue;
     if (level > out[d]) out[d] = round_half_even(level);
     if (out[d] > 255) out[d] = 255;
-    if (paint) desk_.channels_[k].Picture1 = level_colour(out[d]);
+    if (paint) desk_.channels_[k].indicator = level_colour(out[d]);
   }
 }
 
@@ -213,8 +208,8 @@ void ChaseRuntime::Stop_Chase(bool from_button) {
   go_caption_ = kGoCaption;
   go_colour_ = kGreen;
   if (from_button) Advance_Step();
-  timer1_->set_enabled(false);
-  timer2_->set_enabled(false);
+  step_timer_->set_enabled(false);
+  level_timer_->set_enabled(false);
   desk_.global_speed_enabled_ = desk_.global_fade_enabled_ = true;
   desk_.global_speed_ = saved_global_speed_;
   desk_.global_fade_ = saved_global_fade_;

@@ -14,10 +14,11 @@ namespace lumaris {
 class DeskContext;
 class SequenceDesk;
 
-// Runs the chase selected on the sequence desk. Timer1 moves to the next step
-// once per step duration; Timer2 rebuilds Chase_Out ten times a second, lighting
-// each step's levels for the first Time seconds of the step, fading where the
-// channel's function says so. The output cycle merges Chase_Out by highest level.
+// Runs the chase selected on the sequence desk. The step timer moves to the
+// next step once per step duration; the level timer rebuilds Chase_Out ten
+// times a second, lighting each step's levels for the first Time seconds of the
+// step, fading where the channel's function says so. The output cycle merges
+// Chase_Out by highest level.
 //
 // A fade channel in a step with Time 0 jumps to the step's level (nothing to
 // divide by); such a step lights nothing anyway. A manual step while running
@@ -33,8 +34,8 @@ class ChaseRuntime {
   // `from_button`: the operator stopped it, so the display moves on one step first.
   void Stop_Chase(bool from_button);
   void Enter_Step(bool starting = false);
-  void Advance_Step();  // Timer1 tick
-  void Fade_Tick();     // Timer2 tick
+  void Advance_Step();  // the step timer's tick
+  void Fade_Tick();     // the level timer's tick
   // Smooth output: Chase_Out at `now_ms`, between the level ticks. At a tick's
   // own moment it is what that tick wrote; between two ticks it runs straight
   // from one tick's levels to the next's. A fade's last level that no frame
@@ -51,21 +52,21 @@ class ChaseRuntime {
   double Fade_Elapsed() const { return fade_ticks_ / 10.0; }
   double Step_Elapsed() const { return step_ticks_ / 10.0; }
 
-  Timer& Timer1() { return *timer1_; }
-  Timer& Timer2() { return *timer2_; }
+  Timer& step_timer() { return *step_timer_; }
+  Timer& level_timer() { return *level_timer_; }
 
   // Controls of the running part of the desk.
   const std::string& Chase_Go_Button() const { return go_caption_; }
   Rgb Chase_Go_Button_colour() const { return go_colour_; }
-  int Slider2() const { return slider2_; }
-  void set_Slider2(int value) { slider2_ = value; }
+  int master_fader() const { return master_fader_; }
+  void set_master_fader(int value) { master_fader_ = value; }
   bool Live_Mode_Sel() const { return live_mode_sel_; }
   bool Live_Mode_Sel_enabled() const { return live_mode_enabled_; }
   const ProgBar& Fade_Bar() const { return fade_bar_; }
   const ProgBar& Step_Bar() const { return step_bar_; }
 
   // The sequence desk's level of a chase channel's level L, as Chase_Out takes it.
-  double scaled(double level) const { return (255 - slider2_) * level / 255.0; }
+  double scaled(double level) const { return (255 - master_fader_) * level / 255.0; }
 
  private:
   void set_step_interval();
@@ -76,8 +77,8 @@ class ChaseRuntime {
 
   DeskContext& context_;
   SequenceDesk& desk_;
-  std::unique_ptr<Timer> timer1_;
-  std::unique_ptr<Timer> timer2_;
+  std::unique_ptr<Timer> step_timer_;
+  std::unique_ptr<Timer> level_timer_;
   bool running_ = false;
   bool live_output_ = false;
   int loop_count_ = 0;
@@ -99,7 +100,7 @@ class ChaseRuntime {
 
   std::string go_caption_ = "Go";
   Rgb go_colour_ = kGreen;
-  int slider2_ = 0;
+  int master_fader_ = 0;
   bool live_mode_sel_ = false;
   bool live_mode_enabled_ = true;
   ProgBar fade_bar_;

@@ -20,18 +20,22 @@ class MovingPanel;
 // The controls of one chase channel i (0..23) on the sequence desk. Channels
 // 0..17 have a fader with full/zero buttons; 18..23 are set by the moving desk.
 struct ChaseChannelControls {
-  int Slider1 = 255;          // 0 at the top: level = 255 - value
+  int fader = 255;            // 0 at the top: level = 255 - value
   bool level_enabled = true;  // the fader and its two buttons
-  Rgb Picture1 = kWhite;
-  std::string Picture1_tooltip;
-  std::string Text1;  // desk channel of the chase channel, as typed
-  bool Text1_enabled = true;
-  std::string Text1_tooltip;
+  Rgb indicator = kWhite;
+  std::string indicator_tooltip;
+  std::string channel_box;  // desk channel of the chase channel, as typed
+  bool channel_box_enabled = true;
+  std::string channel_box_tooltip;
   std::string Ch_Function = "S";
   Paint Ch_Function_colour = kYellow;
 };
 
-// The sequence desk: programming the 33 chases of Chase_Table (this file and
+// The colour of a chase channel's indicator at a level: white at 0, red at full.
+Rgb level_colour(int level);
+
+// The sequence desk: programming the 33 chases of Chase_Table (sequence_desk.cpp,
+// its chase channels in sequence_desk_channels.cpp, its steps, times and menus in
 // sequence_desk_steps.cpp) and running the selected one (ChaseRuntime).
 class SequenceDesk : public Window {
  public:
@@ -61,19 +65,19 @@ class SequenceDesk : public Window {
   void Chase_Minus_Click();
 
   // Channels
-  void Slider1_Change(int i, int value);
-  void Command1_Click(int i);  // full
-  void Command2_Click(int i);  // zero
-  void Command3_Click();       // clear the faders
-  void Text1_Change(int i, const std::string& text);
+  void fader_changed(int i, int value);
+  void full_clicked(int i);
+  void zero_clicked(int i);
+  void clear_faders_clicked();
+  void channel_box_changed(int i, const std::string& text);
   void Ch_Function_Click(int i);
   void Ch_Function_All_Click();
   void Global_fade_sw_Click(bool checked) { global_fade_sw_ = checked; }
-  void Check1_Click(bool checked) { check1_ = checked; }
+  void auto_increment_clicked(bool checked) { auto_increment_ = checked; }
 
   // Times and loops
-  LogSlider& LogSlider3() { return log_slider3_; }
-  LogSlider& LogSlider4() { return log_slider4_; }
+  LogSlider& speed_slider() { return speed_slider_; }
+  LogSlider& fade_slider() { return fade_slider_; }
   void Set_Speed(double seconds);
   void Set_Fade(double seconds);
   void Global_Speed_Click(bool checked) { global_speed_ = checked; }
@@ -109,7 +113,7 @@ class SequenceDesk : public Window {
 
   // Running: Go/Stop, the sequence desk's master and live mode.
   void Chase_Go_Button_Click();
-  void Slider2_Change(int value);
+  void master_fader_changed(int value);
   void Live_Mode_Sel_Click(bool checked);
   ChaseRuntime& runtime() { return *runtime_; }
   const ChaseRuntime& runtime() const { return *runtime_; }
@@ -132,7 +136,7 @@ class SequenceDesk : public Window {
   const std::array<ChaseChannelControls, kChaseChannels>& channels() const { return channels_; }
   const std::string& Ch_Function_All() const { return ch_function_all_; }
   bool Global_fade_sw() const { return global_fade_sw_; }
-  bool Check1() const { return check1_; }
+  bool auto_increment() const { return auto_increment_; }
   const std::string& Speed_Text() const { return speed_text_; }
   const std::string& Fade_Text() const { return fade_text_; }
   bool Global_Speed() const { return global_speed_; }
@@ -173,9 +177,9 @@ class SequenceDesk : public Window {
   std::array<ChaseChannelControls, kChaseChannels> channels_{};
   std::string ch_function_all_ = "off";
   bool global_fade_sw_ = false;
-  bool check1_ = false;
-  LogSlider log_slider3_;
-  LogSlider log_slider4_;
+  bool auto_increment_ = false;
+  LogSlider speed_slider_;
+  LogSlider fade_slider_;
   std::string speed_text_;
   std::string fade_text_;
   bool global_speed_ = false;

@@ -43,8 +43,8 @@ void SequenceDesk::Speed_Fade_Lock_Click(bool checked) {
   if (checked) {
     global_fade_enabled_ = false;
     // The fade slider shows the step duration, and so does the step's fade time.
-    show_fade(log_slider3_.Value());
-    Set_Fade(log_slider3_.Value());
+    show_fade(speed_slider_.Value());
+    Set_Fade(speed_slider_.Value());
   } else {
     global_fade_enabled_ = true;
   }
@@ -138,7 +138,7 @@ void SequenceDesk::Menu_Click(const std::string& name) {
   } else if (name == "Remove_Step_mnu") {
     Remove_Step_Click();
   } else if (name == "Clear_Step") {
-    Command3_Click();
+    clear_faders_clicked();
   } else if (name == "show_moving_desk") {
     Show_Moving_Click();
   } else if (moving_ != nullptr) {
@@ -147,7 +147,7 @@ void SequenceDesk::Menu_Click(const std::string& name) {
 }
 
 void SequenceDesk::Chase_Go_Button_Click() { runtime_->Go_Stop(); }
-void SequenceDesk::Slider2_Change(int value) { runtime_->set_Slider2(std::clamp(value, 0, 255)); }
+void SequenceDesk::master_fader_changed(int value) { runtime_->set_master_fader(std::clamp(value, 0, 255)); }
 void SequenceDesk::Live_Mode_Sel_Click(bool checked) { runtime_->Set_Live_Mode(checked); }
 
 }  // namespace lumaris

@@ -49,18 +49,18 @@ TEST_F(ChasesWindowTest, OpensFromTheMainDeskAndForwardsTheOperatorsEvents) {
   EXPECT_TRUE(window.isVisible());
   EXPECT_EQ(window.Step_Display()->text(), QStringLiteral("1"));
 
-  window.Slider1(3)->setValue(120);  // on screen: the level
+  window.fader(3)->setValue(120);  // on screen: the level
   EXPECT_EQ(app.console().store().Chase_Table[0].Data[1][3], 120);
 
   window.Ch_Function(5)->click();
-  EXPECT_FALSE(window.Slider1(5)->isEnabled());
+  EXPECT_FALSE(window.fader(5)->isEnabled());
 
-  window.Text1(2)->setText(QStringLiteral("40"));
-  emit window.Text1(2)->textEdited(QStringLiteral("40"));
+  window.channel_box(2)->setText(QStringLiteral("40"));
+  emit window.channel_box(2)->textEdited(QStringLiteral("40"));
   EXPECT_EQ(app.console().store().Chase_Table[0].Channels[2], 39);
 
-  window.LogSlider3()->resize(60, 300);
-  press(window.LogSlider3(), QPointF(40, 0));  // above the axis: the maximum
+  window.speed_slider()->resize(60, 300);
+  press(window.speed_slider(), QPointF(40, 0));  // above the axis: the maximum
   EXPECT_EQ(app.console().store().Chase_Table[0].Speed[1], 240.0);
 
   window.Chase_Go_Button()->click();
@@ -95,9 +95,9 @@ TEST_F(ChasesWindowTest, ShowMovingWidensTheDeskAndThePadAimsTheMovingLight) {
   EXPECT_EQ(app.console().store().Chase_Table[0].Data[1][22], 255);
   EXPECT_EQ(app.console().store().Chase_Table[0].Data[1][23], 255);
   EXPECT_EQ(window.moving_panel()->X_text()->text(), QStringLiteral("0"));
-  EXPECT_EQ(window.moving_panel()->Slider(8)->model_value(), 0);
+  EXPECT_EQ(window.moving_panel()->slider(MovingSlider::Movement)->model_value(), 0);
   press(pad, QPointF(XyPad::kMargin + XyPad::kSide, XyPad::kMargin + 10));  // right edge
-  EXPECT_EQ(window.moving_panel()->Slider(8)->model_value(), 0);
+  EXPECT_EQ(window.moving_panel()->slider(MovingSlider::Movement)->model_value(), 0);
 
   window.Show_Moving()->click();
   QCoreApplication::processEvents();
@@ -145,9 +145,9 @@ TEST_F(ChasesWindowTest, ARunningChasesTicksRewriteEveryPartTheyChangedAndLeaveT
   for (int i = 0; i < 4; ++i) tick(&ChaseRuntime::Fade_Tick);
   const ChaseRuntime& run = desk.runtime();
   EXPECT_EQ(window.Step_Display()->text(), QStringLiteral("2"));
-  const Rgb fading = desk.channels()[1].Picture1;
+  const Rgb fading = desk.channels()[1].indicator;
   ASSERT_NE(fading, kWhite);
-  EXPECT_EQ(window.Picture1(1)->palette().color(QPalette::Window), QColor(fading.r, fading.g, fading.b));
+  EXPECT_EQ(window.indicator(1)->palette().color(QPalette::Window), QColor(fading.r, fading.g, fading.b));
   EXPECT_EQ(window.Chase_Name()->text().toStdString(), "not from the model");
   ASSERT_GT(run.Fade_Bar().Value(), 0);
   EXPECT_TRUE(repainted(window.Fade_Bar(), fade_painted));

@@ -44,33 +44,33 @@ TEST(ChaseEditing, CopyPasteShiftAndClearWorkOnTheShownStep) {
   for (int i = 0; i < kLevelChannels; ++i) EXPECT_EQ(c.Data[2][i], 0) << i;
   EXPECT_EQ(c.Data[2][18], 28) << "the moving desk's channels, its panel hidden";
   EXPECT_EQ(c.Data[3][0], 90);
-  EXPECT_EQ(s.desk->channels()[17].Slider1, 255);
+  EXPECT_EQ(s.desk->channels()[17].fader, 255);
 }
 
 TEST(ChaseEditing, ChannelBoxesRouteRoundedNumbersRefuseOthersOnceAndCanCountUp) {
   SequenceTestDesk s;
   s.t.store().Project_Changed = false;
-  s.desk->Text1_Change(3, "4.5");  // 3.5 rounds to the even 4: desk channel 5
+  s.desk->channel_box_changed(3, "4.5");  // 3.5 rounds to the even 4: desk channel 5
   EXPECT_EQ(s.chase().Channels[3], 4);
   EXPECT_TRUE(s.t.store().Project_Changed);
-  s.desk->Text1_Change(4, "70");
+  s.desk->channel_box_changed(4, "70");
   ASSERT_EQ(s.t.dialogs.messages().size(), 1u);
   EXPECT_EQ(s.t.dialogs.messages()[0].title, " Channel Error");
   EXPECT_EQ(s.t.dialogs.messages()[0].text, " Channel Values must be between 1 - 63");
-  EXPECT_EQ(std::tuple(s.desk->channels()[4].Text1, s.chase().Channels[4]), std::tuple("63", 62));
-  s.desk->Text1_Change(4, "x");  // refused, routing unchanged
+  EXPECT_EQ(std::tuple(s.desk->channels()[4].channel_box, s.chase().Channels[4]), std::tuple("63", 62));
+  s.desk->channel_box_changed(4, "x");  // refused, routing unchanged
   EXPECT_EQ(s.t.dialogs.messages().size(), 2u);
   EXPECT_EQ(s.chase().Channels[4], 62);
-  s.desk->Text1_Change(4, "");  // an emptied box is not an error
+  s.desk->channel_box_changed(4, "");  // an emptied box is not an error
   EXPECT_EQ(s.t.dialogs.messages().size(), 2u);
 
   s.t.dialogs.clear();
-  s.desk->Check1_Click(true);  // auto increment fills the column from the first number
-  s.desk->Text1_Change(0, "5");
+  s.desk->auto_increment_clicked(true);  // auto increment fills the column from the first number
+  s.desk->channel_box_changed(0, "5");
   for (int i = 0; i < kChaseChannels; ++i) EXPECT_EQ(s.chase().Channels[i], 4 + i) << i;
-  EXPECT_EQ(s.desk->channels()[23].Text1, "28");
-  s.desk->Text1_Change(20, "62");  // counting stops at 63
-  EXPECT_EQ(std::tuple(s.desk->channels()[21].Text1, s.desk->channels()[22].Text1), std::tuple("63", "27"));
+  EXPECT_EQ(s.desk->channels()[23].channel_box, "28");
+  s.desk->channel_box_changed(20, "62");  // counting stops at 63
+  EXPECT_EQ(std::tuple(s.desk->channels()[21].channel_box, s.desk->channels()[22].channel_box), std::tuple("63", "27"));
   EXPECT_TRUE(s.t.dialogs.messages().empty());
 }
 
@@ -85,7 +85,7 @@ TEST(ChaseEditing, StepsStayBetweenOneAndThirtyTwoInsertOpensAnEmptyStepAndRemov
   EXPECT_EQ(c.Steps, 32);
   c.Data[32][0] = 200;
   s.desk->Chase_Minus_Click();  // previous on step 1 goes to the last
-  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->Prev_Step(), s.desk->channels()[0].Slider1),
+  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->Prev_Step(), s.desk->channels()[0].fader),
             std::tuple(32, 1, 55));
   s.desk->Steps_subtract_Click();  // the shown step goes with it
   EXPECT_EQ(s.desk->Step_Display(), "31");
@@ -139,7 +139,7 @@ TEST(ChaseEditing, TimeSlidersWriteTheStepOrEveryStepAndTheLockGivesTheFadeTheSt
   SequenceTestDesk s;
   s.program(3, 1.0, 1.0);
   ChaseRec& c = s.chase();
-  LogSlider& speed = s.desk->LogSlider3();
+  LogSlider& speed = s.desk->speed_slider();
   const double top = speed.axis_top();
   speed.Set_From_Position(top);
   EXPECT_EQ(std::tuple(c.Speed[1], c.Speed[2]), std::tuple(240.0, 1.0));
@@ -155,7 +155,7 @@ TEST(ChaseEditing, TimeSlidersWriteTheStepOrEveryStepAndTheLockGivesTheFadeTheSt
   EXPECT_EQ(std::tuple(speed.Value(), c.Speed[1]), std::tuple(3.0, 0.1));
   s.desk->Speed_Fade_Lock_Click(false);
   s.desk->Global_fade_Click(true);
-  s.desk->LogSlider4().Set_From_Position(top);
+  s.desk->fade_slider().Set_From_Position(top);
   for (int step = 0; step <= 3; ++step) EXPECT_EQ(c.Time[step], 240.0);
 
   // The time texts round halves to even; the lock copies the duration exactly.
@@ -166,7 +166,7 @@ TEST(ChaseEditing, TimeSlidersWriteTheStepOrEveryStepAndTheLockGivesTheFadeTheSt
   EXPECT_EQ(s.desk->Speed_Text(), "1.12");
   speed.set_Value(1.125);
   s.desk->Speed_Fade_Lock_Click(true);
-  EXPECT_EQ(std::tuple(c.Time[2], s.desk->Fade_Text(), s.desk->LogSlider4().Value()),
+  EXPECT_EQ(std::tuple(c.Time[2], s.desk->Fade_Text(), s.desk->fade_slider().Value()),
             std::tuple(1.125, "1.12", 1.125));
   EXPECT_FALSE(s.desk->Global_fade_enabled());
   s.desk->Speed_Fade_Lock_Click(false);
@@ -183,7 +183,7 @@ TEST(ChaseEditing, ChoosingAChaseShowsItsFirstStepAndItsLoopSettings) {
   other.Loop = 5;
   other.Data[1][0] = 70;
   s.desk->Chase_Sel_Click(4);
-  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->channels()[0].Slider1), std::tuple(1, 255 - 70));
+  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->channels()[0].fader), std::tuple(1, 255 - 70));
   EXPECT_FALSE(s.desk->Loop_Box());
   EXPECT_EQ(s.desk->Loop_Times_txt(), "5");
   s.desk->Loop_Box_Click(true);  // endless

@@ -16,7 +16,7 @@ TEST(ChaseRuntime, EachStepIsLitForTheFirstHalfOfItsSecondOnly) {
   s.program(4, 1.0, 0.5);
   for (int step = 1; step <= 4; ++step) s.chase().Data[step][0] = static_cast<std::int16_t>(50 * step);
   s.desk->Chase_Go_Button_Click();
-  EXPECT_EQ(s.runtime().Timer1().interval(), 1001);
+  EXPECT_EQ(s.runtime().step_timer().interval(), 1001);
   // Each level shows from the first ms given up to the second.
   const std::array<std::array<int, 3>, 5> lit = {
       {{100, 500, 50}, {1100, 1600, 100}, {2100, 2600, 150}, {3100, 3600, 200}, {4100, 4600, 50}}};
@@ -62,11 +62,11 @@ TEST(ChaseRuntime, MixesChaseChannelsByHighestAndScalesByTheMainLevel) {
   s.chase().Channels[7] = 9;
   s.chase().Data[1][3] = 100;
   s.chase().Data[1][7] = 200;
-  s.desk->Slider2_Change(128);  // (255 - 128) / 255 of each level
+  s.desk->master_fader_changed(128);  // (255 - 128) / 255 of each level
   s.desk->Chase_Go_Button_Click();
   s.t.scheduler.advance(100);
   EXPECT_EQ(s.out(9), 100);  // the higher, 200: round(127 x 200 / 255) = round(99.6)
-  s.desk->Slider2_Change(255);
+  s.desk->master_fader_changed(255);
   s.t.scheduler.advance(100);
   EXPECT_EQ(s.out(9), 0);
 }
@@ -116,9 +116,9 @@ TEST(ChaseRuntime, AFadeReachesItsLevelAtTheEndOfItsWindow) {
 }
 
 // Go starts at step 1 only when the chase loops for ever; Stop shows the step
-// after the one that played. Timer1 runs round(Speed x 1000 + 1) ms for the step
-// being played (1.0625 s is 1063.5 ms: the even 1064), renewed at every step
-// change, a manual one too, which never stops the chase.
+// after the one that played. The step timer runs round(Speed x 1000 + 1) ms for
+// the step being played (1.0625 s is 1063.5 ms: the even 1064), renewed at every
+// step change, a manual one too, which never stops the chase.
 TEST(ChaseRuntime, GoStopAndManualStepsPickTheStepAndRenewTheStepTimer) {
   SequenceTestDesk s;
   s.program(4, 1.0, 1.0);
@@ -127,11 +127,11 @@ TEST(ChaseRuntime, GoStopAndManualStepsPickTheStepAndRenewTheStepTimer) {
   s.desk->Chase_Plus_Click();  // step 3 shown
   s.desk->Chase_Go_Button_Click();
   EXPECT_EQ(s.desk->Cur_Step(), 1);
-  EXPECT_EQ(s.desk->channels()[2].Slider1, 255) << "faders show zero while running";
+  EXPECT_EQ(s.desk->channels()[2].fader, 255) << "faders show zero while running";
   s.t.scheduler.advance(1500);
   ASSERT_EQ(s.desk->Cur_Step(), 2);
   s.desk->Chase_Go_Button_Click();
-  EXPECT_EQ(std::tuple(s.runtime().Chase_Running(), s.desk->Step_Display(), s.desk->channels()[2].Slider1,
+  EXPECT_EQ(std::tuple(s.runtime().Chase_Running(), s.desk->Step_Display(), s.desk->channels()[2].fader,
                        s.runtime().Chase_Go_Button()),
             std::tuple(false, "3", 255 - 40, "Go"));
   s.t.scheduler.advance(5000);
@@ -142,11 +142,11 @@ TEST(ChaseRuntime, GoStopAndManualStepsPickTheStepAndRenewTheStepTimer) {
   s.chase().Speed[4] = 0.5;
   s.desk->Chase_Go_Button_Click();
   EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->Prev_Step()), std::tuple(3, 2));
-  EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
+  EXPECT_EQ(s.runtime().step_timer().interval(), 1064);
   s.t.scheduler.advance(1064);
-  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.runtime().Timer1().interval()), std::tuple(4, 501));
+  EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.runtime().step_timer().interval()), std::tuple(4, 501));
   s.desk->Chase_Minus_Click();
-  EXPECT_EQ(s.runtime().Timer1().interval(), 1064);
+  EXPECT_EQ(s.runtime().step_timer().interval(), 1064);
   s.t.scheduler.advance(500);
   s.chase().Data[4][0] = 33;
   s.desk->Chase_Plus_Click();  // onto the last step
@@ -169,7 +169,7 @@ TEST(ChaseRuntime, WhileRunningEditsAreIgnoredAndBothTimeSlidersActOnEveryStep) 
   const ChaseRec before = s.chase();
   s.desk->Global_Speed_Click(true);
   s.desk->Chase_Go_Button_Click();
-  s.desk->Slider1_Change(4, 0);
+  s.desk->fader_changed(4, 0);
   s.desk->Shift_Pos_Click();
   s.desk->Insert_Click();
   s.desk->Remove_Step_Click();
@@ -181,9 +181,9 @@ TEST(ChaseRuntime, WhileRunningEditsAreIgnoredAndBothTimeSlidersActOnEveryStep) 
 
   EXPECT_EQ(std::tuple(s.desk->Global_fade(), s.desk->Global_fade_enabled(), s.desk->Global_Speed_enabled()),
             std::tuple(true, false, false));
-  s.desk->LogSlider3().Set_From_Position(s.desk->LogSlider3().axis_top());
+  s.desk->speed_slider().Set_From_Position(s.desk->speed_slider().axis_top());
   EXPECT_EQ(std::tuple(s.chase().Speed[0], s.chase().Speed[2]), std::tuple(240.0, 240.0));
-  LogSlider& fade = s.desk->LogSlider4();
+  LogSlider& fade = s.desk->fade_slider();
   fade.Set_From_Position(fade.axis_top());
   for (int step = 0; step <= 3; ++step) EXPECT_EQ(s.chase().Time[step], 240.0) << step;
   s.desk->Speed_Fade_Lock_Click(true);
@@ -203,15 +203,15 @@ TEST(ChaseRuntime, LiveModeShowsEditsWhileStoppedAndPausesWhileAChaseRuns) {
   s.chase().Channels[2] = 40;
   s.desk->Refresh_Desk();
   s.desk->Live_Mode_Sel_Click(true);
-  s.desk->Slider2_Change(51);  // factor 204 / 255
-  s.desk->Slider1_Change(2, 255 - 100);
+  s.desk->master_fader_changed(51);  // factor 204 / 255
+  s.desk->fader_changed(2, 255 - 100);
   EXPECT_EQ(s.out(40), 80);
-  s.desk->Slider1_Change(0, 0);
+  s.desk->fader_changed(0, 0);
   EXPECT_EQ(s.out(0), 204);
   // A new routing clears the old desk channel first.
-  s.desk->Text1_Change(2, "12");
+  s.desk->channel_box_changed(2, "12");
   EXPECT_EQ(s.out(40), 0);
-  s.desk->Slider1_Change(2, 255 - 100);
+  s.desk->fader_changed(2, 255 - 100);
   EXPECT_EQ(s.out(11), 80);
 
   s.desk->Chase_Go_Button_Click();
@@ -221,19 +221,19 @@ TEST(ChaseRuntime, LiveModeShowsEditsWhileStoppedAndPausesWhileAChaseRuns) {
   EXPECT_EQ(std::tuple(s.runtime().Live_Output(), s.runtime().Live_Mode_Sel_enabled(),
                        s.desk->channels()[0].level_enabled),
             std::tuple(true, true, true));
-  s.desk->Slider2_Change(128);  // 127 / 255 of 200 is 99.6: rounded, not cut
-  s.desk->Slider1_Change(0, 255 - 200);
+  s.desk->master_fader_changed(128);  // 127 / 255 of 200 is 99.6: rounded, not cut
+  s.desk->fader_changed(0, 255 - 200);
   EXPECT_EQ(s.out(0), 100);
 
   // Switching live mode off clears desk channels 1..32 only.
   s.chase().Channels[5] = 50;
-  s.desk->Slider1_Change(5, 0);
+  s.desk->fader_changed(5, 0);
   s.desk->Live_Mode_Sel_Click(false);
   EXPECT_EQ(std::tuple(s.out(0), s.out(11)), std::tuple(0, 0));
   EXPECT_EQ(s.out(50), 127);
 }
 
-// The output cycle's Timer1 ticks every 70 ms from start-up (0 ms); the chase's
+// The output cycle ticks every 70 ms from start-up (0 ms); the chase's
 // level timer every 100 ms from Go. "Same tick" here means: every output tick
 // puts into DMX_Out exactly the Chase_Out that stands when it runs, so a level the
 // chase writes is on the wire at the first output tick after it, never later.
