@@ -31,24 +31,24 @@ ArtNetSetupWindow::ArtNetSetupWindow(DeskApp& app)
   auto* grid = new QGridLayout(rows);
   grid->addWidget(new QLabel(QString::fromUtf8(kUniverseHeading), rows), 0, 0);
   for (int i = 0; i < ArtNetSetup::kRows; ++i) {
-    text1_[i] = new QLineEdit(rows);
-    text1_[i]->setReadOnly(true);
-    text1_[i]->setAlignment(Qt::AlignCenter);
-    text1_[i]->setMaximumWidth(48);
-    text1_[i]->setFocusPolicy(Qt::NoFocus);
-    button1_[i] = new QPushButton(rows);
-    button1_[i]->setMinimumWidth(96);
-    grid->addWidget(text1_[i], i + 1, 0);
-    grid->addWidget(button1_[i], i + 1, 1);
-    connect(button1_[i], &QPushButton::clicked,
-            [this, i] { app_.handle([&] { config().Button1_Click(i); }); });
+    universe_boxes_[i] = new QLineEdit(rows);
+    universe_boxes_[i]->setReadOnly(true);
+    universe_boxes_[i]->setAlignment(Qt::AlignCenter);
+    universe_boxes_[i]->setMaximumWidth(48);
+    universe_boxes_[i]->setFocusPolicy(Qt::NoFocus);
+    enable_buttons_[i] = new QPushButton(rows);
+    enable_buttons_[i]->setMinimumWidth(96);
+    grid->addWidget(universe_boxes_[i], i + 1, 0);
+    grid->addWidget(enable_buttons_[i], i + 1, 1);
+    connect(enable_buttons_[i], &QPushButton::clicked,
+            [this, i] { app_.handle([&] { config().enable_button_clicked(i); }); });
   }
   layout->addWidget(rows);
 
-  text2_ = new QLineEdit(this);
-  text2_->setReadOnly(true);
-  text2_->setMinimumWidth(420);
-  layout->addWidget(text2_);
+  state_box_ = new QLineEdit(this);
+  state_box_->setReadOnly(true);
+  state_box_->setMinimumWidth(420);
+  layout->addWidget(state_box_);
 
   auto* destination_box = new QGroupBox(QString::fromUtf8(kDestinationLabel), this);
   auto* destination_layout = new QVBoxLayout(destination_box);
@@ -70,9 +70,9 @@ ArtNetSetupWindow::ArtNetSetupWindow(DeskApp& app)
   connect(destination_set_, &QPushButton::clicked, apply);
   connect(destination_, &QLineEdit::returnPressed, apply);
 
-  command1_ = new QPushButton(QString::fromUtf8(kCloseCaption), this);
-  layout->addWidget(command1_, 0, Qt::AlignRight);
-  connect(command1_, &QPushButton::clicked, [this] { app_.handle([&] { config().Command1_Click(); }); });
+  close_button_ = new QPushButton(QString::fromUtf8(kCloseCaption), this);
+  layout->addWidget(close_button_, 0, Qt::AlignRight);
+  connect(close_button_, &QPushButton::clicked, [this] { app_.handle([&] { config().close_clicked(); }); });
 }
 
 Window& ArtNetSetupWindow::model() { return config(); }
@@ -84,11 +84,11 @@ void ArtNetSetupWindow::sync() {
   ArtNetSetup& c = config();
   sync::title(this, c.caption());
   for (int i = 0; i < ArtNetSetup::kRows; ++i) {
-    sync::text(text1_[i], c.Text1(i));
-    sync::text(button1_[i], c.Button1(i));
-    sync::background(button1_[i], c.Button1_colour(i), "QPushButton");
+    sync::text(universe_boxes_[i], c.universe_box(i));
+    sync::text(enable_buttons_[i], c.enable_button(i));
+    sync::background(enable_buttons_[i], c.enable_button_colour(i), "QPushButton");
   }
-  sync::text(text2_, c.Text2());
+  sync::text(state_box_, c.state_box());
   sync::text(destination_, c.Destination());
   sync::text(destination_status_, c.Destination_Status());
 }

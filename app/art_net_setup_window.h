@@ -27,24 +27,24 @@ class ArtNetSetupWindow final : public ToolWindow, public DeskWindow {
   void prepare_screenshot() override;
 
   // Widgets by control name, for the wiring tests.
-  QLineEdit* Text1(int i) const { return text1_[i]; }
-  QPushButton* Button1(int i) const { return button1_[i]; }
-  QLineEdit* Text2() const { return text2_; }
+  QLineEdit* universe_box(int i) const { return universe_boxes_[i]; }
+  QPushButton* enable_button(int i) const { return enable_buttons_[i]; }
+  QLineEdit* state_box() const { return state_box_; }
   QLineEdit* Destination() const { return destination_; }
   QPushButton* Destination_Set() const { return destination_set_; }
-  QPushButton* Command1() const { return command1_; }
+  QPushButton* close_button() const { return close_button_; }
 
  private:
   ArtNetSetup& config();
 
   DeskApp& app_;
-  std::array<QLineEdit*, ArtNetSetup::kRows> text1_{};
-  std::array<QPushButton*, ArtNetSetup::kRows> button1_{};
-  QLineEdit* text2_ = nullptr;
+  std::array<QLineEdit*, ArtNetSetup::kRows> universe_boxes_{};
+  std::array<QPushButton*, ArtNetSetup::kRows> enable_buttons_{};
+  QLineEdit* state_box_ = nullptr;
   QLineEdit* destination_ = nullptr;
   QPushButton* destination_set_ = nullptr;
   QLabel* destination_status_ = nullptr;
-  QPushButton* command1_ = nullptr;
+  QPushButton* close_button_ = nullptr;
 };
 
 }  // namespace lumaris

@@ -24,23 +24,23 @@ BcfSetupWindow::BcfSetupWindow(DeskApp& app)
     : ToolWindow([&app] { app.handle([&] { app.console().surface_setup().Hide(); }); }), app_(app) {
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(new QLabel(QString::fromUtf8(kHint), this));
-  text1_ = new QLineEdit(this);
-  text1_->setReadOnly(true);
-  text1_->setFocusPolicy(Qt::NoFocus);
-  text1_->setMinimumWidth(320);
-  layout->addWidget(text1_);
+  connection_box_ = new QLineEdit(this);
+  connection_box_->setReadOnly(true);
+  connection_box_->setFocusPolicy(Qt::NoFocus);
+  connection_box_->setMinimumWidth(320);
+  layout->addWidget(connection_box_);
   auto* buttons = new QHBoxLayout;
-  command1_ = new QPushButton(QString::fromUtf8(kConnectCaption), this);
-  command2_ = new QPushButton(QString::fromUtf8(kControlCaption), this);
-  command3_ = new QPushButton(QString::fromUtf8(kCloseCaption), this);
-  buttons->addWidget(command1_);
-  buttons->addWidget(command2_);
+  connect_button_ = new QPushButton(QString::fromUtf8(kConnectCaption), this);
+  control_button_ = new QPushButton(QString::fromUtf8(kControlCaption), this);
+  close_button_ = new QPushButton(QString::fromUtf8(kCloseCaption), this);
+  buttons->addWidget(connect_button_);
+  buttons->addWidget(control_button_);
   buttons->addStretch(1);
-  buttons->addWidget(command3_);
+  buttons->addWidget(close_button_);
   layout->addLayout(buttons);
-  connect(command1_, &QPushButton::clicked, [this] { app_.handle([&] { setup().Command1_Click(); }); });
-  connect(command2_, &QPushButton::clicked, [this] { app_.handle([&] { setup().Command2_Click(); }); });
-  connect(command3_, &QPushButton::clicked, [this] { app_.handle([&] { setup().Command3_Click(); }); });
+  connect(connect_button_, &QPushButton::clicked, [this] { app_.handle([&] { setup().connect_clicked(); }); });
+  connect(control_button_, &QPushButton::clicked, [this] { app_.handle([&] { setup().control_clicked(); }); });
+  connect(close_button_, &QPushButton::clicked, [this] { app_.handle([&] { setup().close_clicked(); }); });
 }
 
 Window& BcfSetupWindow::model() { return setup(); }
@@ -48,13 +48,13 @@ BcfSetup& BcfSetupWindow::setup() { return app_.console().surface_setup(); }
 
 void BcfSetupWindow::prepare_screenshot() {
   app_.console().main_desk().Menu_Click("bcf2000-setup");
-  setup().Command1_Click();
+  setup().connect_clicked();
 }
 
 void BcfSetupWindow::sync() {
   BcfSetup& s = setup();
   sync::title(this, s.caption());
-  sync::text(text1_, s.Text1());
+  sync::text(connection_box_, s.connection_box());
 }
 
 }  // namespace lumaris

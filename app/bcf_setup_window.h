@@ -22,18 +22,18 @@ class BcfSetupWindow final : public ToolWindow, public DeskWindow {
   void sync() override;
   void prepare_screenshot() override;
 
-  QLineEdit* Text1() const { return text1_; }
-  QPushButton* Command1() const { return command1_; }
-  QPushButton* Command2() const { return command2_; }
+  QLineEdit* connection_box() const { return connection_box_; }
+  QPushButton* connect_button() const { return connect_button_; }
+  QPushButton* control_button() const { return control_button_; }
 
  private:
   BcfSetup& setup();
 
   DeskApp& app_;
-  QLineEdit* text1_ = nullptr;
-  QPushButton* command1_ = nullptr;
-  QPushButton* command2_ = nullptr;
-  QPushButton* command3_ = nullptr;
+  QLineEdit* connection_box_ = nullptr;
+  QPushButton* connect_button_ = nullptr;
+  QPushButton* control_button_ = nullptr;
+  QPushButton* close_button_ = nullptr;
 };
 
 }  // namespace lumaris

@@ -32,22 +32,22 @@ BcfWindow::BcfWindow(DeskApp& app)
     : ToolWindow([&app] { app.handle([&] { app.console().surface().Hide(); }); }), app_(app) {
   auto* layout = new QVBoxLayout(this);
   auto* form = new QFormLayout;
-  text2_ = read_only_box(this);
-  text3_ = read_only_box(this);
-  text1_ = read_only_box(this);
-  form->addRow(QString::fromUtf8(kConnectionLabel), text2_);
-  form->addRow(QString::fromUtf8(kModeLabel), text3_);
-  form->addRow(QString::fromUtf8(kMonitorLabel), text1_);
+  connection_box_ = read_only_box(this);
+  mode_box_ = read_only_box(this);
+  monitor_box_ = read_only_box(this);
+  form->addRow(QString::fromUtf8(kConnectionLabel), connection_box_);
+  form->addRow(QString::fromUtf8(kModeLabel), mode_box_);
+  form->addRow(QString::fromUtf8(kMonitorLabel), monitor_box_);
   layout->addLayout(form);
 
   auto* steps = new QHBoxLayout;
-  pannel_dec_ = new QPushButton(QString::fromUtf8(kDecCaption), this);
-  pannel_inc_ = new QPushButton(QString::fromUtf8(kIncCaption), this);
-  steps->addWidget(pannel_dec_);
-  steps->addWidget(pannel_inc_);
+  previous_mode_button_ = new QPushButton(QString::fromUtf8(kDecCaption), this);
+  next_mode_button_ = new QPushButton(QString::fromUtf8(kIncCaption), this);
+  steps->addWidget(previous_mode_button_);
+  steps->addWidget(next_mode_button_);
   layout->addLayout(steps);
-  connect(pannel_dec_, &QPushButton::clicked, [this] { app_.handle([&] { surface().Pannel_Dec_Click(); }); });
-  connect(pannel_inc_, &QPushButton::clicked, [this] { app_.handle([&] { surface().Pannel_Inc_Click(); }); });
+  connect(previous_mode_button_, &QPushButton::clicked, [this] { app_.handle([&] { surface().previous_mode_clicked(); }); });
+  connect(next_mode_button_, &QPushButton::clicked, [this] { app_.handle([&] { surface().next_mode_clicked(); }); });
 }
 
 Window& BcfWindow::model() { return surface(); }
@@ -56,11 +56,11 @@ BCF& BcfWindow::surface() { return app_.console().surface(); }
 void BcfWindow::sync() {
   BCF& s = surface();
   sync::title(this, s.caption());
-  sync::text(text1_, s.Text1());
-  sync::text(text2_, s.Text2());
-  sync::text(text3_, s.Text3());
-  sync::enabled(pannel_dec_, s.Pannel_Dec_enabled());
-  sync::enabled(pannel_inc_, s.Pannel_Inc_enabled());
+  sync::text(monitor_box_, s.monitor_box());
+  sync::text(connection_box_, s.connection_box());
+  sync::text(mode_box_, s.mode_box());
+  sync::enabled(previous_mode_button_, s.previous_mode_enabled());
+  sync::enabled(next_mode_button_, s.next_mode_enabled());
 }
 
 }  // namespace lumaris

@@ -22,21 +22,21 @@ class BcfWindow final : public ToolWindow, public DeskWindow {
   std::string name() const override { return "bcf2000"; }
   void sync() override;
 
-  QLineEdit* Text1() const { return text1_; }
-  QLineEdit* Text2() const { return text2_; }
-  QLineEdit* Text3() const { return text3_; }
-  QPushButton* Pannel_Dec() const { return pannel_dec_; }
-  QPushButton* Pannel_Inc() const { return pannel_inc_; }
+  QLineEdit* monitor_box() const { return monitor_box_; }
+  QLineEdit* connection_box() const { return connection_box_; }
+  QLineEdit* mode_box() const { return mode_box_; }
+  QPushButton* previous_mode_button() const { return previous_mode_button_; }
+  QPushButton* next_mode_button() const { return next_mode_button_; }
 
  private:
   BCF& surface();
 
   DeskApp& app_;
-  QLineEdit* text1_ = nullptr;
-  QLineEdit* text2_ = nullptr;
-  QLineEdit* text3_ = nullptr;
-  QPushButton* pannel_dec_ = nullptr;
-  QPushButton* pannel_inc_ = nullptr;
+  QLineEdit* monitor_box_ = nullptr;
+  QLineEdit* connection_box_ = nullptr;
+  QLineEdit* mode_box_ = nullptr;
+  QPushButton* previous_mode_button_ = nullptr;
+  QPushButton* next_mode_button_ = nullptr;
 };
 
 }  // namespace lumaris

@@ -26,7 +26,7 @@ constexpr const char* kLaptopKeysTip = "The top-row digits and . / * + act as th
 }  // namespace
 
 CliWindow::CliWindow(DeskApp& app)
-    : ToolWindow([&app] { app.handle([&] { app.console().cli().Command1_Click(); }); }), app_(app) {
+    : ToolWindow([&app] { app.handle([&] { app.console().cli().hide_clicked(); }); }), app_(app) {
   setFocusPolicy(Qt::StrongFocus);
   auto* layout = new QVBoxLayout(this);
 
@@ -44,22 +44,22 @@ CliWindow::CliWindow(DeskApp& app)
   line->addWidget(lamp_);
   layout->addLayout(line);
 
-  combo1_ = new QComboBox(this);
-  combo1_->setFocusPolicy(Qt::NoFocus);
-  layout->addWidget(combo1_);
+  history_list_ = new QComboBox(this);
+  history_list_->setFocusPolicy(Qt::NoFocus);
+  layout->addWidget(history_list_);
 
   auto* bottom = new QHBoxLayout;
   laptop_keys_ = new QCheckBox(QString::fromUtf8(kLaptopKeysCaption), this);
   laptop_keys_->setFocusPolicy(Qt::NoFocus);
   laptop_keys_->setToolTip(QString::fromUtf8(kLaptopKeysTip));
-  command1_ = new QPushButton(QString::fromUtf8(kHideCaption), this);
-  command1_->setFocusPolicy(Qt::NoFocus);
+  hide_button_ = new QPushButton(QString::fromUtf8(kHideCaption), this);
+  hide_button_->setFocusPolicy(Qt::NoFocus);
   bottom->addWidget(laptop_keys_);
   bottom->addStretch(1);
-  bottom->addWidget(command1_);
+  bottom->addWidget(hide_button_);
   layout->addLayout(bottom);
 
-  connect(command1_, &QPushButton::clicked, [this] { app_.handle([&] { cli().Command1_Click(); }); });
+  connect(hide_button_, &QPushButton::clicked, [this] { app_.handle([&] { cli().hide_clicked(); }); });
   connect(laptop_keys_, &QCheckBox::toggled,
           [this](bool checked) { app_.handle([&] { cli().Laptop_Keys_Click(checked); }); });
 }
@@ -91,14 +91,14 @@ void CliWindow::sync() {
   sync::text(string_in_, c.String_In());
   sync::background(lamp_, c.CLI_Status(), "QFrame");
   sync::checked(laptop_keys_, c.Laptop_Keys());
-  const std::vector<std::string>& history = c.Combo1();
-  bool same = combo1_->count() == static_cast<int>(history.size());
-  for (int i = 0; same && i < combo1_->count(); ++i) same = combo1_->itemText(i) == sync::q(history[i]);
+  const std::vector<std::string>& history = c.history_list();
+  bool same = history_list_->count() == static_cast<int>(history.size());
+  for (int i = 0; same && i < history_list_->count(); ++i) same = history_list_->itemText(i) == sync::q(history[i]);
   if (!same) {
-    const QSignalBlocker block(combo1_);
-    combo1_->clear();
-    for (const std::string& entry : history) combo1_->addItem(sync::q(entry));
-    combo1_->setCurrentIndex(combo1_->count() - 1);
+    const QSignalBlocker block(history_list_);
+    history_list_->clear();
+    for (const std::string& entry : history) history_list_->addItem(sync::q(entry));
+    history_list_->setCurrentIndex(history_list_->count() - 1);
   }
 }
 

@@ -31,8 +31,8 @@ class CliWindow final : public ToolWindow, public DeskWindow {
 
   QLineEdit* String_In() const { return string_in_; }
   ColourBox* CLI_Status() const { return lamp_; }
-  QComboBox* Combo1() const { return combo1_; }
-  QPushButton* Command1() const { return command1_; }
+  QComboBox* history_list() const { return history_list_; }
+  QPushButton* hide_button() const { return hide_button_; }
   QCheckBox* Laptop_Keys() const { return laptop_keys_; }
 
  protected:
@@ -44,8 +44,8 @@ class CliWindow final : public ToolWindow, public DeskWindow {
   DeskApp& app_;
   QLineEdit* string_in_ = nullptr;
   ColourBox* lamp_ = nullptr;
-  QComboBox* combo1_ = nullptr;
-  QPushButton* command1_ = nullptr;
+  QComboBox* history_list_ = nullptr;
+  QPushButton* hide_button_ = nullptr;
   QCheckBox* laptop_keys_ = nullptr;
 };
 

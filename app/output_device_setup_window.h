@@ -30,35 +30,35 @@ class OutputDeviceSetupWindow final : public ToolWindow, public DeskWindow {
   void prepare_screenshot() override;
 
   // Widgets by control name, for the wiring tests.
-  QComboBox* Combo1() const { return combo1_; }
+  QComboBox* adapter_list() const { return adapter_list_; }
   QLabel* Adapter_Name() const { return adapter_name_; }
-  QRadioButton* Option1() const { return option1_; }
-  QRadioButton* Option2() const { return option2_; }
-  QLineEdit* Text1() const { return text1_; }
-  QScrollBar* HScroll1() const { return hscroll1_; }
-  QLineEdit* Text2() const { return text2_; }
+  QRadioButton* lpt1_option() const { return lpt1_option_; }
+  QRadioButton* lpt2_option() const { return lpt2_option_; }
+  QLineEdit* rate_box() const { return rate_box_; }
+  QScrollBar* rate_scroll() const { return rate_scroll_; }
+  QLineEdit* usb_state_box() const { return usb_state_box_; }
   QCheckBox* Smooth_Check() const { return smooth_check_; }
-  QPushButton* Command1() const { return command1_; }
-  QPushButton* Command2() const { return command2_; }
+  QPushButton* save_button() const { return save_button_; }
+  QPushButton* cancel_button() const { return cancel_button_; }
 
  private:
   OutputDeviceSetup& setup();
   QWidget* control_widget(OutputDeviceSetup::Control control) const;
 
   DeskApp& app_;
-  QComboBox* combo1_ = nullptr;
+  QComboBox* adapter_list_ = nullptr;
   QLabel* adapter_name_ = nullptr;
-  std::array<QLabel*, 2> label1_{};
-  QLabel* label2_ = nullptr;
-  QRadioButton* option1_ = nullptr;
-  QRadioButton* option2_ = nullptr;
-  QLabel* label3_ = nullptr;
-  QLineEdit* text1_ = nullptr;
-  QScrollBar* hscroll1_ = nullptr;
-  QLineEdit* text2_ = nullptr;
+  std::array<QLabel*, 2> lpt_address_labels_{};
+  QLabel* port_label_ = nullptr;
+  QRadioButton* lpt1_option_ = nullptr;
+  QRadioButton* lpt2_option_ = nullptr;
+  QLabel* rate_label_ = nullptr;
+  QLineEdit* rate_box_ = nullptr;
+  QScrollBar* rate_scroll_ = nullptr;
+  QLineEdit* usb_state_box_ = nullptr;
   QCheckBox* smooth_check_ = nullptr;
-  QPushButton* command1_ = nullptr;
-  QPushButton* command2_ = nullptr;
+  QPushButton* save_button_ = nullptr;
+  QPushButton* cancel_button_ = nullptr;
 };
 
 }  // namespace lumaris

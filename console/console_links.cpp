@@ -20,12 +20,16 @@ void ConsoleLinks::reset_desks() {
 
 void ConsoleLinks::shutdown() { console_.shutdown(); }
 
-void ConsoleLinks::BCF_Fader_Update(int index, int level) {
-  if (surface_ != nullptr) surface_->BCF_Fader_Update(index, level);
+void ConsoleLinks::BCF_Fader_Update(SurfaceStrip strip, int level) {
+  if (surface_ != nullptr) surface_->BCF_Fader_Update(strip, level);
 }
 
-void ConsoleLinks::BCF_Button_Update(int index, bool state) {
-  if (surface_ != nullptr) surface_->BCF_Button_Update(index, state);
+void ConsoleLinks::BCF_Fader_Update(PlaybackElement fader, int level) {
+  if (surface_ != nullptr) surface_->BCF_Fader_Update(fader, level);
+}
+
+void ConsoleLinks::BCF_Button_Update(PlaybackElement button, bool state) {
+  if (surface_ != nullptr) surface_->BCF_Button_Update(button, state);
 }
 
 }  // namespace lumaris

@@ -21,8 +21,10 @@ class ConsoleLinks final : public DeskLinks, public SurfaceFeedback {
   void shutdown() override;
 
   void attach_surface(SurfaceFeedback* surface) { surface_ = surface; }
-  void BCF_Fader_Update(int index, int level) override;
-  void BCF_Button_Update(int index, bool state) override;
+  using SurfaceFeedback::BCF_Fader_Update;
+  void BCF_Fader_Update(SurfaceStrip strip, int level) override;
+  void BCF_Fader_Update(PlaybackElement fader, int level) override;
+  void BCF_Button_Update(PlaybackElement button, bool state) override;
 
  private:
   Console& console_;

@@ -104,7 +104,9 @@ void MainDesk::set_level(int i, int level) {
   strips_[i].Slider1 = 255 - level;
   strips_[i].Text1 = std::to_string(level);
   store.Desk_Level[ch] = static_cast<std::int16_t>(level);
-  if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(i, level);
+  if (store.BCF_Mode == kSurfaceMainMode) {
+    context_.surface().BCF_Fader_Update(SurfaceStrip::of_channel(store.Fader_Page, ch), level);
+  }
 }
 
 void MainDesk::Slider1_Change(int i, int value) {
@@ -149,8 +151,11 @@ void MainDesk::Dec_Channels_Click() {
 // The surface's faders are the strips of the page on show: they follow a page change.
 void MainDesk::send_page_to_surface() {
   const Store& store = context_.store();
-  if (store.BCF_Mode != 1) return;
-  for (int i = 0; i < kStrips; ++i) context_.surface().BCF_Fader_Update(i, store.Desk_Level[channel_of(i)]);
+  if (store.BCF_Mode != kSurfaceMainMode) return;
+  for (int i = 0; i < kStrips; ++i) {
+    const int ch = channel_of(i);
+    context_.surface().BCF_Fader_Update(SurfaceStrip::of_channel(store.Fader_Page, ch), store.Desk_Level[ch]);
+  }
 }
 
 void MainDesk::Clearall_Click() {
@@ -160,8 +165,10 @@ void MainDesk::Clearall_Click() {
     strip.Text1 = "0";
   }
   std::fill(store.Desk_Level.begin(), store.Desk_Level.begin() + kDeskChannels, 0);
-  if (store.BCF_Mode == 1) {
-    for (int i = 0; i < kStrips; ++i) context_.surface().BCF_Fader_Update(i, 0);
+  if (store.BCF_Mode == kSurfaceMainMode) {
+    for (int i = 0; i < kStrips; ++i) {
+      context_.surface().BCF_Fader_Update(SurfaceStrip::of_channel(store.Fader_Page, channel_of(i)), 0);
+    }
   }
   context_.status().show_main(kClearedStatus);
 }

@@ -63,7 +63,9 @@ void MainDesk::Submix_Recal_Click() {
     const int level = store.Desk_Level[channel_of(i)];
     strips_[i].Slider1 = 255 - level;
     strips_[i].Text1 = std::to_string(level);
-    if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(i, level);
+    if (store.BCF_Mode == kSurfaceMainMode) {
+      context_.surface().BCF_Fader_Update(SurfaceStrip::of_channel(store.Fader_Page, channel_of(i)), level);
+    }
   }
   show_submix();  // the label shows the recalled submix's name, whatever was typed
   context_.status().show_main(" Submix" + str_number(current_submix_) + " Recalled");

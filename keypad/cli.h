@@ -52,13 +52,13 @@ class CLI : public Window {
   void CLI_Clear();
   void CLI_Set_NumLock(bool on);
 
-  void Command1_Click() { Hide(); }
+  void hide_clicked() { Hide(); }
   void Laptop_Keys_Click(bool checked);
 
   // State of the window.
   const std::string& String_In() const { return string_in_; }
   Rgb CLI_Status() const { return lamp_; }
-  const std::vector<std::string>& Combo1() const { return history_; }
+  const std::vector<std::string>& history_list() const { return history_; }
   bool Laptop_Keys() const { return laptop_keys_; }
   const std::array<std::string, kTokens>& Tokens() const { return tokens_; }
   const std::array<bool, kTokens>& Submix_Marks() const { return marks_; }

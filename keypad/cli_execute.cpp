@@ -14,8 +14,6 @@ namespace lumaris {
 namespace {
 
 constexpr int kLastSingleNumber = 60;
-constexpr int kSurfaceMainMode = 1;
-constexpr int kSurfacePlaybackMode = 2;
 constexpr const char* kHistoryStatus = "CLI -";
 
 }  // namespace
@@ -121,7 +119,9 @@ void CLI::set_channel(int n) {
   Store& store = context_.store();
   const int level = percent_to_level(level_);
   store.Desk_Level[n - 1] = static_cast<std::int16_t>(level);
-  if (store.BCF_Mode == kSurfaceMainMode) context_.surface().BCF_Fader_Update(n - 1, level);
+  if (store.BCF_Mode == kSurfaceMainMode) {
+    context_.surface().BCF_Fader_Update(SurfaceStrip::of_channel(store.Fader_Page, n - 1), level);
+  }
 }
 
 void CLI::set_fader(int n) {
@@ -132,7 +132,7 @@ void CLI::set_fader(int n) {
   if (fader.Function == kFunctionSequence) {
     playback_desk_.chases().Set_Sequence_Level(fader.Value, level);
   }
-  if (store.BCF_Mode == kSurfacePlaybackMode) context_.surface().BCF_Fader_Update(n - 1, level);
+  if (store.BCF_Mode == kSurfacePlaybackMode) context_.surface().BCF_Fader_Update(PlaybackElement(n - 1), level);
 }
 
 }  // namespace lumaris

@@ -12,11 +12,11 @@ namespace {
 constexpr const char* kCaption = "Art Net Setup";
 constexpr const char* kEnable = "Enable";
 constexpr const char* kDisable = "Disable";
-constexpr const char* kText2Ok = " Art Net OK";
+constexpr const char* kStateOk = " Art Net OK";
 constexpr const char* kStatusOk = " ART NET OK ";
-constexpr const char* kText2Loading = " Loading.......";
+constexpr const char* kStateLoading = " Loading.......";
 constexpr const char* kStatusLoading = " ART NET Loading.......";
-constexpr const char* kText2Failed =
+constexpr const char* kStateFailed =
     " ! Art-Net Failed, Maybe another Art-Net program has the open?";
 constexpr const char* kStatusFailed = " Art-Net Failed";
 constexpr const char* kInitialized = " Art-Net Initialized";
@@ -52,24 +52,24 @@ void ArtNetSetup::start_node() {
   ArtNetNode& node = node_;
   StatusLines& status = context_.status();
   if (node.Art_Net_OK()) {
-    text2_ = kText2Ok;
+    state_box_ = kStateOk;
     status.show_both(kStatusOk);
     return;
   }
-  text2_ = kText2Loading;
+  state_box_ = kStateLoading;
   status.show_both(kStatusLoading);
   if (node.Art_Init() == 0) {
-    text2_ = kText2Failed;
+    state_box_ = kStateFailed;
     status.show_both(kStatusFailed);
     node.set_Art_Net_OK(false);
   } else {
-    text2_ = kInitialized;
+    state_box_ = kInitialized;
     status.show_both(kInitialized);
     node.set_Art_Net_OK(true);
   }
 }
 
-std::string ArtNetSetup::Text1(int i) const {
+std::string ArtNetSetup::universe_box(int i) const {
   const ArtUniverse& row = context_.store().Art_Universes[i];
   return std::to_string(row.Enable ? row.Universe : i);
 }
@@ -103,7 +103,7 @@ void ArtNetSetup::Update_Send_Timer() {
   }
 }
 
-void ArtNetSetup::Button1_Click(int index) {
+void ArtNetSetup::enable_button_clicked(int index) {
   if (index < 0 || index >= kRows) return;
   ArtUniverse& row = context_.store().Art_Universes[index];
   if (row.Enable) {
@@ -116,7 +116,7 @@ void ArtNetSetup::Button1_Click(int index) {
   Update_Send_Timer();
 }
 
-void ArtNetSetup::Command1_Click() { Hide(); }
+void ArtNetSetup::close_clicked() { Hide(); }
 
 void ArtNetSetup::Start_From_Show() {
   const Store& store = context_.store();

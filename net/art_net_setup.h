@@ -13,7 +13,7 @@ class ArtNetNode;
 class MainDesk;
 
 // The Art-Net set-up window: eight output rows, each sending the desk's frame on
-// its own universe, the node's state in Text2, and where the packets go.
+// its own universe, the node's state in its state box, and where the packets go.
 class ArtNetSetup : public Window {
  public:
   static constexpr int kRows = 8;
@@ -26,8 +26,8 @@ class ArtNetSetup : public Window {
   // it is running. A running node is never started again, so every opening
   // can run it; one that failed (another program held the port) is tried again.
   void Form_Load();
-  void Button1_Click(int index);
-  void Command1_Click();  // closes the window
+  void enable_button_clicked(int index);
+  void close_clicked();
   // A loaded show that enables rows starts the node the same way opening the window does.
   void Start_From_Show();
 
@@ -37,10 +37,10 @@ class ArtNetSetup : public Window {
 
   // The universe row i sends on: the one in its ArtDmx header while it is enabled,
   // its own index (what enabling it gives) while it is not.
-  std::string Text1(int i) const;
-  const std::string& Button1(int i) const { return rows_[i].caption; }
-  Paint Button1_colour(int i) const { return rows_[i].colour; }
-  const std::string& Text2() const { return text2_; }
+  std::string universe_box(int i) const;
+  const std::string& enable_button(int i) const { return rows_[i].caption; }
+  Paint enable_button_colour(int i) const { return rows_[i].colour; }
+  const std::string& state_box() const { return state_box_; }
   const std::string& Destination() const { return destination_text_; }
   // Where the node sends now, for the operator.
   std::string Destination_Status() const;
@@ -59,7 +59,7 @@ class ArtNetSetup : public Window {
   ArtNetNode& node_;
   MainDesk& main_desk_;
   std::array<Row, kRows> rows_{};
-  std::string text2_;
+  std::string state_box_;
   std::string destination_text_;
 };
 

@@ -63,7 +63,7 @@ void OutputDeviceSetup::Form_Load() {
   smooth_clicked_ = false;
   // Selecting the entry raises the list's own click, and loading runs the
   // handling once more.
-  Combo1_Click(chosen_);
+  adapter_list_clicked(chosen_);
   selection_changed();
 }
 
@@ -80,7 +80,7 @@ void OutputDeviceSetup::Refresh() {
   port_option_from_address();
 }
 
-void OutputDeviceSetup::Combo1_Click(int index) {
+void OutputDeviceSetup::adapter_list_clicked(int index) {
   list_index_ = std::clamp(index, 0, kAdapterCount - 1);
   selection_changed();
 }
@@ -98,18 +98,18 @@ void OutputDeviceSetup::disable(std::initializer_list<Control> which) {
 }
 
 void OutputDeviceSetup::show_rate() {
-  text1_ = str_number(rate_) + " mS";
-  hscroll1_ = std::clamp(rate_, kScrollMin, kScrollMax);
+  rate_box_ = str_number(rate_) + " mS";
+  rate_scroll_ = std::clamp(rate_, kScrollMin, kScrollMax);
 }
 
 void OutputDeviceSetup::port_option_from_address() {
   const int address = context_.store().Port_Address;
   if (address == kLpt1Address) {
-    option1_ = true;
-    option2_ = false;
+    lpt1_option_ = true;
+    lpt2_option_ = false;
   } else if (address == kLpt2Address) {
-    option1_ = false;
-    option2_ = true;
+    lpt1_option_ = false;
+    lpt2_option_ = true;
   }
 }
 
@@ -117,34 +117,39 @@ void OutputDeviceSetup::port_option_from_address() {
 void OutputDeviceSetup::lay_out(int adapter) {
   switch (adapter) {
     case kAdapterNone:
-      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1, Text2});
-      disable({Text1, HScroll1});
+      hide({Lpt1AddressLabel, Lpt2AddressLabel, PortLabel, Lpt1Option, Lpt2Option,
+            RateLabel, RateBox, RateScroll, UsbStateBox});
+      disable({RateBox, RateScroll});
       break;
     case kAdapterParlex:
     case kAdapterManolator:
-      show({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
-      hide({Text2});
+      show({Lpt1AddressLabel, Lpt2AddressLabel, PortLabel, Lpt1Option, Lpt2Option,
+            RateLabel, RateBox, RateScroll});
+      hide({UsbStateBox});
       break;
     case kAdapterOki:
-      show({Label1_0, Label1_1, Label2, Option1, Option2});
-      hide({Label3, Text1, Text2, HScroll1});
-      disable({Text1, HScroll1});
+      show({Lpt1AddressLabel, Lpt2AddressLabel, PortLabel, Lpt1Option, Lpt2Option});
+      hide({RateLabel, RateBox, UsbStateBox, RateScroll});
+      disable({RateBox, RateScroll});
       break;
     case kAdapterOpenDmx:
-      show({Text2});
-      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
-      disable({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
+      show({UsbStateBox});
+      hide({Lpt1AddressLabel, Lpt2AddressLabel, PortLabel, Lpt1Option, Lpt2Option,
+            RateLabel, RateBox, RateScroll});
+      disable({Lpt1AddressLabel, Lpt2AddressLabel, PortLabel, Lpt1Option, Lpt2Option,
+               RateLabel, RateBox, RateScroll});
       break;
     case kAdapterOksidizer:
-      show({Text2});
-      hide({Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1});
-      disable({HScroll1});
+      show({UsbStateBox});
+      hide({Lpt1AddressLabel, Lpt2AddressLabel, PortLabel, Lpt1Option, Lpt2Option,
+            RateLabel, RateBox, RateScroll});
+      disable({RateScroll});
       break;
     default:
       break;
   }
   if (smooth_ && adapter == kAdapterNone) {
-    show({Label3, Text1, HScroll1});
+    show({RateLabel, RateBox, RateScroll});
     show_rate();
   }
 }
@@ -195,43 +200,43 @@ void OutputDeviceSetup::driver_search() {
   StatusLines& status = context_.status();
   if (usb.driver_present()) {
     devices.set_USB_Connected(1);
-    text2_ = kDriverFound;
+    usb_state_box_ = kDriverFound;
     usb.USB_Get_Error(1);
     usb.USB_Open_Device();
     if (usb.USB_Get_Error(1) == 0) {
-      text2_ = kConnected;
+      usb_state_box_ = kConnected;
       status.show_both(kUsbConnected);
     } else {
-      text2_ = kSearching;
+      usb_state_box_ = kSearching;
       status.show_both(kUsbSearching);
     }
   } else {
-    text2_ = kDriverNotFound;
+    usb_state_box_ = kDriverNotFound;
     status.show_both(kUsbNotFound);
     devices.set_USB_Connected(0);
   }
   context_.store().Adapter = kAdapterOpenDmx;
 }
 
-void OutputDeviceSetup::Option1_Click() {
+void OutputDeviceSetup::lpt1_option_clicked() {
   context_.store().Port_Address = kLpt1Address;
-  option1_ = true;
-  option2_ = false;
+  lpt1_option_ = true;
+  lpt2_option_ = false;
 }
 
-void OutputDeviceSetup::Option2_Click() {
+void OutputDeviceSetup::lpt2_option_clicked() {
   context_.store().Port_Address = kLpt2Address;
-  option2_ = true;
-  option1_ = false;
+  lpt2_option_ = true;
+  lpt1_option_ = false;
 }
 
-void OutputDeviceSetup::HScroll1_Change(int value) {
-  hscroll1_ = std::clamp(value, kScrollMin, kScrollMax);
-  rate_ = hscroll1_;
-  text1_ = str_number(rate_) + " mS";
+void OutputDeviceSetup::rate_scroll_changed(int value) {
+  rate_scroll_ = std::clamp(value, kScrollMin, kScrollMax);
+  rate_ = rate_scroll_;
+  rate_box_ = str_number(rate_) + " mS";
 }
 
-void OutputDeviceSetup::Command1_Click() {
+void OutputDeviceSetup::save_clicked() {
   context_.store().Adapter = static_cast<std::int16_t>(chosen_);
   output_timer_.set_interval(rate_);
   OutputTiming& timing = context_.output_timing();
@@ -244,6 +249,6 @@ void OutputDeviceSetup::Command1_Click() {
   Hide();
 }
 
-void OutputDeviceSetup::Command2_Click() { Hide(); }
+void OutputDeviceSetup::cancel_clicked() { Hide(); }
 
 }  // namespace lumaris

@@ -18,7 +18,7 @@ class Timer;
 class OutputDeviceSetup : public Window {
  public:
   static constexpr int kAdapterCount = 6;
-  // HScroll1: the refresh rate in ms. The lower bound is 10 ms: a shorter
+  // The rate scroll bar: the refresh rate in ms. The lower bound is 10 ms: a shorter
   // interval would leave the desk no time between frames.
   static constexpr int kScrollMin = 10;
   static constexpr int kScrollMax = 750;
@@ -26,14 +26,17 @@ class OutputDeviceSetup : public Window {
   static constexpr int kScrollInitial = 75;
 
   // The controls whose visibility and enabled state the adapter choice sets.
-  enum Control { Label1_0, Label1_1, Label2, Option1, Option2, Label3, Text1, HScroll1, Text2 };
+  enum Control {
+    Lpt1AddressLabel, Lpt2AddressLabel, PortLabel, Lpt1Option, Lpt2Option,
+    RateLabel, RateBox, RateScroll, UsbStateBox,
+  };
   static constexpr int kControls = 9;
   struct ControlState {
     bool visible = true;
     bool enabled = true;
   };
 
-  static const std::array<const char*, kAdapterCount> kAdapterEntries;  // Combo1, in order
+  static const std::array<const char*, kAdapterCount> kAdapterEntries;  // the adapter list, in order
   static const std::array<const char*, kAdapterCount> kAdapterNames;    // Adapter_Name captions
 
   // The output timer is the output cycle's: its interval is the refresh rate.
@@ -46,28 +49,28 @@ class OutputDeviceSetup : public Window {
   // A later opening: shows the desk's adapter and refresh rate and changes
   // nothing, so looking at the window never interrupts the output.
   void Refresh();
-  void Combo1_Click(int index);
-  void Option1_Click();
-  void Option2_Click();
-  void HScroll1_Change(int value);
+  void adapter_list_clicked(int index);
+  void lpt1_option_clicked();
+  void lpt2_option_clicked();
+  void rate_scroll_changed(int value);
   // "Smooth output": takes effect, and is kept with the computer's settings, on
   // "Save and Exit". With it on, the refresh rate can be set whatever the adapter,
   // so an Art-Net-only desk can run at 23 ms.
   void Smooth_Check_Click(bool checked);
-  void Command1_Click();  // "Save and Exit"
-  void Command2_Click();  // "Cancel"
+  void save_clicked();    // "Save and Exit"
+  void cancel_clicked();  // "Cancel"
 
   // Written by the output cycle while the Open DMX USB adapter searches.
-  void set_Text2(std::string text) { text2_ = std::move(text); }
+  void set_usb_state_box(std::string text) { usb_state_box_ = std::move(text); }
 
-  int Combo1_ListIndex() const { return list_index_; }
+  int adapter_list_index() const { return list_index_; }
   const std::string& Adapter_Name() const { return adapter_name_; }
-  bool Option1_Value() const { return option1_; }
-  bool Option2_Value() const { return option2_; }
-  const std::string& Text1_Text() const { return text1_; }
-  int HScroll1_Value() const { return hscroll1_; }
+  bool lpt1_option_value() const { return lpt1_option_; }
+  bool lpt2_option_value() const { return lpt2_option_; }
+  const std::string& rate_box_text() const { return rate_box_; }
+  int rate_scroll_value() const { return rate_scroll_; }
   bool Smooth_Check_Value() const { return smooth_; }
-  const std::string& Text2_Text() const { return text2_; }
+  const std::string& usb_state_box_text() const { return usb_state_box_; }
   const ControlState& control(Control which) const { return controls_[which]; }
   int chosen_adapter() const { return chosen_; }
   int refresh_rate() const { return rate_; }
@@ -89,11 +92,11 @@ class OutputDeviceSetup : public Window {
   int chosen_ = 0;
   int rate_ = kScrollInitial;
   std::string adapter_name_;
-  bool option1_ = true;
-  bool option2_ = false;
-  std::string text1_;
-  int hscroll1_ = kScrollInitial;
-  std::string text2_;
+  bool lpt1_option_ = true;
+  bool lpt2_option_ = false;
+  std::string rate_box_;
+  int rate_scroll_ = kScrollInitial;
+  std::string usb_state_box_;
   std::array<ControlState, kControls> controls_{};
   bool smooth_ = false;
   bool smooth_clicked_ = false;  // since the window opened

@@ -19,8 +19,8 @@ constexpr const char* kOkiNotRespondingStatus = " 3-1 Adapter Not connected ot n
 constexpr const char* kOksidNotResponding = " USB DMX Adapter Not Connected or Not Responding";
 constexpr const char* kUsbConnectedStatus = " Open USB Connected";
 constexpr const char* kUsbSearchingStatus = " Open USB Searching";
-constexpr const char* kConnectedText2 = "Connected";
-constexpr const char* kSearchingText2 = "Searching...";
+constexpr const char* kUsbConnectedState = "Connected";
+constexpr const char* kUsbSearchingState = "Searching...";
 
 constexpr std::int32_t kOksidSendDmx = 4;
 constexpr const char* kNoDriver = "the FTDI driver is not installed";
@@ -106,7 +106,7 @@ void OutputDevices::send_open_dmx() {
     // Before quiet mode a failing open is only shown and leaves no code: the
     // device counts as connected only when it is open.
     if (opendmx_.USB_Get_Error(1) == 0 && opendmx_.USB_Open()) {
-      if (setup_ && setup_->visible()) setup_->set_Text2(kConnectedText2);
+      if (setup_ && setup_->visible()) setup_->set_usb_state_box(kUsbConnectedState);
       context_.status().show_both(kUsbConnectedStatus);
       usb_connected_ = 1;
       usb_searching_ = 0;
@@ -117,7 +117,7 @@ void OutputDevices::send_open_dmx() {
     opendmx_.USB_Set_Data(context_.store().DMX_Out);
     opendmx_.USB_Send_Frame();
     if (opendmx_.USB_Get_Error(1) != 0 || !opendmx_.USB_Open()) {
-      if (setup_ && setup_->visible()) setup_->set_Text2(kSearchingText2);
+      if (setup_ && setup_->visible()) setup_->set_usb_state_box(kUsbSearchingState);
       context_.status().show_both(kUsbSearchingStatus);
       usb_searching_ = 1;
       usb_connected_ = 0;
@@ -131,7 +131,7 @@ void OutputDevices::adapter_failed(int adapter) {
   context_.dialogs().message({kDmxErrorTitle, oki ? kOkiNotRespondingMessage : kOksidNotResponding,
                               MessageIcon::Exclamation, MessageButtons::Ok, MessageResult::Ok});
   context_.status().show_both(oki ? kOkiNotRespondingStatus : kOksidNotResponding);
-  if (setup_ && setup_->visible()) setup_->Combo1_Click(0);
+  if (setup_ && setup_->visible()) setup_->adapter_list_clicked(0);
 }
 
 }  // namespace lumaris

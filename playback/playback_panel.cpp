@@ -17,8 +17,6 @@ constexpr const char* kDeskCleared = " Desk Cleared ";
 constexpr const char* kSubmixesCleared = " Submixes Cleared ";
 constexpr const char* kStepTiming = " Step Timing";
 constexpr const char* kMovedMark = " *";
-constexpr int kSurfacePlaybackMode = 2;
-constexpr int kSurfaceElements = 33;
 constexpr int kSequenceStopLevel = 3;  // a Sequence fader below this stops its chase
 constexpr int kSequenceRestartLevel = 5;
 
@@ -46,7 +44,9 @@ void PlaybackPanel::Button_Press(int i, MouseButton mouse) {
   }
   press(i, b);
   Compute_Live_Output();
-  if (surface_in_playback()) context_.surface().BCF_Button_Update(b, context_.store().Playback_Button_State[b]);
+  if (surface_in_playback()) {
+    context_.surface().BCF_Button_Update(PlaybackElement(b), context_.store().Playback_Button_State[b]);
+  }
 }
 
 void PlaybackPanel::press(int i, int b) {
@@ -136,7 +136,7 @@ void PlaybackPanel::release(int i, int b) {
       return;
   }
   buttons_[i].Picture1 = kLampOff;
-  if (surface_in_playback()) context_.surface().BCF_Button_Update(b, state);
+  if (surface_in_playback()) context_.surface().BCF_Button_Update(PlaybackElement(b), state);
 }
 
 void PlaybackPanel::Fader_Move(int i, int value) {
@@ -166,7 +166,7 @@ void PlaybackPanel::Fader_Move(int i, int value) {
     }
   }
   Compute_Live_Output();
-  if (surface_in_playback()) context_.surface().BCF_Fader_Update(f, level);
+  if (surface_in_playback()) context_.surface().BCF_Fader_Update(PlaybackElement(f), level);
 }
 
 void PlaybackPanel::Fader_Setup_Click(int i) {
@@ -230,8 +230,8 @@ void PlaybackPanel::Refresh_Playback_Panel() {
 void PlaybackPanel::reset_surface() {
   if (!surface_in_playback()) return;
   for (int i = 0; i < kSurfaceElements; ++i) {
-    context_.surface().BCF_Fader_Update(i, 0);
-    context_.surface().BCF_Button_Update(i, false);
+    context_.surface().BCF_Fader_Update(PlaybackElement(i), 0);
+    context_.surface().BCF_Button_Update(PlaybackElement(i), false);
   }
 }
 

@@ -29,9 +29,6 @@ constexpr int kResumeLow = 30;
 constexpr int kResumeHigh = 230;
 constexpr int kDefaultOutputInterval = 70;
 constexpr int kSequenceFaderThreshold = 10;
-constexpr int kSurfaceMainMode = 1;
-constexpr int kSurfacePlaybackMode = 2;
-constexpr int kSurfaceElements = 33;
 constexpr int kSurfaceStrips = 32;  // one main desk page
 
 // The screen's Next; a screen without one goes on to the following screen.
@@ -215,13 +212,16 @@ void RunMode::Complete_Take() {
   if (desk_.refresh_playback) desk_.refresh_playback();
   if (store.BCF_Mode == kSurfacePlaybackMode) {
     for (int i = 0; i < kSurfaceElements; ++i) {
-      context_.surface().BCF_Fader_Update(i, store.Playback_Fader_Level[i]);
-      context_.surface().BCF_Button_Update(i, store.Playback_Button_State[i]);
+      context_.surface().BCF_Fader_Update(PlaybackElement(i), store.Playback_Fader_Level[i]);
+      context_.surface().BCF_Button_Update(PlaybackElement(i), store.Playback_Button_State[i]);
     }
   } else if (store.BCF_Mode == kSurfaceMainMode) {
     // The surface's faders are the main desk strips of the page on show.
     const int first = store.Fader_Page * kSurfaceStrips;
-    for (int i = 0; i < kSurfaceStrips; ++i) context_.surface().BCF_Fader_Update(i, store.Desk_Level[first + i]);
+    for (int i = 0; i < kSurfaceStrips; ++i) {
+      context_.surface().BCF_Fader_Update(SurfaceStrip::of_channel(store.Fader_Page, first + i),
+                                          store.Desk_Level[first + i]);
+    }
   }
   if (!screen.Auto) return;
   if (screen.Delay < 1) {

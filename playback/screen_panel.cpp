@@ -13,8 +13,6 @@ namespace lumaris {
 
 namespace {
 
-constexpr int kSurfacePlaybackMode = 2;
-constexpr int kSurfaceElements = 33;  // surface faders and buttons 0..32
 constexpr int kSequenceFaderThreshold = 10;
 
 std::string recorded_text(int n) { return " Cue " + std::to_string(n) + " Recorded"; }
@@ -116,8 +114,8 @@ void ScreenPanel::Recall_Screen(int n) {
   context_.status().show_playback(recalled_text(n));
   if (store.BCF_Mode == kSurfacePlaybackMode) {
     for (int i = 0; i < kSurfaceElements; ++i) {
-      context_.surface().BCF_Fader_Update(i, store.Playback_Fader_Level[i]);
-      context_.surface().BCF_Button_Update(i, store.Playback_Button_State[i]);
+      context_.surface().BCF_Fader_Update(PlaybackElement(i), store.Playback_Fader_Level[i]);
+      context_.surface().BCF_Button_Update(PlaybackElement(i), store.Playback_Button_State[i]);
     }
   }
 }

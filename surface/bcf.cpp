@@ -23,7 +23,7 @@ constexpr std::array<const char*, 7> kModeNames = {
     " Channel Set",   " Submix Set", " User Config"};
 constexpr const char* kConnectingStatus = " Connecting to BCF2000";
 constexpr const char* kNotFoundText = " No BCF2000 Found";
-constexpr const char* kMadeText2 = " BCF2000 Connection Made ";
+constexpr const char* kMadeConnection = " BCF2000 Connection Made ";
 constexpr const char* kMadeSetup = " Connection Made";
 constexpr const char* kMadeStatus = " BCF2000 Connection Made";
 constexpr const char* kGroupStatus = " BCF Fader Group ";
@@ -69,12 +69,12 @@ BCF::BCF(DeskContext& context, Midi* midi, MainDesk& main_desk, PlaybackDesk& pl
   const std::weak_ptr<bool> alive = alive_;
   midi_->on_message([this, &scheduler, alive](std::vector<std::uint8_t> message) {
     scheduler.post([this, alive, message = std::move(message)] {
-      if (alive.lock()) MIDIInput1_Message(message);
+      if (alive.lock()) midi_input_message(message);
     });
   });
   midi_->on_error([this, &scheduler, alive](int code, std::string description) {
     scheduler.post([this, alive, code, description = std::move(description)] {
-      if (alive.lock()) MIDIInput1_Error(code, description);
+      if (alive.lock()) midi_input_error(code, description);
     });
   });
 }
@@ -121,10 +121,10 @@ void BCF::BCF_Connect() {
   }
   if (out_device_ == kNotFound || in_device_ == kNotFound) {
     close_ports();
-    text2_ = kNotFoundText;
-    if (setup_ != nullptr) setup_->set_Text1(kNotFoundText);
+    connection_box_ = kNotFoundText;
+    if (setup_ != nullptr) setup_->set_connection_box(kNotFoundText);
     context_.status().show(kNotFoundText, kNotFoundText);
-    set_mode(kNotConnected);
+    set_mode(kSurfaceNotConnected);
     BCF_Show_Mode();
     return;
   }
@@ -135,20 +135,22 @@ void BCF::BCF_Connect() {
   if (!midi_->output_open()) {
     context_.dialogs().message({kOutputTitle, kOutputText, MessageIcon::Exclamation});
   }
-  text2_ = kMadeText2;
-  if (setup_ != nullptr) setup_->set_Text1(kMadeSetup);
+  connection_box_ = kMadeConnection;
+  if (setup_ != nullptr) setup_->set_connection_box(kMadeSetup);
   context_.status().show(kMadeStatus, kMadeStatus);
-  set_mode(kMainDesk);
+  set_mode(kSurfaceMainMode);
   BCF_Show_Mode();
   fader_group_ = 0;
   fader_moved_.fill(false);
   send_faders();  // the motor faders take the desk's levels at once
-  if (input_error) MIDIInput1_Error(kInputOpenFailed, *input_error);
+  if (input_error) midi_input_error(kInputOpenFailed, *input_error);
 }
 
 void BCF::Start_From_Show(int saved_mode) {
   BCF_Connect();
-  if (mode() != kMainDesk || saved_mode <= kMainDesk || saved_mode > kUserConfig) return;
+  if (mode() != kSurfaceMainMode || saved_mode <= kSurfaceMainMode || saved_mode > kSurfaceUserConfigMode) {
+    return;
+  }
   set_mode(saved_mode);
   arrive_in_mode();
   BCF_Show_Mode();
@@ -158,15 +160,21 @@ void BCF::BCF_Send_CC(int controller, int value) {
   if (midi_ != nullptr && midi_->output_open()) midi_->send_control_change(controller, value);
 }
 
-void BCF::BCF_Fader_Update(int index, int level) {
+void BCF::BCF_Fader_Update(SurfaceStrip strip, int level) { move_motor_fader(strip.index(), level); }
+
+void BCF::BCF_Fader_Update(PlaybackElement fader, int level) { move_motor_fader(fader.number(), level); }
+
+// Position 0..31 across the fader groups: only the group on show has motors there.
+void BCF::move_motor_fader(int position, int level) {
   const int first = fader_group_ * kFaders;
-  if (index < first || index > first + kFaders - 1) return;
-  const int f = index - first;
+  if (position < first || position > first + kFaders - 1) return;
+  const int f = position - first;
   if (!fader_moved_[f]) BCF_Send_CC(kFirstFader + f, std::clamp(level, 0, 255) / 2);
   fader_moved_[f] = false;
 }
 
-void BCF::BCF_Button_Update(int index, bool state) {
+void BCF::BCF_Button_Update(PlaybackElement button, bool state) {
+  const int index = button.number();
   int controller = 0;
   if (fader_group_ == 0 && index >= 0 && index <= 15) {
     controller = kFirstButton + index;
@@ -182,21 +190,21 @@ void BCF::BCF_Button_Update(int index, bool state) {
 
 void BCF::BCF_Show_Mode() {
   const int m = mode();
-  text3_ = m >= 0 && m < static_cast<int>(kModeNames.size()) ? kModeNames[m] : "";
-  pannel_dec_enabled_ = m != kMainDesk;
-  pannel_inc_enabled_ = m != kUserConfig;
+  mode_box_ = m >= 0 && m < static_cast<int>(kModeNames.size()) ? kModeNames[m] : "";
+  previous_mode_enabled_ = m != kSurfaceMainMode;
+  next_mode_enabled_ = m != kSurfaceUserConfigMode;
 }
 
-void BCF::Pannel_Inc_Click() {
-  if (mode() < kUserConfig) {
+void BCF::next_mode_clicked() {
+  if (mode() < kSurfaceUserConfigMode) {
     set_mode(mode() + 1);
     arrive_in_mode();
   }
   BCF_Show_Mode();
 }
 
-void BCF::Pannel_Dec_Click() {
-  if (mode() > kMainDesk) {
+void BCF::previous_mode_clicked() {
+  if (mode() > kSurfaceMainMode) {
     set_mode(mode() - 1);
     arrive_in_mode();
   }
@@ -204,13 +212,13 @@ void BCF::Pannel_Dec_Click() {
 }
 
 void BCF::arrive_in_mode() {
-  if (mode() == kMainDesk || mode() == kPlaybackDesk) send_faders();
+  if (mode() == kSurfaceMainMode || mode() == kSurfacePlaybackMode) send_faders();
 }
 
 // The level shown by surface fader index (0..31) in the current mode.
 int BCF::fader_level(int index) const {
   const Store& store = context_.store();
-  if (mode() == kPlaybackDesk) return store.Playback_Fader_Level[index];
+  if (mode() == kSurfacePlaybackMode) return store.Playback_Fader_Level[index];
   return store.Desk_Level[store.Fader_Page * MainDesk::kStrips + index];
 }
 
@@ -229,25 +237,25 @@ void BCF::choose_group(int group) {
   context_.status().show_main(kGroupStatus + str_number(group));
 }
 
-void BCF::show_monitor(int number, bool on) { text1_ = str_number(number) + (on ? kOn : kOff); }
+void BCF::show_monitor(int number, bool on) { monitor_box_ = str_number(number) + (on ? kOn : kOff); }
 
-void BCF::MIDIInput1_Message(const std::vector<std::uint8_t>& message) {
+void BCF::midi_input_message(const std::vector<std::uint8_t>& message) {
   // Only controller messages carry a controller and a value; their type and
   // channel are not checked. A data byte with its top bit set is no MIDI at all.
   if (message.size() < 3 || message[1] > 127 || message[2] > 127) return;
   const int controller = message[1];
   const int value = message[2];
-  if (mode() == kMainDesk) {
+  if (mode() == kSurfaceMainMode) {
     main_desk_message(controller, value);
-  } else if (mode() == kPlaybackDesk) {
+  } else if (mode() == kSurfacePlaybackMode) {
     playback_desk_message(controller, value);
   }
 }
 
-void BCF::MIDIInput1_Error(int code, const std::string& description) {
+void BCF::midi_input_error(int code, const std::string& description) {
   if (code == Midi::kWarning || code == Midi::kDroppedMessage) return;
   context_.dialogs().message({kInputErrorTitle, description, MessageIcon::Exclamation});
-  set_mode(kNotConnected);
+  set_mode(kSurfaceNotConnected);
   BCF_Show_Mode();
 }
 
@@ -260,14 +268,10 @@ void BCF::main_desk_message(int controller, int value) {
     // is the one Fader_Moved holds back.
     main_desk_.Slider1_Change(fader_group_ * kFaders + f, 255 - value * 2);
     fader_moved_[f] = false;
-  } else if (controller >= kFirstGroup && controller <= kLastGroup) {
-    if (on) choose_group(controller - kFirstGroup);
-    show_monitor(controller - kFirstGroup, on);
   } else if (controller >= kFirstButton && controller <= kLastButton) {
     show_monitor(controller - kFirstButton, on);
-  } else if ((controller >= kFirstPushButton && controller <= kLastPushButton) ||
-             (controller >= kFirstSwitch && controller <= kLastSwitch)) {
-    show_monitor(controller - kFirstPushButton, on);
+  } else {
+    group_or_monitor_message(controller, on);
   }
 }
 
@@ -280,7 +284,16 @@ void BCF::playback_desk_message(int controller, int value) {
     fader_moved_[f] = true;
     playback_fader(fader_group_ * kFaders + f, value * 2);
     fader_moved_[f] = false;
-  } else if (controller >= kFirstGroup && controller <= kLastGroup) {
+  } else {
+    group_or_monitor_message(controller, on);
+  }
+}
+
+// Both desk modes read these alike: a group button chooses the eight strips the
+// faders show, and an encoder push or one of the two switches is only shown in
+// the monitor box.
+void BCF::group_or_monitor_message(int controller, bool on) {
+  if (controller >= kFirstGroup && controller <= kLastGroup) {
     if (on) choose_group(controller - kFirstGroup);
     show_monitor(controller - kFirstGroup, on);
   } else if ((controller >= kFirstPushButton && controller <= kLastPushButton) ||

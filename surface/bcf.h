@@ -28,10 +28,6 @@ bool is_bcf2000_port(const std::string& name);
 // of the main desk page on show, or that playback fader.
 class BCF : public Window, public SurfaceFeedback {
  public:
-  enum Mode : std::int16_t {
-    kNotConnected = 0, kMainDesk = 1, kPlaybackDesk = 2, kChaseDesk = 3,
-    kChannelSet = 4, kSubmixSet = 5, kUserConfig = 6,
-  };
   static constexpr int kFaders = 8;
   static constexpr int kGroups = 4;
   static constexpr int kFirstFader = 81;  // controllers 81..88
@@ -54,21 +50,24 @@ class BCF : public Window, public SurfaceFeedback {
   void Start_From_Show(int saved_mode);
 
   void BCF_Send_CC(int controller, int value);
-  void BCF_Fader_Update(int index, int level) override;
-  void BCF_Button_Update(int index, bool state) override;
+  using SurfaceFeedback::BCF_Fader_Update;
+  void BCF_Fader_Update(SurfaceStrip strip, int level) override;
+  void BCF_Fader_Update(PlaybackElement fader, int level) override;
+  void BCF_Button_Update(PlaybackElement button, bool state) override;
   void BCF_Show_Mode();
-  void Pannel_Inc_Click();  // "Next Channels"
-  void Pannel_Dec_Click();  // "Previous Channels"
+  // The step buttons ("Next Channels", "Previous Channels") step through the modes.
+  void next_mode_clicked();
+  void previous_mode_clicked();
 
-  // MIDIInput1's events, on the desk's thread.
-  void MIDIInput1_Message(const std::vector<std::uint8_t>& message);
-  void MIDIInput1_Error(int code, const std::string& description);
+  // The MIDI input's events, on the desk's thread.
+  void midi_input_message(const std::vector<std::uint8_t>& message);
+  void midi_input_error(int code, const std::string& description);
 
-  const std::string& Text1() const { return text1_; }  // the monitor box
-  const std::string& Text2() const { return text2_; }  // the connection
-  const std::string& Text3() const { return text3_; }  // the mode
-  bool Pannel_Dec_enabled() const { return pannel_dec_enabled_; }
-  bool Pannel_Inc_enabled() const { return pannel_inc_enabled_; }
+  const std::string& monitor_box() const { return monitor_box_; }  // the surface's last button
+  const std::string& connection_box() const { return connection_box_; }
+  const std::string& mode_box() const { return mode_box_; }
+  bool previous_mode_enabled() const { return previous_mode_enabled_; }
+  bool next_mode_enabled() const { return next_mode_enabled_; }
   int Fader_Group() const { return fader_group_; }
   int BCF_In_Device() const { return in_device_; }
   int BCF_Out_Device() const { return out_device_; }
@@ -82,10 +81,12 @@ class BCF : public Window, public SurfaceFeedback {
   void close_ports();
   void choose_group(int group);
   void send_faders();
+  void move_motor_fader(int position, int level);
   int fader_level(int index) const;
   void show_monitor(int number, bool on);
   void main_desk_message(int controller, int value);
   void playback_desk_message(int controller, int value);
+  void group_or_monitor_message(int controller, bool on);
   void playback_button(int b, bool on);
   void playback_fader(int index, int level);
 
@@ -97,11 +98,11 @@ class BCF : public Window, public SurfaceFeedback {
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
   bool loaded_ = false;
 
-  std::string text1_;
-  std::string text2_;
-  std::string text3_;
-  bool pannel_dec_enabled_ = true;
-  bool pannel_inc_enabled_ = true;
+  std::string monitor_box_;
+  std::string connection_box_;
+  std::string mode_box_;
+  bool previous_mode_enabled_ = true;
+  bool next_mode_enabled_ = true;
   int fader_group_ = 0;
   std::array<bool, 11> fader_moved_{};  // Fader_Moved(0..10)
   int in_device_ = kNotFound;

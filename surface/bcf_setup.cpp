@@ -17,10 +17,10 @@ BcfSetup::BcfSetup(DeskContext& context, BCF& surface)
 
 void BcfSetup::Form_Load() { surface_.Form_Load(); }
 
-void BcfSetup::Command1_Click() { surface_.BCF_Connect(); }
+void BcfSetup::connect_clicked() { surface_.BCF_Connect(); }
 
-void BcfSetup::Command2_Click() { context_.windows().open("bcf2000"); }
+void BcfSetup::control_clicked() { context_.windows().open("bcf2000"); }
 
-void BcfSetup::Command3_Click() { Hide(); }
+void BcfSetup::close_clicked() { Hide(); }
 
 }  // namespace lumaris

@@ -16,17 +16,17 @@ class BcfSetup : public Window {
   BcfSetup(DeskContext& context, BCF& surface);
 
   void Form_Load();
-  void Command1_Click();  // "Connect"
-  void Command2_Click();  // shows "BCF2000 Control"
-  void Command3_Click();  // "Close"
+  void connect_clicked();
+  void control_clicked();  // shows "BCF2000 Control"
+  void close_clicked();
 
-  const std::string& Text1() const { return text1_; }
-  void set_Text1(std::string text) { text1_ = std::move(text); }
+  const std::string& connection_box() const { return connection_box_; }
+  void set_connection_box(std::string text) { connection_box_ = std::move(text); }
 
  private:
   DeskContext& context_;
   BCF& surface_;
-  std::string text1_;
+  std::string connection_box_;
 };
 
 }  // namespace lumaris

@@ -35,19 +35,19 @@ TEST_F(ArtWindows, TheSetupRowButtonAndDestinationReachTheNode) {
   app.handle([&] { app.console().main_desk().Menu_Click("art-net-setup"); });
   auto& window = window_named<ArtNetSetupWindow>(app, "art-net-setup");
   ASSERT_TRUE(window.isVisible());
-  EXPECT_EQ(window.Text2()->text(), QStringLiteral(" Art-Net Initialized"));
+  EXPECT_EQ(window.state_box()->text(), QStringLiteral(" Art-Net Initialized"));
 
-  window.Button1(6)->click();
+  window.enable_button(6)->click();
   EXPECT_TRUE(app.console().store().Art_Universes[6].Enable);
-  EXPECT_EQ(window.Button1(6)->text(), QStringLiteral("Disable"));
-  EXPECT_TRUE(window.Button1(6)->styleSheet().contains(QStringLiteral("rgb(0, 255, 0)")));
+  EXPECT_EQ(window.enable_button(6)->text(), QStringLiteral("Disable"));
+  EXPECT_TRUE(window.enable_button(6)->styleSheet().contains(QStringLiteral("rgb(0, 255, 0)")));
 
   window.Destination()->setText(QStringLiteral("127.0.0.1"));
   emit window.Destination()->textEdited(window.Destination()->text());
   window.Destination_Set()->click();
   EXPECT_EQ(art_net().Art_Broadcast(), "127.0.0.1");
 
-  window.Command1()->click();
+  window.close_button()->click();
   EXPECT_FALSE(window.isVisible());
 }
 

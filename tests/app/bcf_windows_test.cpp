@@ -25,20 +25,20 @@ TEST(BcfWindows, ConnectFromTheSetupThenPlayAFaderAndStepTheMode) {
   EXPECT_TRUE(setup.isVisible());
   EXPECT_EQ(setup.windowTitle(), QStringLiteral("BCF Setup"));
 
-  setup.Command1()->click();
-  EXPECT_EQ(setup.Text1()->text(), QStringLiteral(" Connection Made"));
+  setup.connect_button()->click();
+  EXPECT_EQ(setup.connection_box()->text(), QStringLiteral(" Connection Made"));
   EXPECT_FALSE(control.isVisible());
-  setup.Command2()->click();
+  setup.control_button()->click();
   ASSERT_TRUE(control.isVisible());
-  EXPECT_EQ(control.Text3()->text(), QStringLiteral(" Main Desk"));
-  EXPECT_FALSE(control.Pannel_Dec()->isEnabled());
+  EXPECT_EQ(control.mode_box()->text(), QStringLiteral(" Main Desk"));
+  EXPECT_FALSE(control.previous_mode_button()->isEnabled());
 
   midi.deliver({0xB0, 81, 100});  // fader 1 at 100: level 200, once the event loop runs
   QCoreApplication::processEvents();
   EXPECT_EQ(app.console().store().Desk_Level[0], 200);
 
-  control.Pannel_Inc()->click();
-  EXPECT_EQ(control.Text3()->text(), QStringLiteral(" Playback Desk"));
+  control.next_mode_button()->click();
+  EXPECT_EQ(control.mode_box()->text(), QStringLiteral(" Playback Desk"));
   app.console().shutdown();
 }
 

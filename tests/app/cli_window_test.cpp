@@ -35,13 +35,13 @@ TEST_F(CliWindowTest, TheMenuOpensTheWindowAndItsKeysReachTheLine) {
   keys(&window(), {Qt::Key_Enter});
   EXPECT_EQ(store().Desk_Level[4], 128);
   EXPECT_EQ(window().String_In()->text(), QString());
-  EXPECT_EQ(window().Combo1()->currentText(), QStringLiteral("5 @ 50 "));
+  EXPECT_EQ(window().history_list()->currentText(), QStringLiteral("5 @ 50 "));
   EXPECT_TRUE(window().CLI_Status()->styleSheet().contains(QStringLiteral("rgb(0, 255, 0)")));
 
-  QTest::mouseClick(window().Command1(), Qt::LeftButton);
+  QTest::mouseClick(window().hide_button(), Qt::LeftButton);
   EXPECT_FALSE(window().isVisible());
   open->trigger();
-  EXPECT_EQ(window().Combo1()->count(), 1) << "the history is kept while the program runs";
+  EXPECT_EQ(window().history_list()->count(), 1) << "the history is kept while the program runs";
 }
 
 TEST_F(CliWindowTest, KeysOnTheMainDeskTypeIntoTheLine) {

@@ -20,21 +20,21 @@ TEST(OutputDeviceSetupWindow, OperatorChoicesReachTheDeskAndTheModelReachesTheWi
   auto* window = &window_named<OutputDeviceSetupWindow>(app, "output-device-setup");
   app.handle([&] { app.console().main_desk().Menu_Click("output-device-setup"); });
   EXPECT_TRUE(window->widget()->isVisible());
-  EXPECT_FALSE(window->HScroll1()->isVisibleTo(window->widget()));  // None
+  EXPECT_FALSE(window->rate_scroll()->isVisibleTo(window->widget()));  // None
 
-  window->Combo1()->setCurrentIndex(4);
-  emit window->Combo1()->activated(4);
+  window->adapter_list()->setCurrentIndex(4);
+  emit window->adapter_list()->activated(4);
   EXPECT_EQ(window->Adapter_Name()->text(), QStringLiteral(" Manolator DMX Interface "));
-  EXPECT_TRUE(window->HScroll1()->isVisibleTo(window->widget()));
+  EXPECT_TRUE(window->rate_scroll()->isVisibleTo(window->widget()));
 
-  window->Option2()->click();
+  window->lpt2_option()->click();
   EXPECT_EQ(app.console().store().Port_Address, 632);
-  EXPECT_FALSE(window->Option1()->isChecked());
+  EXPECT_FALSE(window->lpt1_option()->isChecked());
 
-  window->HScroll1()->setValue(100);
-  EXPECT_EQ(window->Text1()->text(), QStringLiteral(" 100 mS"));
+  window->rate_scroll()->setValue(100);
+  EXPECT_EQ(window->rate_box()->text(), QStringLiteral(" 100 mS"));
 
-  window->Command1()->click();
+  window->save_button()->click();
   EXPECT_EQ(app.console().store().Adapter, 4);
   EXPECT_EQ(app.console().output_cycle().Timer1().interval(), 100);
   EXPECT_FALSE(window->widget()->isVisible());

@@ -68,7 +68,7 @@ TEST(ProgramOptions, SmoothAndRefreshHoldForTheRunAndLeaveTheSettingsAlone) {
   OutputDeviceSetup& setup = t.console->port_setup();
   setup.Form_Load();
   EXPECT_TRUE(setup.Smooth_Check_Value()) << "the box shows this run's pacing";
-  setup.Command1_Click();  // "Save and Exit" with the box left alone
+  setup.save_clicked();  // "Save and Exit" with the box left alone
   EXPECT_TRUE(timing.smooth());
   EXPECT_EQ(t.console->output_cycle().Timer1().interval(), 23);
   EXPECT_EQ(settings.read(OutputTiming::kSmoothSetting), "0");

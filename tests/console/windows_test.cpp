@@ -33,7 +33,7 @@ TEST_F(WindowsTest, ReopeningTheOutputSetupNeverTouchesTheAdapterAgain) {
   menu("output-device-setup");
   const std::size_t device_calls = device.calls().size();
   ASSERT_GT(device_calls, 0u) << "the first opening searches for the device";
-  setup().Command2_Click();
+  setup().cancel_clicked();
 
   menu("output-device-setup");
   EXPECT_EQ(device.calls().size(), device_calls) << "looking at the window must not reopen the USB";
@@ -42,15 +42,15 @@ TEST_F(WindowsTest, ReopeningTheOutputSetupNeverTouchesTheAdapterAgain) {
 
   // A show loaded meanwhile chose the OKI adapter: the window shows it, and the
   // port gets no wake-up pulse from looking.
-  setup().Command2_Click();
+  setup().cancel_clicked();
   test.store().Adapter = kOki;
   const std::size_t port_writes = port.events.size();
   const std::string status = test.console->status().main();
   menu("output-device-setup");
   EXPECT_EQ(setup().Adapter_Name(), OutputDeviceSetup::kAdapterNames[kOki]);
-  EXPECT_EQ(setup().Combo1_ListIndex(), kOki);
-  EXPECT_FALSE(setup().control(OutputDeviceSetup::Text1).visible);
-  EXPECT_TRUE(setup().control(OutputDeviceSetup::Option1).visible);
+  EXPECT_EQ(setup().adapter_list_index(), kOki);
+  EXPECT_FALSE(setup().control(OutputDeviceSetup::RateBox).visible);
+  EXPECT_TRUE(setup().control(OutputDeviceSetup::Lpt1Option).visible);
   EXPECT_EQ(port.events.size(), port_writes);
   EXPECT_EQ(test.console->status().main(), status);
 }

@@ -143,7 +143,7 @@ TEST_F(MainDeskTest, HelpShowsTheKeysTheConsoleAnswersToAndRecallShowsTheRecalle
 TEST_F(MainDeskTest, FaderMovesReachTheSurfaceOnlyWhenItDrivesTheMainDesk) {
   struct RecordingSurface : SurfaceFeedback {
     std::vector<std::pair<int, int>> sent;
-    void BCF_Fader_Update(int ch, int level) override { sent.emplace_back(ch, level); }
+    void BCF_Fader_Update(SurfaceStrip strip, int level) override { sent.emplace_back(strip.index(), level); }
   } surface;
   t.console->attach_surface(&surface);
   desk().Slider1_Change(1, 0);

@@ -71,7 +71,7 @@ TEST_F(CommandLine, AnAssignmentRecordsTheLineLightsGreenAndRedrawsTheDesk) {
   EXPECT_EQ(cli().Token_Index(), 0);
   EXPECT_EQ(t.console->main_desk().strips()[4].Text1, "128");
   type("4/.30\n1*8+12.000 2+61.40\n");
-  EXPECT_EQ(cli().Combo1(), (History{"5 @ 50 ", "S4 @ 30 ", "1 Thru 8 + 12 @ 100 ", "2 + 61 @ 40 "}))
+  EXPECT_EQ(cli().history_list(), (History{"5 @ 50 ", "S4 @ 30 ", "1 Thru 8 + 12 @ 100 ", "2 + 61 @ 40 "}))
       << "a fader number shows with S; an execution error still enters the history";
   EXPECT_EQ(main_status(), "CLI -2 + 61 @ 40 ");
 }
@@ -96,7 +96,7 @@ TEST_F(CommandLine, RefusedLinesChangeNothingAndStayOutOfTheHistory) {
   EXPECT_EQ(fader(61), 0);
   // "5.", "5+6", "5.150" and 000 not after @ are refused at once; the others
   // fail on their number while executing, and the history shows what was tried.
-  EXPECT_EQ(cli().Combo1(), (History{"61 @ 20 ", "0 @ 50 ", " @ 50 "}));
+  EXPECT_EQ(cli().history_list(), (History{"61 @ 20 ", "0 @ 50 ", " @ 50 "}));
 
   type("7\n");
   EXPECT_EQ(cli().CLI_Status(), CLI::kLampTyping) << "every key first greys the lamp";
@@ -140,7 +140,7 @@ TEST_F(CommandLine, ALineLongerThanTheTokenArrayIsRefused) {
   EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "an @ would need token 101";
   EXPECT_EQ(cli().Token_Index(), 0);
   type("50\n");
-  EXPECT_TRUE(cli().Combo1().empty());
+  EXPECT_TRUE(cli().history_list().empty());
   EXPECT_EQ(channel(1), 0);
 
   type("c");  // a line begun with C types on odd tokens
@@ -175,7 +175,7 @@ TEST_F(CommandLine, QueriesShowTheLevelInPercent) {
     type(out_of_range);
     EXPECT_EQ(main_status(), "Submix Channel 61 =  100%") << out_of_range << " is ignored";
   }
-  EXPECT_TRUE(cli().Combo1().empty()) << "queries do not enter the history";
+  EXPECT_TRUE(cli().history_list().empty()) << "queries do not enter the history";
 }
 
 TEST_F(CommandLine, CAndANumberRecallAScreenOrInRunModeTakeToIt) {
@@ -238,11 +238,11 @@ TEST_F(CommandLine, TheMainDeskPassesKeysAndItsMenuOpensTheWindowWhichKeepsItsLi
   type("3");
   desk.Menu_Click("command-line");
   EXPECT_TRUE(cli().visible());
-  cli().Command1_Click();
+  cli().hide_clicked();
   EXPECT_FALSE(cli().visible());
   desk.Menu_Click("command-line");
   EXPECT_EQ(cli().String_In(), "3 ");
-  EXPECT_EQ(cli().Combo1(), History{"5 @ 50 "});
+  EXPECT_EQ(cli().history_list(), History{"5 @ 50 "});
 }
 
 TEST(LaptopKeys, TopRowKeysActAsTheKeypadInTheWindowOnlyWhenTicked) {
@@ -261,7 +261,7 @@ TEST(LaptopKeys, TopRowKeysActAsTheKeypadInTheWindowOnlyWhenTicked) {
                            keys::kTop0, keys::kEnter}) {
       cli.Form_KeyDown(code);
     }
-    EXPECT_EQ(cli.Combo1(), History{"9 Thru 2 + S1 @ 40 "});
+    EXPECT_EQ(cli.history_list(), History{"9 Thru 2 + S1 @ 40 "});
     EXPECT_EQ(t.store().Desk_Level[1], 102);
     EXPECT_EQ(t.store().Playback_Fader_Level[0], 102);
     t.console->main_desk().Key_Down(keys::kTop0 + 5);

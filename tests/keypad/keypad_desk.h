@@ -14,7 +14,8 @@ namespace lumaris {
 // What the control surface was told.
 struct RecordingSurface final : SurfaceFeedback {
   std::vector<std::pair<int, int>> faders;
-  void BCF_Fader_Update(int index, int level) override { faders.emplace_back(index, level); }
+  void BCF_Fader_Update(SurfaceStrip strip, int level) override { faders.emplace_back(strip.index(), level); }
+  void BCF_Fader_Update(PlaybackElement fader, int level) override { faders.emplace_back(fader.number(), level); }
 };
 
 // A started console and its command line. Keys are typed as the terminal reads

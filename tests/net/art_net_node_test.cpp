@@ -29,8 +29,8 @@ TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMillisecondsWhileTheI
   t.main_desk().Command1_Click(0);  // channel 1 full: DMX 1
   t.main_desk().Slider1_Change(4, 255 - 77);  // channel 5 at 77: DMX 5
   t.open_setup();
-  t.config().Button1_Click(0);
-  t.config().Button1_Click(3);
+  t.config().enable_button_clicked(0);
+  t.config().enable_button_clicked(3);
   EXPECT_TRUE(t.main_desk().Art_Label_enabled());
 
   t.desk.scheduler.advance(100);
@@ -48,9 +48,9 @@ TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMillisecondsWhileTheI
   EXPECT_EQ(t.udp.sent().size(), 4u);
   EXPECT_EQ(t.main_desk().Picture1(), Paint{kBlack});
 
-  t.config().Button1_Click(0);
+  t.config().enable_button_clicked(0);
   EXPECT_TRUE(t.node().Art_Time().enabled());
-  t.config().Button1_Click(3);  // the last one
+  t.config().enable_button_clicked(3);  // the last one
   EXPECT_FALSE(t.node().Art_Time().enabled());
   EXPECT_EQ(t.main_desk().Picture1(), Paint{});
   EXPECT_FALSE(t.main_desk().Art_Label_enabled());
@@ -133,17 +133,17 @@ TEST(ArtNetNode, ALoadedShowSendsOnTheUniversesOfItsEightRowsWithButtonsWithoutT
       << "neither swapped nor split into sub-net and universe";
 
   t.open_setup();  // the window then shows the running node and what each row sends
-  EXPECT_EQ(std::tuple(t.config().Text2(), t.console().status().main()),
+  EXPECT_EQ(std::tuple(t.config().state_box(), t.console().status().main()),
             std::tuple(" Art Net OK", " ART NET OK "));
-  EXPECT_EQ(std::tuple(t.config().Button1(1), t.config().Text1(0), t.config().Text1(1)),
+  EXPECT_EQ(std::tuple(t.config().enable_button(1), t.config().universe_box(0), t.config().universe_box(1)),
             std::tuple("Disable", "1", "147"));
-  t.config().Button1_Click(1);
-  t.config().Button1_Click(1);
-  EXPECT_EQ(t.config().Text1(1), "1") << "enabled again: on its own index";
+  t.config().enable_button_clicked(1);
+  t.config().enable_button_clicked(1);
+  EXPECT_EQ(t.config().universe_box(1), "1") << "enabled again: on its own index";
 
-  for (int row = 0; row < 8; ++row) t.config().Button1_Click(row);  // all but the ninth off
+  for (int row = 0; row < 8; ++row) t.config().enable_button_clicked(row);  // all but the ninth off
   t.open_setup();
-  EXPECT_EQ(t.config().Text1(2), "2") << "a disabled row shows the universe enabling gives it";
+  EXPECT_EQ(t.config().universe_box(2), "2") << "a disabled row shows the universe enabling gives it";
   EXPECT_TRUE(t.node().Art_Time().enabled());
   EXPECT_TRUE(t.main_desk().Art_Label_enabled());
   t.udp.clear_sent();
@@ -157,17 +157,17 @@ TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtN
   t.build();
   t.udp.fail_next_bind("Address already in use");
   t.open_setup();
-  EXPECT_EQ(t.config().Text2(), " ! Art-Net Failed, Maybe another Art-Net program has the open?");
+  EXPECT_EQ(t.config().state_box(), " ! Art-Net Failed, Maybe another Art-Net program has the open?");
   EXPECT_EQ(t.console().status().main(), " Art-Net Failed");
   EXPECT_TRUE(logged(t, "! Art-Net Init Error: Address already in use"));
-  t.config().Button1_Click(0);
+  t.config().enable_button_clicked(0);
   t.main_desk().Command1_Click(0);
   t.desk.scheduler.advance(500);
   EXPECT_TRUE(t.udp.sent().empty());
   EXPECT_EQ(t.store().DMX_Out[0], 255);  // the output cycle goes on
   EXPECT_EQ(t.main_desk().Picture2(), kGreen);
   t.open_setup();  // the operator retries once the other program is gone
-  EXPECT_EQ(t.config().Text2(), " Art-Net Initialized");
+  EXPECT_EQ(t.config().state_box(), " Art-Net Initialized");
   t.desk.scheduler.advance(100);
   EXPECT_EQ(t.udp.sent().size(), 1u);
 
@@ -184,9 +184,9 @@ TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtN
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255 fails: Network is unreachable");
   EXPECT_TRUE(t.udp.sent().empty());
 
-  t.config().Button1_Click(0);  // nothing to send: the failure is over, said again if it returns
+  t.config().enable_button_clicked(0);  // nothing to send: the failure is over, said again if it returns
   EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net output");
-  t.config().Button1_Click(0);
+  t.config().enable_button_clicked(0);
   t.desk.scheduler.advance(100);
   EXPECT_EQ(said, (std::vector<std::string>{failed, failed}));
 
@@ -211,7 +211,7 @@ TEST(ArtNetNode, SmoothOutputSendsEachFrameRightAfterItsTick) {
   t.build();
   t.console().output_cycle().Timer1().set_interval(23);
   t.open_setup();
-  t.config().Button1_Click(0);
+  t.config().enable_button_clicked(0);
   t.desk.scheduler.advance(23);
   ASSERT_EQ(t.udp.sent().size(), 1u);
   t.main_desk().Slider1_Change(0, 255 - 9);
@@ -222,7 +222,7 @@ TEST(ArtNetNode, SmoothOutputSendsEachFrameRightAfterItsTick) {
   EXPECT_EQ(t.udp.sent()[1].bytes[18], 9);
   t.desk.scheduler.advance(100 - 46);  // Art_Time's own tick at 100 ms adds nothing
   EXPECT_EQ(t.udp.sent().size(), 4u);
-  t.config().Button1_Click(0);  // the last row off: nothing more
+  t.config().enable_button_clicked(0);  // the last row off: nothing more
   t.desk.scheduler.advance(100);
   EXPECT_EQ(t.udp.sent().size(), 4u);
 }

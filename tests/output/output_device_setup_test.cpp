@@ -44,10 +44,10 @@ struct PortsetupTest : ::testing::Test {
 
 // Each choice shows its own controls and says what it did; the others are hidden.
 TEST_F(PortsetupTest, EachAdapterShowsItsControlsAndItsStatus) {
-  const std::vector<C> all = {C::Label1_0, C::Label1_1, C::Label2, C::Option1, C::Option2,
-                              C::Label3,   C::Text1,    C::HScroll1, C::Text2};
-  const std::vector<C> port_and_rate = {C::Label1_0, C::Label1_1, C::Label2, C::Option1,
-                                        C::Option2,  C::Label3,   C::Text1,  C::HScroll1};
+  const std::vector<C> all = {C::Lpt1AddressLabel, C::Lpt2AddressLabel, C::PortLabel, C::Lpt1Option, C::Lpt2Option,
+                              C::RateLabel,   C::RateBox,    C::RateScroll, C::UsbStateBox};
+  const std::vector<C> port_and_rate = {C::Lpt1AddressLabel, C::Lpt2AddressLabel, C::PortLabel, C::Lpt1Option,
+                                        C::Lpt2Option,  C::RateLabel,   C::RateBox,  C::RateScroll};
   struct Case {
     int index;
     std::vector<C> shown;
@@ -55,19 +55,19 @@ TEST_F(PortsetupTest, EachAdapterShowsItsControlsAndItsStatus) {
     const char* status;
   };
   const Case cases[] = {
-      {0, {}, {C::Text1, C::HScroll1}, " NO DMX OUT"},
+      {0, {}, {C::RateBox, C::RateScroll}, " NO DMX OUT"},
       {1, port_and_rate, {}, " Parlex Adapter Running"},
-      {2, {C::Label1_0, C::Label1_1, C::Label2, C::Option1, C::Option2}, {C::Text1, C::HScroll1},
+      {2, {C::Lpt1AddressLabel, C::Lpt2AddressLabel, C::PortLabel, C::Lpt1Option, C::Lpt2Option}, {C::RateBox, C::RateScroll},
        " OKI 3-1 Adapter - NO DMX OUT"},
-      {3, {C::Text2}, port_and_rate, " Open USB Connected"},
+      {3, {C::UsbStateBox}, port_and_rate, " Open USB Connected"},
       {4, port_and_rate, {}, " Manolator Connectd  40ms"},  // the rate Open DMX USB set
-      {5, {C::Text2}, {C::HScroll1}, " Oksidizer USB2DMX Connecting....."},
+      {5, {C::UsbStateBox}, {C::RateScroll}, " Oksidizer USB2DMX Connecting....."},
   };
   open();
   for (const Case& c : cases) {
     SCOPED_TRACE(c.index);
-    setup->Combo1_Click(1);  // every control shown and enabled first
-    setup->Combo1_Click(c.index);
+    setup->adapter_list_clicked(1);  // every control shown and enabled first
+    setup->adapter_list_clicked(c.index);
     for (const C control : all) {
       const bool expected = std::find(c.shown.begin(), c.shown.end(), control) != c.shown.end();
       EXPECT_EQ(shown(control), expected) << "control " << control;
@@ -80,10 +80,10 @@ TEST_F(PortsetupTest, EachAdapterShowsItsControlsAndItsStatus) {
 
 TEST_F(PortsetupTest, OkiSendsTheWakeUpPulseOnEachSelectionAndForces70ms) {
   open();
-  setup->Option2_Click();
+  setup->lpt2_option_clicked();
   port.events.clear();
-  setup->HScroll1_Change(200);
-  setup->Combo1_Click(2);
+  setup->rate_scroll_changed(200);
+  setup->adapter_list_clicked(2);
   EXPECT_EQ(port.events, (std::vector<std::pair<int, int>>{
                              {0x27A, 3},                // control register: pulse
                              {FakePortIo::kWait, 50},   // held for 50 rounds
@@ -91,7 +91,7 @@ TEST_F(PortsetupTest, OkiSendsTheWakeUpPulseOnEachSelectionAndForces70ms) {
                              {0x278, 255},              // data register
                          }));
   EXPECT_EQ(setup->refresh_rate(), 70);
-  setup->Command2_Click();
+  setup->cancel_clicked();
   port.events.clear();
   test.store().Adapter = 2;
   open();
@@ -100,21 +100,21 @@ TEST_F(PortsetupTest, OkiSendsTheWakeUpPulseOnEachSelectionAndForces70ms) {
 
 TEST_F(PortsetupTest, OpenDmxConnectsAtOnceSearchesWithoutTheDeviceAndSendsNothingWithoutTheDriver) {
   open();
-  setup->Combo1_Click(3);
+  setup->adapter_list_clicked(3);
   EXPECT_EQ(test.store().Adapter, 3);  // without Save and Exit
-  EXPECT_EQ(std::tuple(setup->Text2_Text(), setup->refresh_rate()), std::tuple("Connected", 40));
+  EXPECT_EQ(std::tuple(setup->usb_state_box_text(), setup->refresh_rate()), std::tuple("Connected", 40));
   EXPECT_TRUE(console->output_devices().opendmx().USB_Quiet());
 
   device.unplug();
-  setup->Combo1_Click(0);
-  setup->Combo1_Click(3);
-  EXPECT_EQ(std::tuple(setup->Text2_Text(), test.console->status().main()),
+  setup->adapter_list_clicked(0);
+  setup->adapter_list_clicked(3);
+  EXPECT_EQ(std::tuple(setup->usb_state_box_text(), test.console->status().main()),
             std::tuple("Searching...", " Open USB Searching......."));
 
   device.set_driver_present(false);  // without the driver nothing is sent, nothing asked
-  setup->Combo1_Click(0);
-  setup->Combo1_Click(3);
-  EXPECT_EQ(setup->Text2_Text(), "USB Driver not Found");
+  setup->adapter_list_clicked(0);
+  setup->adapter_list_clicked(3);
+  EXPECT_EQ(setup->usb_state_box_text(), "USB Driver not Found");
   device.clear();
   test.scheduler.advance(70 * 5);
   EXPECT_TRUE(device.calls().empty());
@@ -126,26 +126,26 @@ TEST_F(PortsetupTest, OpenDmxConnectsAtOnceSearchesWithoutTheDeviceAndSendsNothi
 
 TEST_F(PortsetupTest, CancelKeepsOnlyThePortAndSaveAndExitSetsAdapterAndRateAndMarksTheProjectChanged) {
   open();
-  setup->Combo1_Click(1);
-  setup->Option2_Click();
-  setup->HScroll1_Change(300);
-  setup->Command2_Click();
+  setup->adapter_list_clicked(1);
+  setup->lpt2_option_clicked();
+  setup->rate_scroll_changed(300);
+  setup->cancel_clicked();
   EXPECT_FALSE(setup->visible());
   EXPECT_EQ(std::tuple(test.store().Adapter, test.store().Port_Address, timer_interval()),
             std::tuple(0, 632, 70));
   EXPECT_FALSE(test.store().Project_Changed);
 
   open();
-  EXPECT_TRUE(setup->Option2_Value());
-  setup->Option1_Click();
+  EXPECT_TRUE(setup->lpt2_option_value());
+  setup->lpt1_option_clicked();
   EXPECT_EQ(test.store().Port_Address, 888);
-  setup->Combo1_Click(4);
-  setup->HScroll1_Change(5000);  // the scroll bar stays in its range
-  EXPECT_EQ(setup->Text1_Text(), " 750 mS");
-  setup->HScroll1_Change(1);
+  setup->adapter_list_clicked(4);
+  setup->rate_scroll_changed(5000);  // the scroll bar stays in its range
+  EXPECT_EQ(setup->rate_box_text(), " 750 mS");
+  setup->rate_scroll_changed(1);
   EXPECT_EQ(setup->refresh_rate(), OutputDeviceSetup::kScrollMin);
-  setup->HScroll1_Change(25);
-  setup->Command1_Click();
+  setup->rate_scroll_changed(25);
+  setup->save_clicked();
   EXPECT_EQ(std::tuple(test.store().Adapter, timer_interval()), std::tuple(4, 25));
   EXPECT_TRUE(test.store().Project_Changed);
   EXPECT_FALSE(setup->visible());
@@ -158,26 +158,26 @@ TEST(PortsetupSmooth, SmoothOutputIsKeptOnSaveAndOpensTheRateForArtNetOnly) {
   Console& c = with_settings.build();
   OutputDeviceSetup& window = c.port_setup();
   window.Form_Load();
-  window.Combo1_Click(0);  // no adapter: the rate is hidden
-  EXPECT_FALSE(window.control(C::HScroll1).visible);
+  window.adapter_list_clicked(0);  // no adapter: the rate is hidden
+  EXPECT_FALSE(window.control(C::RateScroll).visible);
   window.Smooth_Check_Click(true);
-  EXPECT_TRUE(window.control(C::HScroll1).visible);
-  window.HScroll1_Change(OutputTiming::kFastestRefresh);
-  window.Command2_Click();  // Cancel keeps nothing
+  EXPECT_TRUE(window.control(C::RateScroll).visible);
+  window.rate_scroll_changed(OutputTiming::kFastestRefresh);
+  window.cancel_clicked();  // Cancel keeps nothing
   EXPECT_FALSE(c.context().output_timing().smooth());
   EXPECT_FALSE(settings.read(OutputTiming::kSmoothSetting).has_value());
 
   window.Refresh();
   EXPECT_FALSE(window.Smooth_Check_Value());
   window.Smooth_Check_Click(true);
-  window.HScroll1_Change(OutputTiming::kFastestRefresh);
-  window.Command1_Click();
+  window.rate_scroll_changed(OutputTiming::kFastestRefresh);
+  window.save_clicked();
   EXPECT_TRUE(c.context().output_timing().smooth());
   EXPECT_EQ(settings.read(OutputTiming::kSmoothSetting), "1");
   EXPECT_EQ(c.output_cycle().Timer1().interval(), 23);
   c.output_cycle().Timer1().set_interval(45);
   window.Form_Load();
-  EXPECT_EQ(window.Text1_Text(), " 45 mS") << "opening shows the output timer's rate";
+  EXPECT_EQ(window.rate_box_text(), " 45 mS") << "opening shows the output timer's rate";
 
   TestConsole next_start;  // the next start on this computer
   next_start.services.settings = &settings;

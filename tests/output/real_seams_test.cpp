@@ -37,8 +37,8 @@ struct RealSeamsTest : ::testing::Test {
     OutputDeviceSetup& setup = console->port_setup();
     setup.Form_Load();
     setup.Show();
-    setup.Combo1_Click(adapter);
-    setup.Command1_Click();
+    setup.adapter_list_clicked(adapter);
+    setup.save_clicked();
   }
   void run_ticks(int n) {
     test.scheduler.advance(static_cast<long>(n) * console->output_cycle().Timer1().interval());

@@ -132,11 +132,11 @@ TEST_F(SendFrameTest, OksidizerIsHandedThe512BytesFromElementOneAndAFailureSetsN
 
   OutputDeviceSetup& setup = console->port_setup();  // an open window follows to None
   setup.Form_Load();
-  setup.Combo1_Click(5);
+  setup.adapter_list_clicked(5);
   setup.Show();
   test.store().Adapter = 5;
   console->output_devices().Send_Frame();
-  EXPECT_EQ(std::tuple(setup.Combo1_ListIndex(), setup.Adapter_Name()), std::tuple(0, " None "));
+  EXPECT_EQ(std::tuple(setup.adapter_list_index(), setup.Adapter_Name()), std::tuple(0, " None "));
   EXPECT_EQ(test.console->status().main(), " NO DMX OUT");  // the None selection speaks last
 }
 
@@ -172,10 +172,10 @@ TEST_F(SendFrameTest, AThousandUnplugsSearchEveryTickAndSendInTheTickTheDeviceAn
   OutputDeviceSetup& setup = console->port_setup();
   setup.Form_Load();
   setup.Show();
-  setup.Combo1_Click(3);
+  setup.adapter_list_clicked(3);
   test.store().Patch[0] = 1;
   tick();
-  EXPECT_EQ(setup.Text2_Text(), "Connected");
+  EXPECT_EQ(setup.usb_state_box_text(), "Connected");
   for (int cycle = 0; cycle < 1000; ++cycle) {
     SCOPED_TRACE(cycle);
     device.unplug();
@@ -183,7 +183,7 @@ TEST_F(SendFrameTest, AThousandUnplugsSearchEveryTickAndSendInTheTickTheDeviceAn
     const int away = 1 + cycle % 4;
     for (int n = 0; n < away; ++n) tick();
     ASSERT_EQ(count("FT_Open(0)"), away - 1) << "the failure is noticed by the send";
-    ASSERT_EQ(std::tuple(test.console->status().main(), setup.Text2_Text()),
+    ASSERT_EQ(std::tuple(test.console->status().main(), setup.usb_state_box_text()),
               std::tuple(" Open USB Searching", "Searching..."));
     ASSERT_FALSE(device.device_open());
 
@@ -192,7 +192,7 @@ TEST_F(SendFrameTest, AThousandUnplugsSearchEveryTickAndSendInTheTickTheDeviceAn
     test.store().Desk_Level[0] = static_cast<std::int16_t>(cycle % 256);
     tick();
     ASSERT_EQ(count("FT_Open(0)"), 1);
-    ASSERT_EQ(std::tuple(test.console->status().main(), setup.Text2_Text()),
+    ASSERT_EQ(std::tuple(test.console->status().main(), setup.usb_state_box_text()),
               std::tuple(" Open USB Connected", "Connected"));
     ASSERT_EQ(device.writes().size(), 2u);
     ASSERT_EQ(device.writes()[0], std::vector<std::uint8_t>{0});

@@ -34,16 +34,16 @@ TEST_F(ConnectTest, ASurfaceMissingOnEitherSideOrWithoutMidiIsNotFoundAndOpensNo
     SurfaceDesk d;
     d.midi.set_ports(inputs, outputs);
     d.connect();
-    EXPECT_EQ(d.surface().Text2(), " No BCF2000 Found") << inputs[0];
-    EXPECT_EQ(d.setup().Text1(), " No BCF2000 Found");
+    EXPECT_EQ(d.surface().connection_box(), " No BCF2000 Found") << inputs[0];
+    EXPECT_EQ(d.setup().connection_box(), " No BCF2000 Found");
     EXPECT_EQ(d.console().status().main(), " No BCF2000 Found");
     EXPECT_EQ(d.store().BCF_Mode, 0);
-    EXPECT_EQ(d.surface().Text3(), " Not Connected");
+    EXPECT_EQ(d.surface().mode_box(), " Not Connected");
     EXPECT_EQ(d.midi.opens(), 0);
   }
   TestConsole bare;
   bare.build();
-  bare.console->surface_setup().Command1_Click();
+  bare.console->surface_setup().connect_clicked();
   EXPECT_EQ(bare.store().BCF_Mode, 0);
   EXPECT_EQ(bare.console->status().main(), " No BCF2000 Found");
 }
@@ -54,11 +54,11 @@ TEST_F(ConnectTest, FoundOnBothSidesTheLastMatchingPortsOpenInMainDeskMode) {
   EXPECT_EQ(t.surface().BCF_In_Name(), "BCF2000:BCF2000 Port 2 20:1");
   EXPECT_EQ(t.midi.open_input_index(), 1);
   EXPECT_EQ(t.midi.open_output_index(), 0);
-  EXPECT_EQ(t.surface().Text2(), " BCF2000 Connection Made ");
-  EXPECT_EQ(t.setup().Text1(), " Connection Made");
+  EXPECT_EQ(t.surface().connection_box(), " BCF2000 Connection Made ");
+  EXPECT_EQ(t.setup().connection_box(), " Connection Made");
   EXPECT_EQ(t.console().status().playback(), " BCF2000 Connection Made");
   EXPECT_EQ(t.store().BCF_Mode, 1);
-  EXPECT_EQ(t.surface().Text3(), " Main Desk");
+  EXPECT_EQ(t.surface().mode_box(), " Main Desk");
   EXPECT_TRUE(t.desk.dialogs.messages().empty());
 
   t.console().shutdown();  // closing the program closes both ports
@@ -92,25 +92,25 @@ TEST_F(ConnectTest, InputErrorsOtherThanWarningsShowTheirTextAndDisconnect) {
   ASSERT_EQ(t.desk.dialogs.messages().size(), 1u);
   EXPECT_EQ(t.desk.dialogs.messages()[0].text, "MidiInAlsa: the sequencer went away");
   EXPECT_EQ(t.store().BCF_Mode, 0);
-  EXPECT_EQ(t.surface().Text3(), " Not Connected");
+  EXPECT_EQ(t.surface().mode_box(), " Not Connected");
 }
 
 TEST_F(ConnectTest, StepsRunThroughTheModesBetweenMainDeskAndUserConfig) {
   t.connected();
-  EXPECT_FALSE(t.surface().Pannel_Dec_enabled());
+  EXPECT_FALSE(t.surface().previous_mode_enabled());
   const char* names[] = {"", "", " Playback Desk", " Chase Desk", " Channel Set", " Submix Set", " User Config"};
   for (int mode = 2; mode <= 6; ++mode) {
-    t.surface().Pannel_Inc_Click();
+    t.surface().next_mode_clicked();
     EXPECT_EQ(t.store().BCF_Mode, mode);
-    EXPECT_EQ(t.surface().Text3(), names[mode]);
-    EXPECT_TRUE(t.surface().Pannel_Dec_enabled());
+    EXPECT_EQ(t.surface().mode_box(), names[mode]);
+    EXPECT_TRUE(t.surface().previous_mode_enabled());
   }
-  EXPECT_FALSE(t.surface().Pannel_Inc_enabled());
-  t.surface().Pannel_Inc_Click();
+  EXPECT_FALSE(t.surface().next_mode_enabled());
+  t.surface().next_mode_clicked();
   EXPECT_EQ(t.store().BCF_Mode, 6);
-  for (int i = 0; i < 7; ++i) t.surface().Pannel_Dec_Click();
+  for (int i = 0; i < 7; ++i) t.surface().previous_mode_clicked();
   EXPECT_EQ(t.store().BCF_Mode, 1);
-  EXPECT_FALSE(t.surface().Pannel_Dec_enabled());
+  EXPECT_FALSE(t.surface().previous_mode_enabled());
 }
 
 // A show saved while the surface was in a mode connects at load and returns to
@@ -135,7 +135,7 @@ TEST_F(ConnectTest, AShowsSurfaceModeConnectsAtLoadWhereTheSurfaceIsThere) {
     EXPECT_EQ(d.store().BCF_Mode, c.mode_after) << "saved mode " << c.saved_mode;
     EXPECT_EQ(d.midi.opens(), c.opens) << "saved mode " << c.saved_mode;
     if (*c.shown != '\0') {
-      EXPECT_EQ(d.surface().Text3(), c.shown);
+      EXPECT_EQ(d.surface().mode_box(), c.shown);
     }
     EXPECT_TRUE(d.desk.dialogs.messages().empty()) << "an unattended load must not wait on a box";
   }

@@ -50,12 +50,12 @@ TEST_F(MainDeskSurfaceTest, GroupButtonFourTurnsTheOtherLedsOffAndSendsItsFaders
   EXPECT_EQ(t.midi.sent(), expected);
   EXPECT_EQ(t.surface().Fader_Group(), 3);
   EXPECT_EQ(t.console().status().main(), " BCF Fader Group  3");
-  EXPECT_EQ(t.surface().Text1(), " 3 On");
+  EXPECT_EQ(t.surface().monitor_box(), " 3 On");
 
   t.midi.clear_sent();
   t.cc(90, 0);  // releasing another group button chooses nothing
   EXPECT_EQ(t.surface().Fader_Group(), 3);
-  EXPECT_EQ(t.surface().Text1(), " 1 Off");
+  EXPECT_EQ(t.surface().monitor_box(), " 1 Off");
   EXPECT_TRUE(t.midi.sent().empty());
 }
 
@@ -83,16 +83,32 @@ TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheFadersAreThatPagesStrips) {
   EXPECT_EQ(t.midi.sent().size(), 8u * 3);
 }
 
+// The command line names desk channels; the surface shows strips of the page on
+// show, so a channel reaches the fader of its strip only while its page is up.
+TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheCommandLineMovesTheFaderOfTheChannelsStrip) {
+  t.main_desk().Inc_Channel_Click();  // page 2: channels 33..64
+  t.midi.clear_sent();
+
+  t.type("37.50\n");  // channel 37: strip 5 of page 2
+  EXPECT_EQ(t.store().Desk_Level[36], 128);
+  EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 85, 64}));  // fader 5 (controller 85), 128 / 2
+  t.midi.clear_sent();
+
+  t.type("5.100\n");  // channel 5 is on page 1: no fader shows it now
+  EXPECT_EQ(t.store().Desk_Level[4], 255);
+  EXPECT_TRUE(t.midi.sent().empty());
+}
+
 TEST_F(MainDeskSurfaceTest, MonitorOnlyControlsShowTheirNumberAndChangeNothing) {
   const Store before = t.store();
   t.cc(40, 127);  // encoder push 8
-  EXPECT_EQ(t.surface().Text1(), " 7 On");
+  EXPECT_EQ(t.surface().monitor_box(), " 7 On");
   t.cc(94, 0);    // the second further switch
-  EXPECT_EQ(t.surface().Text1(), " 61 Off");
+  EXPECT_EQ(t.surface().monitor_box(), " 61 Off");
   t.cc(66, 127);  // a button: the playback desk is not driven
-  EXPECT_EQ(t.surface().Text1(), " 1 On");
+  EXPECT_EQ(t.surface().monitor_box(), " 1 On");
   t.cc(5, 127);   // an encoder: ignored
-  EXPECT_EQ(t.surface().Text1(), " 1 On");
+  EXPECT_EQ(t.surface().monitor_box(), " 1 On");
   EXPECT_EQ(t.store().Desk_Level, before.Desk_Level);
   EXPECT_EQ(t.store().Playback_Button_State, before.Playback_Button_State);
   EXPECT_TRUE(t.midi.sent().empty());

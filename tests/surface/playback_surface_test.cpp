@@ -16,7 +16,7 @@ class PlaybackSurfaceTest : public ::testing::Test {
   SurfaceDesk t;
   void SetUp() override {
     t.connected();
-    t.surface().Pannel_Inc_Click();  // " Playback Desk"
+    t.surface().next_mode_clicked();  // " Playback Desk"
     t.midi.clear_sent();
   }
 };
@@ -24,10 +24,10 @@ class PlaybackSurfaceTest : public ::testing::Test {
 TEST_F(PlaybackSurfaceTest, ArrivingInPlaybackModeSendsThePlaybackFaders) {
   t.store().Playback_Fader_Level[1] = 255;
   t.store().Desk_Level[1] = 40;
-  t.surface().Pannel_Dec_Click();
+  t.surface().previous_mode_clicked();
   t.midi.clear_sent();
-  t.surface().Pannel_Inc_Click();
-  EXPECT_EQ(t.surface().Text3(), " Playback Desk");
+  t.surface().next_mode_clicked();
+  EXPECT_EQ(t.surface().mode_box(), " Playback Desk");
   EXPECT_EQ(t.midi.sent(), fader_moves({0, 127, 0, 0, 0, 0, 0, 0}));
 }
 
@@ -40,11 +40,11 @@ TEST_F(PlaybackSurfaceTest, SurfaceButtonsPlayThePlaybackButtonsWhileHeld) {
   store.Submix[0].Level[0] = 180;
   t.cc(68, 127);  // button 4 pressed
   EXPECT_TRUE(store.Playback_Button_State[3]);
-  EXPECT_EQ(t.surface().Text1(), " 3 On");
+  EXPECT_EQ(t.surface().monitor_box(), " 3 On");
   EXPECT_GT(store.Playback_Live_Out[4], 0) << "the live output is recomputed";
   t.cc(68, 0);
   EXPECT_FALSE(store.Playback_Button_State[3]);
-  EXPECT_EQ(t.surface().Text1(), " 3 Off");
+  EXPECT_EQ(t.surface().monitor_box(), " 3 Off");
   EXPECT_EQ(store.Playback_Live_Out[4], 0);
   EXPECT_TRUE(t.midi.sent().empty());
 }
@@ -85,23 +85,23 @@ TEST_F(PlaybackSurfaceTest, ButtonLedsFollowTheDeskInTheGroupShown) {
 
   t.midi.clear_sent();
   BCF& surface = t.surface();
-  surface.BCF_Button_Update(16, true);  // group 1 shows buttons 16..32 from controller 73
+  surface.BCF_Button_Update(PlaybackElement(16), true);  // group 1 shows buttons 16..32 from controller 73
   EXPECT_TRUE(t.midi.sent().empty());
   t.cc(90, 127);
   t.midi.clear_sent();
-  surface.BCF_Button_Update(16, true);
-  surface.BCF_Button_Update(32, false);
-  surface.BCF_Button_Update(15, true);
+  surface.BCF_Button_Update(PlaybackElement(16), true);
+  surface.BCF_Button_Update(PlaybackElement(32), false);
+  surface.BCF_Button_Update(PlaybackElement(15), true);
   EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 73, 127, 0xB0, 89, 0}));
   t.cc(91, 127);
   t.midi.clear_sent();
-  surface.BCF_Button_Update(32, true);
-  surface.BCF_Button_Update(48, true);
-  surface.BCF_Button_Update(49, true);
+  surface.BCF_Button_Update(PlaybackElement(32), true);
+  surface.BCF_Button_Update(PlaybackElement(48), true);
+  surface.BCF_Button_Update(PlaybackElement(49), true);
   EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 81, 127, 0xB0, 97, 127}));
   t.cc(92, 127);
   t.midi.clear_sent();
-  surface.BCF_Button_Update(40, true);
+  surface.BCF_Button_Update(PlaybackElement(40), true);
   EXPECT_TRUE(t.midi.sent().empty()) << "group 4 has no LEDs to light";
 }
 

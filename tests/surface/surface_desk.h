@@ -3,9 +3,12 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/main_desk.h"
+#include "keypad/cli.h"
+#include "keypad/terminal_keypad.h"
 #include "playback/playback_desk.h"
 #include "surface/bcf.h"
 #include "surface/bcf_setup.h"
@@ -39,7 +42,7 @@ struct SurfaceDesk {
   // The operator opens "&BCF2000 Setup" and presses the connect button.
   void connect() {
     main_desk().Menu_Click("bcf2000-setup");
-    setup().Command1_Click();
+    setup().connect_clicked();
   }
   // Plugged in and connected, with nothing sent yet.
   void connected() {
@@ -51,6 +54,14 @@ struct SurfaceDesk {
   void play(const std::vector<std::uint8_t>& message) {
     midi.deliver(message);
     desk.scheduler.run_posted();
+  }
+  // Keys on the command line as a terminal reads them: "5.50\n" is keypad 5, the
+  // decimal key, 5, 0, Enter.
+  void type(std::string_view keys) {
+    for (const char c : keys) {
+      const int code = TerminalKeypad::key_of(c);
+      if (code != 0) console().cli().CLI_Key(code);
+    }
   }
   // A Control Change on channel 1, as the surface sends it.
   void cc(int controller, int value) {
