@@ -21,8 +21,8 @@ class ColourBox;
 class CueEditor;
 
 // The cue editor `namedit` ("Edit Cues"): the list of screens on the left, the
-// selected screen's settings and what it holds on the right, with Slider1 to
-// change a level in place.
+// selected screen's settings and what it holds on the right, with the level
+// fader to change a level in place.
 class CueEditorWindow final : public ToolWindow, public DeskWindow {
  public:
   explicit CueEditorWindow(DeskApp& app);
@@ -33,15 +33,15 @@ class CueEditorWindow final : public ToolWindow, public DeskWindow {
   void sync() override;
   void prepare_screenshot() override;
 
-  // Widgets by control name, for the wiring tests.
-  QListWidget* List1() const { return list1_; }
-  QListWidget* List2() const { return list2_; }
+  // Widgets by what they are, for the wiring tests.
+  QListWidget* screen_list() const { return screen_list_; }
+  QListWidget* content_list() const { return content_list_; }
   QComboBox* Next_Scn() const { return next_scn_; }
-  QLineEdit* Text1() const { return text1_; }
-  LevelSlider* Slider1() const { return slider1_; }
-  QLineEdit* Text5() const { return text5_; }
-  QPushButton* Update() const { return command3_; }
-  QPushButton* Save_and_Exit() const { return command1_; }
+  QLineEdit* name_box() const { return name_box_; }
+  LevelSlider* level_fader() const { return level_fader_; }
+  QLineEdit* level_box() const { return level_box_; }
+  QPushButton* Update() const { return update_button_; }
+  QPushButton* Save_and_Exit() const { return save_and_exit_button_; }
 
  private:
   CueEditor& editor();
@@ -49,25 +49,25 @@ class CueEditorWindow final : public ToolWindow, public DeskWindow {
   void handle(Work work);
 
   DeskApp& app_;
-  QListWidget* list1_ = nullptr;
-  QLineEdit* text1_ = nullptr;
-  QLineEdit* text2_ = nullptr;
+  QListWidget* screen_list_ = nullptr;
+  QLineEdit* name_box_ = nullptr;
+  QLineEdit* fade_time_box_ = nullptr;
   QComboBox* next_scn_ = nullptr;
   QScrollBar* screen_delay_ = nullptr;
   QLabel* delay_label_ = nullptr;
-  QCheckBox* check1_ = nullptr;
-  QCheckBox* check2_ = nullptr;
-  ColourBox* picture1_ = nullptr;
-  QListWidget* list2_ = nullptr;
-  QLabel* text3_ = nullptr;
-  LevelSlider* slider1_ = nullptr;
-  QLineEdit* text5_ = nullptr;
-  QPushButton* command1_ = nullptr;
-  QPushButton* command2_ = nullptr;
-  QPushButton* command3_ = nullptr;
-  QPushButton* command4_ = nullptr;
-  QPushButton* command5_ = nullptr;
-  QPushButton* command6_ = nullptr;
+  QCheckBox* instant_box_ = nullptr;
+  QCheckBox* auto_box_ = nullptr;
+  ColourBox* colour_box_ = nullptr;
+  QListWidget* content_list_ = nullptr;
+  QLabel* item_label_ = nullptr;
+  LevelSlider* level_fader_ = nullptr;
+  QLineEdit* level_box_ = nullptr;
+  QPushButton* save_and_exit_button_ = nullptr;
+  QPushButton* copy_button_ = nullptr;
+  QPushButton* update_button_ = nullptr;
+  QPushButton* paste_button_ = nullptr;
+  QPushButton* insert_button_ = nullptr;
+  QPushButton* delete_button_ = nullptr;
 };
 
 }  // namespace lumaris

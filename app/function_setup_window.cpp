@@ -125,13 +125,13 @@ FunctionSetupWindow::FunctionSetupWindow(DeskApp& app, Kind kind)
 
   level_box_ = new QWidget(this);
   auto* level_layout = new QHBoxLayout(level_box_);
-  slider1_ = new LevelSlider(level_box_);
-  slider1_->setMinimumHeight(120);
+  level_fader_ = new LevelSlider(level_box_);
+  level_fader_->setMinimumHeight(120);
   level_layout->addWidget(new QLabel(QStringLiteral("Level"), level_box_));
-  level_layout->addWidget(slider1_);
+  level_layout->addWidget(level_fader_);
   level_layout->addStretch(1);
   layout->addWidget(level_box_);
-  slider1_->on_model_change([this](int v) { handle([v](auto& w) { w.Slider1_Change(v); }); });
+  level_fader_->on_model_change([this](int v) { handle([v](auto& w) { w.level_fader_changed(v); }); });
 
   if (kind == Kind::Buttons) {
     latch_ = new QCheckBox(QStringLiteral("Latch Button"), this);
@@ -144,12 +144,12 @@ FunctionSetupWindow::FunctionSetupWindow(DeskApp& app, Kind kind)
   }
 
   auto* bottom = new QHBoxLayout;
-  pannel_dec_ = small_button(QStringLiteral("<"), QStringLiteral("Previous Channels"), this);
-  pannel_inc_ = small_button(QStringLiteral(">"), QStringLiteral("Next Channels"), this);
+  previous_button_ = small_button(QStringLiteral("<"), QStringLiteral("Previous Channels"), this);
+  next_button_ = small_button(QStringLiteral(">"), QStringLiteral("Next Channels"), this);
   ok_ = small_button(QStringLiteral("OK"), QString(), this);
   auto* cancel = small_button(QStringLiteral("Cancel"), QString(), this);
-  bottom->addWidget(pannel_dec_);
-  bottom->addWidget(pannel_inc_);
+  bottom->addWidget(previous_button_);
+  bottom->addWidget(next_button_);
   bottom->addStretch(1);
   bottom->addWidget(ok_);
   bottom->addWidget(cancel);
@@ -161,8 +161,8 @@ FunctionSetupWindow::FunctionSetupWindow(DeskApp& app, Kind kind)
   connect(fun_set_, &QComboBox::activated, [this](int i) { handle([i](auto& w) { w.Fun_set_Click(i); }); });
   connect(plus_, &QPushButton::clicked, [this] { handle([](auto& w) { w.Plus_Click(); }); });
   connect(minus_, &QPushButton::clicked, [this] { handle([](auto& w) { w.Minus_Click(); }); });
-  connect(pannel_dec_, &QPushButton::clicked, [this] { handle([](auto& w) { w.Pannel_Dec_Click(); }); });
-  connect(pannel_inc_, &QPushButton::clicked, [this] { handle([](auto& w) { w.Pannel_Inc_Click(); }); });
+  connect(previous_button_, &QPushButton::clicked, [this] { handle([](auto& w) { w.previous_clicked(); }); });
+  connect(next_button_, &QPushButton::clicked, [this] { handle([](auto& w) { w.next_clicked(); }); });
   connect(ok_, &QPushButton::clicked, [this] { handle([](auto& w) { w.OK_Click(); }); });
   connect(cancel, &QPushButton::clicked, [this] { handle([](auto& w) { w.Cancel_Click(); }); });
   resize(420, 460);
@@ -203,10 +203,10 @@ void FunctionSetupWindow::sync() {
       sync::value(components_[k], w.Component(k));
       sync::text(component_labels_[k], w.Component_Label(k));
     }
-    slider1_->set_model_value(w.Slider1());
+    level_fader_->set_model_value(w.level_fader());
     sync::background(colour_box_, w.Colour_box(), "QFrame");
-    sync::enabled(pannel_dec_, w.Pannel_Dec_enabled());
-    sync::enabled(pannel_inc_, w.Pannel_Inc_enabled());
+    sync::enabled(previous_button_, w.previous_enabled());
+    sync::enabled(next_button_, w.next_enabled());
   };
   PlaybackDesk& desk = app_.console().playback_desk();
   if (kind_ == Kind::Buttons) {

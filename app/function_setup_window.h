@@ -61,13 +61,13 @@ class FunctionSetupWindow final : public ToolWindow, public DeskWindow {
   std::array<QLineEdit*, 3> colour_channels_{};
   std::array<QScrollBar*, 3> components_{};
   std::array<QLabel*, 3> component_labels_{};
-  LevelSlider* slider1_ = nullptr;
+  LevelSlider* level_fader_ = nullptr;
   ColourBox* colour_box_ = nullptr;
   QCheckBox* latch_ = nullptr;
   QCheckBox* preset_col_ = nullptr;
   QPushButton* ok_ = nullptr;
-  QPushButton* pannel_dec_ = nullptr;
-  QPushButton* pannel_inc_ = nullptr;
+  QPushButton* previous_button_ = nullptr;
+  QPushButton* next_button_ = nullptr;
   QWidget* value_row_ = nullptr;
   QWidget* channel_row_ = nullptr;
   QWidget* colour_rows_ = nullptr;

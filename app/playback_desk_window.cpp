@@ -19,7 +19,6 @@
 #include "app/widgets/colour_box.h"
 #include "app/widgets/log_slider_widget.h"
 #include "app/widgets/sync.h"
-#include "playback/run_mode.h"
 #include "playback/page_controls.h"
 #include "playback/playback_panel.h"
 #include "playback/playback_desk.h"
@@ -28,7 +27,6 @@
 namespace lumaris {
 
 namespace {
-
 
 // A playback button: both mouse buttons go down and up to the model, so a flash
 // button lights while held and the right button opens its set-up.
@@ -90,14 +88,14 @@ class PlaybackFader : public LevelSlider {
   std::function<void()> open_;
 };
 
-QPushButton* plain_button(const QString& caption, QWidget* parent, const QString& tooltip = {}) {
+}  // namespace
+
+QPushButton* PlaybackDeskWindow::plain_button(const QString& caption, QWidget* parent, const QString& tooltip) {
   auto* b = new QPushButton(caption, parent);
   b->setToolTip(tooltip);
   b->setFocusPolicy(Qt::NoFocus);
   return b;
 }
-
-}  // namespace
 
 PlaybackDeskWindow::PlaybackDeskWindow(DeskApp& app)
     : ToolWindow([this] { handle([](PlaybackDesk& d) { d.Hide(); }); }), app_(app) {
@@ -245,15 +243,15 @@ QWidget* PlaybackDeskWindow::build_buttons() {
     auto press = [this, i](MouseButton m) { handle([&](PlaybackDesk& d) { d.panel().Button_Press(i, m); }); };
     auto release = [this, i](MouseButton m) { handle([&](PlaybackDesk& d) { d.panel().Button_Release(i, m); }); };
     Button& b = buttons_[i];
-    b.command1 = new PlaybackButton(panel, press, release);
-    b.command2 = new PlaybackButton(panel, press, release);
-    b.command2->setMinimumHeight(20);
-    b.command2->setToolTip(QStringLiteral("Function"));
+    b.button = new PlaybackButton(panel, press, release);
+    b.function_button = new PlaybackButton(panel, press, release);
+    b.function_button->setMinimumHeight(20);
+    b.function_button->setToolTip(QStringLiteral("Function"));
     b.lamp = new ColourBox(panel);
     b.lamp->setFixedHeight(8);
     grid->addWidget(b.lamp, row, column);
-    grid->addWidget(b.command1, row + 1, column);
-    grid->addWidget(b.command2, row + 2, column);
+    grid->addWidget(b.button, row + 1, column);
+    grid->addWidget(b.function_button, row + 2, column);
   }
   return panel;
 }
@@ -264,14 +262,14 @@ QWidget* PlaybackDeskWindow::build_faders() {
   for (int i = 0; i < kFadersPerPlaybackPage; ++i) {
     auto open = [this, i] { handle([i](PlaybackDesk& d) { d.panel().Fader_Setup_Click(i); }); };
     Fader& f = faders_[i];
-    f.text2 = new FaderLabel(panel, open);
-    f.text5 = new FaderLabel(panel, open);
+    f.function_label = new FaderLabel(panel, open);
+    f.caption = new FaderLabel(panel, open);
     f.slider = new PlaybackFader(panel, open);
-    f.text6 = new FaderLabel(panel, open);
-    grid->addWidget(f.text2, 0, i);
-    grid->addWidget(f.text5, 1, i);
+    f.step_time_note = new FaderLabel(panel, open);
+    grid->addWidget(f.function_label, 0, i);
+    grid->addWidget(f.caption, 1, i);
     grid->addWidget(f.slider, 2, i, Qt::AlignHCenter);
-    grid->addWidget(f.text6, 3, i);
+    grid->addWidget(f.step_time_note, 3, i);
     f.slider->on_model_change([this, i](int v) { handle([&](PlaybackDesk& d) { d.panel().Fader_Move(i, v); }); });
   }
   grid->setRowStretch(2, 1);
@@ -294,72 +292,9 @@ QWidget* PlaybackDeskWindow::build_bottom_row() {
   return row;
 }
 
-// Run mode: Run/STOP, the two sides A and B, the crossfader (255 = side A up),
-// the next screen, Auto Take and the Instant Cues button.
-QWidget* PlaybackDeskWindow::build_run_row() {
-  auto* row = new QWidget(this);
-  auto* layout = new QHBoxLayout(row);
-  run_switch_ = plain_button(QStringLiteral("Run"), row, QStringLiteral("Select Run Mode"));
-  run_a_ = new QLabel(row);
-  run_a_->setMinimumWidth(140);
-  run_a_->setAutoFillBackground(true);
-  run_crossfade_ = new QSlider(Qt::Horizontal, row);
-  run_crossfade_->setRange(0, 255);
-  run_crossfade_->setToolTip(QStringLiteral("CrossFader"));
-  run_b_ = new QLabel(row);
-  run_b_->setMinimumWidth(140);
-  run_b_->setAutoFillBackground(true);
-  run_screen_sel_ = new QSpinBox(row);
-  run_screen_sel_->setRange(0, 199);
-  run_fade_time_ = new QLabel(row);
-  run_autotake_ = plain_button(QStringLiteral("Auto Take"), row, QStringLiteral("Auto Screen Change in Run Mode"));
-  instant_screens_ = plain_button(QStringLiteral("Instant Cues"), row, QStringLiteral("Select Instant Screen Pannel"));
-  layout->addWidget(run_switch_);
-  layout->addWidget(run_b_);
-  layout->addWidget(run_crossfade_, 1);
-  layout->addWidget(run_a_);
-  layout->addWidget(run_screen_sel_);
-  layout->addWidget(run_fade_time_);
-  layout->addWidget(run_autotake_);
-  layout->addWidget(instant_screens_);
-  connect(run_switch_, &QPushButton::clicked, [this] { handle([](PlaybackDesk& d) { d.run_mode().Run_Switch_Click(); }); });
-  connect(run_autotake_, &QPushButton::clicked, [this] { handle([](PlaybackDesk& d) { d.run_mode().Run_Autotake_Click(); }); });
-  connect(instant_screens_, &QPushButton::clicked, [this] { handle([](PlaybackDesk& d) { d.Instant_screens_Click(); }); });
-  connect(run_crossfade_, &QSlider::valueChanged, [this](int v) { handle([v](PlaybackDesk& d) { d.run_mode().Run_Crossfade_Change(v); }); });
-  connect(run_screen_sel_, &QSpinBox::valueChanged, [this](int v) { handle([v](PlaybackDesk& d) { d.run_mode().Run_screen_sel_Change(v); }); });
-  return row;
-}
-
-// Run mode as the operator meets it in a show: idle with the next screen
-// waiting (live side red, next green), a take by hand halfway across (both red),
-// then Auto Take carrying that take on (both yellow).
-std::vector<DeskWindow::ScreenshotVariant> PlaybackDeskWindow::screenshot_variants() {
-  return {
-      {"_run", [this] {
-         if (!app_.console().store().Run_Mode) desk().run_mode().Run_Switch_Click();
-       }},
-      {"_hand", [this] { desk().run_mode().Run_Crossfade_Change(128); }},
-      {"_auto", [this] { desk().run_mode().Run_Autotake_Click(); }},
-  };
-}
-
 void PlaybackDeskWindow::sync() {
   PlaybackDesk& d = desk();
-  const RunMode& r = d.run_mode();
-  sync::text(run_switch_, r.Run_Switch_caption());
-  sync::background(run_switch_, r.Run_Switch_colour(), "QPushButton");
-  sync::text(run_autotake_, r.Run_Autotake_caption());
-  sync::background(run_autotake_, r.Run_Autotake_colour(), "QPushButton");
-  sync::text(run_a_, r.Run_A_Num().empty() ? std::string() : "A  " + r.Run_A_Num() + "  " + r.Run_A());
-  sync::text(run_b_, r.Run_B_Num().empty() ? std::string() : "B  " + r.Run_B_Num() + "  " + r.Run_B());
-  sync::background(run_a_, r.side_a_colour(), "QLabel");
-  sync::background(run_b_, r.side_b_colour(), "QLabel");
-  sync::value(run_crossfade_, r.Run_Crossfade());
-  sync::text(run_fade_time_, r.Run_Fade_Time());
-  if (run_screen_sel_->value() != r.Run_screen_sel()) {
-    const QSignalBlocker block(run_screen_sel_);
-    run_screen_sel_->setValue(r.Run_screen_sel());
-  }
+  sync_run_row();
   sync::title(this, d.caption());
   const ScreenPanel& s = d.screens();
   if (screen_sel_->value() != s.Screen_Num_sel()) {
@@ -395,18 +330,18 @@ void PlaybackDeskWindow::sync() {
   const PlaybackPanel& panel = d.panel();
   for (int i = 0; i < kButtonsPerPage; ++i) {
     const PlaybackButtonControls& c = panel.buttons()[i];
-    sync::text(buttons_[i].command1, c.Command1);
-    sync::background(buttons_[i].command1, c.Command1_colour, "QPushButton");
-    sync::text(buttons_[i].command2, c.Command2);
-    sync::background(buttons_[i].lamp, c.Picture1, "QFrame");
+    sync::text(buttons_[i].button, c.caption);
+    sync::background(buttons_[i].button, c.caption_colour, "QPushButton");
+    sync::text(buttons_[i].function_button, c.function_caption);
+    sync::background(buttons_[i].lamp, c.lamp, "QFrame");
   }
   for (int i = 0; i < kFadersPerPlaybackPage; ++i) {
     const PlaybackFaderControls& c = panel.faders()[i];
-    faders_[i].slider->set_model_value(c.Slider1);
-    sync::text(faders_[i].text2, c.Text2);
-    sync::text(faders_[i].text5, c.Text5);
-    sync::background(faders_[i].text5, c.Text5_colour, "QLabel");
-    sync::text(faders_[i].text6, c.Text6);
+    faders_[i].slider->set_model_value(c.fader);
+    sync::text(faders_[i].function_label, c.function_caption);
+    sync::text(faders_[i].caption, c.caption);
+    sync::background(faders_[i].caption, c.caption_colour, "QLabel");
+    sync::text(faders_[i].step_time_note, c.step_time_note);
   }
   sync::text(status_, d.Status());
 }

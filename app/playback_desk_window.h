@@ -11,6 +11,7 @@
 #include "core/store.h"
 
 class QAction;
+class QString;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -38,11 +39,11 @@ class PlaybackDeskWindow final : public ToolWindow, public DeskWindow {
   void sync() override;
   std::vector<ScreenshotVariant> screenshot_variants() override;
 
-  // Widgets by control name, for the wiring tests.
-  QPushButton* Command1(int i) const { return buttons_[i].command1; }
-  QPushButton* Command2(int i) const { return buttons_[i].command2; }
-  LevelSlider* Slider1(int i) const { return faders_[i].slider; }
-  QLabel* Text5(int i) const { return faders_[i].text5; }
+  // Widgets by what they are, for the wiring tests.
+  QPushButton* button(int i) const { return buttons_[i].button; }
+  QPushButton* function_button(int i) const { return buttons_[i].function_button; }
+  LevelSlider* fader(int i) const { return faders_[i].slider; }
+  QLabel* fader_caption(int i) const { return faders_[i].caption; }
   QPushButton* Screen_Prog() const { return screen_prog_; }
   QSpinBox* Screen_Num_sel() const { return screen_sel_; }
   QLineEdit* screen_txt() const { return screen_txt_; }
@@ -61,15 +62,15 @@ class PlaybackDeskWindow final : public ToolWindow, public DeskWindow {
 
  private:
   struct Button {
-    QPushButton* command1 = nullptr;
-    QPushButton* command2 = nullptr;
+    QPushButton* button = nullptr;
+    QPushButton* function_button = nullptr;
     ColourBox* lamp = nullptr;
   };
   struct Fader {
-    QLabel* text2 = nullptr;
-    QLabel* text5 = nullptr;
+    QLabel* function_label = nullptr;
+    QLabel* caption = nullptr;
     LevelSlider* slider = nullptr;
-    QLabel* text6 = nullptr;
+    QLabel* step_time_note = nullptr;
   };
 
   PlaybackDesk& desk();
@@ -80,7 +81,9 @@ class PlaybackDeskWindow final : public ToolWindow, public DeskWindow {
   QWidget* build_faders();
   QWidget* build_bottom_row();
   QWidget* build_run_row();
+  void sync_run_row();
   void build_menus();
+  static QPushButton* plain_button(const QString& caption, QWidget* parent, const QString& tooltip = {});
 
   DeskApp& app_;
   std::array<Button, kButtonsPerPage> buttons_{};

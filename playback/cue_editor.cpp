@@ -36,25 +36,25 @@ void CueEditor::Open(int screen) {
 
 void CueEditor::refresh_lists() {
   const Store& store = context_.store();
-  list1_.clear();
+  screen_list_.clear();
   for (int n = 1; n <= std::min<int>(store.Screen_Count, ScreenTable::kLastScreen); ++n) {
-    list1_.push_back(std::to_string(n) + " " + store.Screens[n].Name);
+    screen_list_.push_back(std::to_string(n) + " " + store.Screens[n].Name);
   }
 }
 
-void CueEditor::List1_Click(int index) { select(index + 1); }
+void CueEditor::screen_list_clicked(int index) { select(index + 1); }
 
 void CueEditor::select(int screen) {
-  if (screen < 1 || screen > static_cast<int>(list1_.size())) return;
+  if (screen < 1 || screen > static_cast<int>(screen_list_.size())) return;
   selected_ = screen;
   const Screen& s = context_.store().Screens[screen];
-  text1_ = s.Name;
-  text2_ = std::to_string(s.Time);
-  next_index_ = s.Next >= 1 && s.Next <= static_cast<int>(list1_.size()) ? s.Next - 1 : -1;
+  name_box_ = s.Name;
+  fade_time_box_ = std::to_string(s.Time);
+  next_index_ = s.Next >= 1 && s.Next <= static_cast<int>(screen_list_.size()) ? s.Next - 1 : -1;
   delay_ = std::clamp<int>(s.Delay, 0, kDelayMax);
-  check1_ = s.Instant;
-  check2_ = s.Auto;
-  picture1_ = colour_from_text(s.Colour);
+  instant_box_ = s.Instant;
+  auto_box_ = s.Auto;
+  colour_box_ = colour_from_text(s.Colour);
   fill_contents();
 }
 
@@ -90,88 +90,88 @@ void CueEditor::fill_contents() {
   for (int f = 0; f < kPlaybackFaders; ++f) {
     if (s.Fad_Sel[f] > 0) items_.push_back({Item::Fader, f});
   }
-  list2_.clear();
-  for (const Item& item : items_) list2_.push_back(item_line(item));
+  content_list_.clear();
+  for (const Item& item : items_) content_list_.push_back(item_line(item));
   item_ = -1;
-  text3_.clear();
-  text5_.clear();
-  slider1_ = 255;
+  item_label_.clear();
+  level_box_.clear();
+  level_fader_ = 255;
 }
 
-void CueEditor::List2_Click(int index) {
+void CueEditor::content_list_clicked(int index) {
   if (index < 0 || index >= static_cast<int>(items_.size())) return;
   item_ = index;
   show_item();
 }
 
-bool CueEditor::Slider1_enabled() const { return item_ >= 0 && items_[item_].kind != Item::Button; }
+bool CueEditor::level_fader_enabled() const { return item_ >= 0 && items_[item_].kind != Item::Button; }
 
 void CueEditor::show_item() {
   const Item& item = items_[item_];
   const Screen& s = context_.store().Screens[selected_];
   switch (item.kind) {
     case Item::Channel:
-      text3_ = "Preset Channel " + std::to_string(item.index + 1);
-      text5_ = std::to_string(s.Preset[item.index]);
-      slider1_ = 255 - s.Preset[item.index];
+      item_label_ = "Preset Channel " + std::to_string(item.index + 1);
+      level_box_ = std::to_string(s.Preset[item.index]);
+      level_fader_ = 255 - s.Preset[item.index];
       break;
     case Item::Button:
-      text3_ = "Button " + std::to_string(item.index);
-      text5_.clear();
+      item_label_ = "Button " + std::to_string(item.index);
+      level_box_.clear();
       break;
     case Item::Fader:
-      text3_ = "Fader " + std::to_string(item.index);
-      text5_ = std::to_string(s.Fad_Sel[item.index]);
-      slider1_ = 255 - s.Fad_Sel[item.index];
+      item_label_ = "Fader " + std::to_string(item.index);
+      level_box_ = std::to_string(s.Fad_Sel[item.index]);
+      level_fader_ = 255 - s.Fad_Sel[item.index];
       break;
   }
 }
 
 // The line stays in the list at its new level, even at 0, until the lists are
 // filled again, so the operator does not lose the item under the slider.
-void CueEditor::Slider1_Change(int value) {
-  if (!has_selection() || !Slider1_enabled()) return;
+void CueEditor::level_fader_changed(int value) {
+  if (!has_selection() || !level_fader_enabled()) return;
   const auto level = static_cast<std::int16_t>(255 - std::clamp(value, 0, 255));
   Screen& s = context_.store().Screens[selected_];
   const Item& item = items_[item_];
   if (item.kind == Item::Channel) s.Preset[item.index] = level;
   if (item.kind == Item::Fader) s.Fad_Sel[item.index] = level;
-  list2_[item_] = item_line(item);
+  content_list_[item_] = item_line(item);
   show_item();
   context_.store().Project_Changed = true;
 }
 
 void CueEditor::Screen_Delay_Change(int value) { delay_ = std::clamp(value, 0, kDelayMax); }
 
-void CueEditor::Check1_Click(bool checked) {
-  check1_ = checked;
+void CueEditor::instant_box_clicked(bool checked) {
+  instant_box_ = checked;
   if (!has_selection()) return;
   context_.store().Screens[selected_].Instant = checked;
   table_changed();
 }
 
-void CueEditor::Check2_Click(bool checked) {
-  check2_ = checked;
+void CueEditor::auto_box_clicked(bool checked) {
+  auto_box_ = checked;
   if (!has_selection()) return;
   context_.store().Screens[selected_].Auto = checked;
   table_changed();
 }
 
-void CueEditor::Picture1_Click() {
+void CueEditor::colour_box_clicked() {
   if (!has_selection()) return;
-  const std::optional<Rgb> colour = context_.dialogs().choose_colour(kColourTitle, picture1_);
+  const std::optional<Rgb> colour = context_.dialogs().choose_colour(kColourTitle, colour_box_);
   if (!colour) return;
-  picture1_ = *colour;
+  colour_box_ = *colour;
   context_.store().Screens[selected_].Colour = colour_to_text(*colour);
   table_changed();
 }
 
-void CueEditor::Command3_Click() {
+void CueEditor::update_clicked() {
   if (!has_selection()) return;
   Screen& s = context_.store().Screens[selected_];
   if (next_index_ >= 0) s.Next = static_cast<std::int16_t>(next_index_ + 1);
-  s.Name = text1_;
-  s.Time = static_cast<std::int16_t>(std::clamp(text_to_int(text2_, s.Time), 0, 32767));
+  s.Name = name_box_;
+  s.Time = static_cast<std::int16_t>(std::clamp(text_to_int(fade_time_box_, s.Time), 0, 32767));
   s.Delay = static_cast<std::int16_t>(delay_);
   context_.status().show_playback(kUpdated);
   table_changed();
@@ -184,11 +184,11 @@ void CueEditor::table_changed() {
   if (changed_) changed_();
 }
 
-void CueEditor::Command2_Click() {
+void CueEditor::copy_clicked() {
   if (has_selection()) table_.Copy_Screen(selected_);
 }
 
-void CueEditor::Command4_Click() {
+void CueEditor::paste_clicked() {
   if (!has_selection()) return;
   table_.Paste_Screen(selected_);
   table_changed();
@@ -196,18 +196,18 @@ void CueEditor::Command4_Click() {
   select(selected_);
 }
 
-void CueEditor::Command5_Click() {
+void CueEditor::insert_clicked() {
   if (!has_selection()) return;
   if (table_.Insert_Screen(selected_)) table_changed();
   refresh_lists();
   select(selected_);
 }
 
-void CueEditor::Command6_Click() {
+void CueEditor::delete_clicked() {
   if (!has_selection()) return;
   if (table_.Delete_Screen(selected_)) table_changed();
   refresh_lists();
-  select(std::min(selected_, static_cast<int>(list1_.size())));
+  select(std::min(selected_, static_cast<int>(screen_list_.size())));
 }
 
 }  // namespace lumaris

@@ -14,12 +14,12 @@ class ScreenTable;
 
 // The cue editor `namedit` ("Edit Cues"): the list of screens, the selected
 // screen's name, fade time, next screen, delay, flags and colour, and the list
-// of what it holds, whose channel and fader levels Slider1 edits in place.
+// of what it holds, whose channel and fader levels the level fader edits in place.
 class CueEditor : public Window {
  public:
   static constexpr int kDelayMax = 600;
 
-  // One line of List2 and what it stands for.
+  // One line of the content list and what it stands for.
   struct Item {
     enum Kind { Channel, Button, Fader } kind;
     int index;  // desk channel index, button or fader number
@@ -31,41 +31,41 @@ class CueEditor : public Window {
   // Shows the window; with a screen number it preselects that screen.
   void Open(int screen = 0);
 
-  void List1_Click(int index);
-  void List2_Click(int index);
-  void Slider1_Change(int value);
-  void Text1_Change(const std::string& text) { text1_ = text; }
-  void Text2_Change(const std::string& text) { text2_ = text; }
+  void screen_list_clicked(int index);
+  void content_list_clicked(int index);
+  void level_fader_changed(int value);
+  void name_box_changed(const std::string& text) { name_box_ = text; }
+  void fade_time_box_changed(const std::string& text) { fade_time_box_ = text; }
   void Next_Scn_Click(int index) { next_index_ = index; }
   void Screen_Delay_Change(int value);
-  void Check1_Click(bool checked);  // Instant
-  void Check2_Click(bool checked);  // Auto
-  void Picture1_Click();
-  void Command3_Click();  // Update
-  void Command2_Click();  // copy
-  void Command4_Click();  // paste
-  void Command5_Click();  // insert
-  void Command6_Click();  // delete
-  void Command1_Click() { Hide(); }  // Save and Exit
+  void instant_box_clicked(bool checked);
+  void auto_box_clicked(bool checked);
+  void colour_box_clicked();
+  void update_clicked();
+  void copy_clicked();
+  void paste_clicked();
+  void insert_clicked();
+  void delete_clicked();
+  void save_and_exit_clicked() { Hide(); }
 
   int selected_screen() const { return selected_; }
-  const std::vector<std::string>& List1() const { return list1_; }
-  int List1_index() const { return selected_ - 1; }
-  const std::vector<std::string>& Next_Scn() const { return list1_; }
+  const std::vector<std::string>& screen_list() const { return screen_list_; }
+  int screen_list_index() const { return selected_ - 1; }
+  const std::vector<std::string>& Next_Scn() const { return screen_list_; }
   int Next_Scn_index() const { return next_index_; }
-  const std::string& Text1() const { return text1_; }
-  const std::string& Text2() const { return text2_; }
+  const std::string& name_box() const { return name_box_; }
+  const std::string& fade_time_box() const { return fade_time_box_; }
   int Screen_Delay() const { return delay_; }
-  bool Check1() const { return check1_; }
-  bool Check2() const { return check2_; }
-  Paint Picture1() const { return picture1_; }
-  const std::vector<std::string>& List2() const { return list2_; }
-  const std::vector<Item>& List2_items() const { return items_; }
-  int List2_index() const { return item_; }
-  const std::string& Text3() const { return text3_; }
-  int Slider1() const { return slider1_; }
-  bool Slider1_enabled() const;
-  const std::string& Text5() const { return text5_; }
+  bool instant_box() const { return instant_box_; }
+  bool auto_box() const { return auto_box_; }
+  Paint colour_box() const { return colour_box_; }
+  const std::vector<std::string>& content_list() const { return content_list_; }
+  const std::vector<Item>& content_list_items() const { return items_; }
+  int content_list_index() const { return item_; }
+  const std::string& item_label() const { return item_label_; }
+  int level_fader() const { return level_fader_; }
+  bool level_fader_enabled() const;
+  const std::string& level_box() const { return level_box_; }
 
  private:
   void refresh_lists();
@@ -80,20 +80,20 @@ class CueEditor : public Window {
   ScreenTable& table_;
   std::function<void()> changed_;
   int selected_ = 0;
-  std::vector<std::string> list1_;
+  std::vector<std::string> screen_list_;
   int next_index_ = -1;
-  std::string text1_;
-  std::string text2_;
+  std::string name_box_;
+  std::string fade_time_box_;
   int delay_ = 0;
-  bool check1_ = false;
-  bool check2_ = false;
-  Paint picture1_;
-  std::vector<std::string> list2_;
+  bool instant_box_ = false;
+  bool auto_box_ = false;
+  Paint colour_box_;
+  std::vector<std::string> content_list_;
   std::vector<Item> items_;
   int item_ = -1;
-  std::string text3_;
-  int slider1_ = 255;
-  std::string text5_;
+  std::string item_label_;
+  int level_fader_ = 255;
+  std::string level_box_;
 };
 
 }  // namespace lumaris

@@ -53,7 +53,7 @@ void FunctionSetup<Record>::load() {
   channels_ = {std::to_string(r.Channel1), std::to_string(r.Channel2), std::to_string(r.Channel3)};
   colour_channels_ = channels_;
   components_ = {std::clamp<int>(r.Data1, 0, 255), std::clamp<int>(r.Data2, 0, 255), std::clamp<int>(r.Data3, 0, 255)};
-  slider1_ = 255 - std::clamp<int>(r.Level, 0, 255);
+  level_fader_ = 255 - std::clamp<int>(r.Level, 0, 255);
   colour_box_ = function_ == kFunctionColour ? Paint(Rgb{static_cast<std::uint8_t>(components_[0]),
                                                          static_cast<std::uint8_t>(components_[1]),
                                                          static_cast<std::uint8_t>(components_[2])})
@@ -141,7 +141,7 @@ void FunctionSetup<Record>::store() {
   auto channel = [](const std::string& text) {
     return static_cast<std::int16_t>(std::clamp(text_to_int(text), 0, kChannelMax));
   };
-  const auto level = static_cast<std::int16_t>(255 - slider1_);
+  const auto level = static_cast<std::int16_t>(255 - level_fader_);
   r.Function = static_cast<std::int16_t>(function_);
   switch (function_) {
     case kFunctionSubmix:
@@ -171,7 +171,7 @@ void FunctionSetup<Record>::store() {
 }
 
 template <typename Record>
-void FunctionSetup<Record>::Pannel_Dec_Click() {
+void FunctionSetup<Record>::previous_clicked() {
   store();
   if (element_ > 0) --element_;
   load();
@@ -179,7 +179,7 @@ void FunctionSetup<Record>::Pannel_Dec_Click() {
 }
 
 template <typename Record>
-void FunctionSetup<Record>::Pannel_Inc_Click() {
+void FunctionSetup<Record>::next_clicked() {
   store();
   if (element_ < last_element_) ++element_;
   load();

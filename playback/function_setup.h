@@ -29,7 +29,7 @@ class FunctionSetup : public Window {
   // Which controls the chosen function shows.
   struct Layout {
     bool value = false;     // Number, Plus, Minus
-    bool level = false;     // Slider1
+    bool level = false;     // the level fader
     bool channels = false;  // Channel(0..2)
     bool colour = false;    // the colour channels, components and swatch
   };
@@ -42,10 +42,10 @@ class FunctionSetup : public Window {
   void Channel_Change(int k, const std::string& text);
   void Colour_Channel_Change(int k, const std::string& text);  // Red_, Green_, Blue_Channel
   void Component_Change(int k, int value);                      // Red_, Green_, Blue_Box
-  void Slider1_Change(int value) { slider1_ = std::clamp(value, 0, 255); }
+  void level_fader_changed(int value) { level_fader_ = std::clamp(value, 0, 255); }
   void Colour_box_Click();
-  void Pannel_Dec_Click();
-  void Pannel_Inc_Click();
+  void previous_clicked();
+  void next_clicked();
   void OK_Click();
   void Cancel_Click() { Hide(); }
 
@@ -59,11 +59,11 @@ class FunctionSetup : public Window {
   const std::string& Colour_Channel(int k) const { return colour_channels_[k]; }
   int Component(int k) const { return components_[k]; }
   std::string Component_Label(int k) const { return std::to_string(components_[k]); }  // R_, G_, B_Label
-  int Slider1() const { return slider1_; }
+  int level_fader() const { return level_fader_; }
   Paint Colour_box() const { return colour_box_; }
   Layout layout() const;
-  bool Pannel_Dec_enabled() const { return element_ > 0; }
-  bool Pannel_Inc_enabled() const { return element_ < last_element_; }
+  bool previous_enabled() const { return element_ > 0; }
+  bool next_enabled() const { return element_ < last_element_; }
 
  protected:
   FunctionSetup(DeskContext& context, std::string caption, int last_element, int functions,
@@ -89,7 +89,7 @@ class FunctionSetup : public Window {
   std::array<std::string, 3> channels_{};
   std::array<std::string, 3> colour_channels_{};
   std::array<int, 3> components_{};
-  int slider1_ = 255;
+  int level_fader_ = 255;
   Paint colour_box_;
 };
 

@@ -11,17 +11,17 @@ namespace lumaris {
 PlaybackChases::PlaybackChases(DeskContext& context) : context_(context) {
   seq_speed_.fill(100);
   for (int q = 0; q < kStepTimers; ++q) {
-    timer1_[q] = context.scheduler().create_timer(true);
-    timer1_[q]->set_enabled(false);
-    timer1_[q]->on_tick([this, q] { Timer1_Tick(q); });
+    chase_step_timers_[q] = context.scheduler().create_timer(true);
+    chase_step_timers_[q]->set_enabled(false);
+    chase_step_timers_[q]->on_tick([this, q] { chase_step_tick(q); });
   }
-  timer3_ = context.scheduler().create_timer(true);
-  timer3_->set_interval(kMixInterval);
-  timer3_->on_tick([this] { Timer3_Tick(); });
-  timer3_->set_enabled(true);
+  mix_timer_ = context.scheduler().create_timer(true);
+  mix_timer_->set_interval(kMixInterval);
+  mix_timer_->on_tick([this] { mix_tick(); });
+  mix_timer_->set_enabled(true);
 }
 
-bool PlaybackChases::running(int q) const { return runnable(q) && timer1_[q]->enabled(); }
+bool PlaybackChases::running(int q) const { return runnable(q) && chase_step_timers_[q]->enabled(); }
 
 void PlaybackChases::set_Seq_Level(int q, int level) {
   if (valid(q)) seq_level_[q] = static_cast<std::int16_t>(std::clamp(level, 0, 255));
@@ -47,13 +47,13 @@ void PlaybackChases::Start_Sequence(int q) {
   run.passes = 0;
   enter_step(q, true);
   set_step_interval(q);
-  timer1_[q]->set_enabled(true);
+  chase_step_timers_[q]->set_enabled(true);
 }
 
 // A stopped chase is dark from the next frame on: a fade end it was holding goes too.
 void PlaybackChases::Stop_Sequence(int q) {
   if (!runnable(q)) return;
-  timer1_[q]->set_enabled(false);
+  chase_step_timers_[q]->set_enabled(false);
   runs_[q].hold = false;
 }
 
@@ -70,6 +70,32 @@ void PlaybackChases::Set_Sequence_Level(int q, int level) {
   }
   set_Seq_Level(q, level);
   Start_Sequence(q);
+}
+
+void PlaybackChases::Start_Take_Sequences(const Screen& screen, Entry entry) {
+  Store& store = context_.store();
+  auto start = [&](int q, int level, bool from_button) {
+    if (entry == Entry::Take) {
+      set_Seq_Level_In(q, level);
+    } else {
+      set_Seq_Level(q, level);
+    }
+    if (running(q)) return;
+    if (from_button || entry == Entry::Take) set_Seq_Speed(q, 100);
+    Start_Sequence(q);
+  };
+  for (int b = 0; b < kPlaybackButtons; ++b) {
+    ButtonFunction& button = store.Button_Functions[b];
+    if (!screen.But_Sel[b] || button.Function != kFunctionSequence) continue;
+    button.Preset = false;
+    start(button.Value, button.Level, true);
+  }
+  for (int f = 0; f < kPlaybackFaders; ++f) {
+    const FaderFunction& fader = store.Fader_Functions[f];
+    const int level = screen.Fad_Sel[f];
+    if (level <= kSequenceFaderThreshold || fader.Function != kFunctionSequence) continue;
+    start(fader.Value, fader.Data1 != 0 ? fader.Level : level, false);
+  }
 }
 
 void PlaybackChases::enter_step(int q, bool starting) {
@@ -104,10 +130,10 @@ void PlaybackChases::enter_step(int q, bool starting) {
 void PlaybackChases::set_step_interval(int q) {
   const ChaseRec& chase = context_.store().Chase_Table[q];
   const double ms = seq_speed_[q] * chase.Speed[runs_[q].step] * 10 + 1;
-  timer1_[q]->set_interval(round_half_even(std::clamp(ms, 1.0, 2147483647.0)));
+  chase_step_timers_[q]->set_interval(round_half_even(std::clamp(ms, 1.0, 2147483647.0)));
 }
 
-void PlaybackChases::Timer1_Tick(int q) {
+void PlaybackChases::chase_step_tick(int q) {
   const ChaseRec& chase = context_.store().Chase_Table[q];
   Run& run = runs_[q];
   const bool hold = run.final_unseen && context_.output_timing().smooth();
@@ -162,7 +188,7 @@ void PlaybackChases::merge(int q, const std::array<std::int16_t, kChaseChannels>
   }
 }
 
-void PlaybackChases::Timer3_Tick() {
+void PlaybackChases::mix_tick() {
   context_.store().Playback_Seq_Out.fill(0);
   last_mix_ms_ = context_.scheduler().now_ms();
   std::array<std::int16_t, kChaseChannels> levels{};

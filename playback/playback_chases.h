@@ -12,8 +12,8 @@ namespace lumaris {
 class DeskContext;
 
 // The chases started from the playback desk, run on the desk's own timers and
-// independent of the sequence desk's run: one step timer Timer1(q) per chase
-// 0..31 and the mixing timer Timer3, which rebuilds Playback_Seq_Out every 100 ms.
+// independent of the sequence desk's run: one step timer chase_step_timer(q) per
+// chase 0..31 and the mixing timer, which rebuilds Playback_Seq_Out every 100 ms.
 //
 // Loop counts as on the sequence desk: 0 plays for ever, n > 0 plays n + 1
 // passes. A chase channel lights the desk channel its Channels entry names
@@ -23,21 +23,34 @@ class DeskContext;
 // level over the step's fade time; with fade time 0 it jumps.
 class PlaybackChases {
  public:
-  static constexpr int kStepTimers = 32;  // Timer1(0..31): chase 32 cannot run
+  static constexpr int kStepTimers = 32;  // chases 0..31: chase 32 cannot run
   static constexpr int kMixInterval = 100;
+  // A Sequence fader a screen holds starts its chase only above this level.
+  static constexpr int kSequenceFaderThreshold = 10;
+
+  // How a screen's chases come up: a recall puts them straight on Seq_Level; a
+  // take brings them in on Seq_Level_In, which the chase mix crossfades against
+  // the outgoing Seq_Level.
+  enum class Entry { Recall, Take };
 
   explicit PlaybackChases(DeskContext& context);
 
   void Start_Sequence(int q);
-  // Timer1(q) stops.
+  // The chase's step timer stops.
   void Stop_Sequence(int q);
   // Every step timer stops; the levels are kept.
   void Stop_All();
   // Used by the control surface and the command line for Sequence faders.
   void Set_Sequence_Level(int q, int level);
+  // The chases a screen holds come up: those of its Sequence buttons that are on
+  // and of its Sequence faders above kSequenceFaderThreshold, each at the level
+  // its button or fader gives it, so none is started unseen at level 0. A chase
+  // already running keeps its step rather than jumping back to step 1. A chase
+  // started by a recalled fader keeps the speed it had; any other runs at 100 %.
+  void Start_Take_Sequences(const Screen& screen, Entry entry);
 
-  void Timer1_Tick(int q);
-  void Timer3_Tick();
+  void chase_step_tick(int q);
+  void mix_tick();
   // Smooth output: Playback_Seq_Out at `now_ms`, between the mixing ticks. At a
   // tick's own moment it is what that tick writes; between ticks each fading
   // channel runs straight towards the next tick's level. A fade's last level no
@@ -57,8 +70,8 @@ class PlaybackChases {
   bool running(int q) const;
   int step(int q) const { return valid(q) ? runs_[q].step : 0; }
   int passes(int q) const { return valid(q) ? runs_[q].passes : 0; }
-  Timer& Timer1(int q) { return *timer1_[q]; }
-  Timer& Timer3() { return *timer3_; }
+  Timer& chase_step_timer(int q) { return *chase_step_timers_[q]; }
+  Timer& mix_timer() { return *mix_timer_; }
 
   // Told when a chase has played its passes and stopped, so the panel redraws.
   void on_chase_finished(std::function<void()> handler) { finished_ = std::move(handler); }
@@ -88,8 +101,8 @@ class PlaybackChases {
   void merge(int q, const std::array<std::int16_t, kChaseChannels>& levels);
 
   DeskContext& context_;
-  std::array<std::unique_ptr<Timer>, kStepTimers> timer1_;
-  std::unique_ptr<Timer> timer3_;
+  std::array<std::unique_ptr<Timer>, kStepTimers> chase_step_timers_;
+  std::unique_ptr<Timer> mix_timer_;
   std::array<std::int16_t, kChases> seq_level_{};
   std::array<std::int16_t, kChases> seq_level_in_{};
   std::array<std::int16_t, kChases> seq_speed_{};

@@ -93,17 +93,15 @@ void PlaybackDesk::Preset_Change(int value) { preset_ = std::clamp(value, 0, 255
 
 void PlaybackDesk::set_reset_caption() { set_caption(kCaption); }
 
-// The panel and the page controls of the page on show, and the live output.
-void PlaybackDesk::redraw() {
-  pages_->refresh();
-  panel_->Refresh_Playback_Panel();
-  panel_->Compute_Live_Output();
-}
-
 void PlaybackDesk::Refresh_Playback_Panel() {
   screens_->Show_Screen();
   pages_->refresh();
   panel_->Refresh_Playback_Panel();
+}
+
+void PlaybackDesk::redraw() {
+  Refresh_Playback_Panel();
+  Compute_Live_Output();
 }
 
 void PlaybackDesk::Compute_Live_Output() { panel_->Compute_Live_Output(); }

@@ -47,6 +47,8 @@ class PlaybackDesk : public Window {
   void Main_Change(int value);
   void Preset_Change(int value);
 
+  // The screen panel, the page controls and the buttons and faders of the page
+  // on show read the store again.
   void Refresh_Playback_Panel();
   void Compute_Live_Output();
   void Clear_All();     // "Clear all Buttons on Desk"
@@ -82,6 +84,8 @@ class PlaybackDesk : public Window {
 
  private:
   void cue_pressed(int screen);
+  // After a change of the page, the functions or the live state: the desk
+  // redraws and the live output is recomputed.
   void redraw();
 
   DeskContext& context_;

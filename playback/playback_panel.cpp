@@ -53,7 +53,7 @@ void PlaybackPanel::press(int i, int b) {
   Store& store = context_.store();
   ButtonFunction& button = store.Button_Functions[b];
   bool& state = store.Playback_Button_State[b];
-  Rgb& lamp = buttons_[i].Picture1;
+  Rgb& lamp = buttons_[i].lamp;
   switch (button.Function) {
     case kFunctionSubmix:
     case kFunctionPreset:
@@ -88,7 +88,7 @@ void PlaybackPanel::press(int i, int b) {
           button.Data2 = colour->g;
           button.Data3 = colour->b;
           button.Colour = colour_to_text(*colour);
-          buttons_[i].Command1_colour = *colour;
+          buttons_[i].caption_colour = *colour;
         }
         state = true;
         lamp = kRed;
@@ -99,7 +99,7 @@ void PlaybackPanel::press(int i, int b) {
       break;
     case kFunctionCue:
       if (desk_.cue) desk_.cue(button.Value);
-      buttons_[i].Picture1 = kRed;
+      buttons_[i].lamp = kRed;
       break;
     default:
       break;
@@ -135,7 +135,7 @@ void PlaybackPanel::release(int i, int b) {
     default:
       return;
   }
-  buttons_[i].Picture1 = kLampOff;
+  buttons_[i].lamp = kLampOff;
   if (surface_in_playback()) context_.surface().BCF_Button_Update(PlaybackElement(b), state);
 }
 
@@ -146,7 +146,7 @@ void PlaybackPanel::Fader_Move(int i, int value) {
   Store& store = context_.store();
   value = std::clamp(value, 0, 255);
   const int level = 255 - value;
-  faders_[i].Slider1 = value;
+  faders_[i].fader = value;
   store.Playback_Fader_Level[f] = static_cast<std::int16_t>(level);
   const FaderFunction& fader = store.Fader_Functions[f];
   if (fader.Function == kFunctionSequence) {
@@ -161,7 +161,7 @@ void PlaybackPanel::Fader_Move(int i, int value) {
     } else {
       if (chases_.Seq_Level(q) < kSequenceRestartLevel) chases_.set_Seq_Level(q, fader.Level);
       chases_.set_Seq_Speed(q, level);
-      faders_[i].Text6 = faders_[i].Text5.substr(0, 4) + kMovedMark;
+      faders_[i].step_time_note = faders_[i].caption.substr(0, 4) + kMovedMark;
       chases_.Start_Sequence(q);
     }
   }
@@ -207,10 +207,10 @@ void PlaybackPanel::Refresh_Playback_Panel() {
     if (b >= kPlaybackButtons) continue;
     const ButtonFunction& button = store.Button_Functions[b];
     Caption c = caption(button.Function, button.Value, button.Name, button.Colour);
-    controls.Command1 = std::move(c.text);
-    controls.Command1_colour = c.colour;
-    controls.Command2 = function_short_name(button.Function);
-    controls.Picture1 = store.Playback_Button_State[b] ? kRed : kLampOff;
+    controls.caption = std::move(c.text);
+    controls.caption_colour = c.colour;
+    controls.function_caption = function_short_name(button.Function);
+    controls.lamp = store.Playback_Button_State[b] ? kRed : kLampOff;
   }
   for (int i = 0; i < kFadersPerPlaybackPage; ++i) {
     const int f = fader_number(i);
@@ -219,11 +219,11 @@ void PlaybackPanel::Refresh_Playback_Panel() {
     const FaderFunction& fader = store.Fader_Functions[f];
     const int function = fader.Function == kFunctionCue ? static_cast<int>(kFunctionOff) : fader.Function;
     Caption c = caption(function, fader.Value, fader.Name, fader.Colour);
-    controls.Slider1 = 255 - store.Playback_Fader_Level[f];
-    controls.Text2 = function_short_name(function);
-    controls.Text6 = function == kFunctionSequence && fader.Data1 != 0 ? c.text + kStepTiming : std::string();
-    controls.Text5 = std::move(c.text);
-    controls.Text5_colour = c.colour;
+    controls.fader = 255 - store.Playback_Fader_Level[f];
+    controls.function_caption = function_short_name(function);
+    controls.step_time_note = function == kFunctionSequence && fader.Data1 != 0 ? c.text + kStepTiming : std::string();
+    controls.caption = std::move(c.text);
+    controls.caption_colour = c.colour;
   }
 }
 

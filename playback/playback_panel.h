@@ -14,25 +14,25 @@ class PlaybackChases;
 
 inline constexpr Rgb kLampOff{200, 200, 200};
 
-// One of the 16 buttons of the page on show: the button Command1(i), its
-// companion Command2(i) with the function's short name, and its lamp Picture1(i).
+// One of the 16 buttons of the page on show: the button with its caption, its
+// companion button with the function's short name, and its lamp.
 struct PlaybackButtonControls {
-  std::string Command1;
-  Paint Command1_colour;
-  std::string Command2;
-  Rgb Picture1 = kLampOff;
+  std::string caption;
+  Paint caption_colour;
+  std::string function_caption;
+  Rgb lamp = kLampOff;
 };
 
-// One of the 12 faders of the page on show. Text5 is the caption (the same names
-// as the buttons), Text2 the function's short name, Text6 the Step Time note of
-// a Sequence fader that sets its chase's speed ("Name Step Timing", and the
-// first four characters of the name with " *" once it has been moved).
+// One of the 12 faders of the page on show: its caption (the same names as the
+// buttons), the function's short name, and the Step Time note of a Sequence
+// fader that sets its chase's speed ("Name Step Timing", and the first four
+// characters of the name with " *" once it has been moved).
 struct PlaybackFaderControls {
-  int Slider1 = 255;  // 0 at the top: level = 255 - value
-  std::string Text2;
-  std::string Text5;
-  Paint Text5_colour;
-  std::string Text6;
+  int fader = 255;  // 0 at the top: level = 255 - value
+  std::string function_caption;
+  std::string caption;
+  Paint caption_colour;
+  std::string step_time_note;
 };
 
 enum class MouseButton { Left, Right };

@@ -30,9 +30,9 @@ std::string seconds_text(int seconds) { return std::to_string(seconds) + " s"; }
 
 RunMode::RunMode(DeskContext& context, PlaybackChases& chases, Desk desk)
     : context_(context), chases_(chases), desk_(std::move(desk)) {
-  timer2_ = context.scheduler().create_timer(true);
-  timer2_->set_enabled(false);
-  timer2_->on_tick([this] { Timer2_Tick(); });
+  take_timer_ = context.scheduler().create_timer(true);
+  take_timer_->set_enabled(false);
+  take_timer_->on_tick([this] { take_tick(); });
   delay_timer_ = context.scheduler().create_timer(true);
   delay_timer_->set_enabled(false);
   delay_timer_->set_interval(kDelayInterval);
@@ -99,9 +99,7 @@ void RunMode::enter() {
   store.Run_Mode = true;
   if (desk_.run_mode_changed) desk_.run_mode_changed(true);
   // Screen 1's chases come up with it, as the incoming screen's would.
-  store.Take_Manual = true;
-  Start_Take_Sequences();
-  store.Take_Manual = false;
+  chases_.Start_Take_Sequences(store.Screens[store.Run_Screen], PlaybackChases::Entry::Take);
   Complete_Take();
   status(kSelected);
   Compute_Run_Output();
@@ -115,7 +113,7 @@ void RunMode::leave() {
     store.Run_Mode = false;
     store.Autotake_Running = false;
     store.Take_Manual = false;
-    timer2_->set_enabled(false);
+    take_timer_->set_enabled(false);
     delay_timer_->set_enabled(false);
     // The desk keeps the live look: chases the unfinished take brought in go.
     for (int q = 0; q < kChases; ++q) {

@@ -55,8 +55,7 @@ class RunMode {
   void Run_screen_sel_Change(int value);
   void Complete_Take();
   void Compute_Run_Output();
-  void Start_Take_Sequences();
-  void Timer2_Tick();
+  void take_tick();
   void Delay_Timer_Tick();
   // Smooth output: during an automatic take, Crossfade_Level at `now_ms` runs
   // straight from the last take tick's level to the next's, so the mix moves at
@@ -88,7 +87,7 @@ class RunMode {
   int Fade_Ticks() const { return fade_ticks_; }
   int Fade_Step() const { return fade_step_; }
   int Delay_Count() const { return delay_count_; }
-  Timer& Timer2() { return *timer2_; }
+  Timer& take_timer() { return *take_timer_; }
   Timer& Delay_Timer() { return *delay_timer_; }
 
   // Told after every change the operator can see (the Qt window re-syncs).
@@ -120,7 +119,7 @@ class RunMode {
   DeskContext& context_;
   PlaybackChases& chases_;
   Desk desk_;
-  std::unique_ptr<Timer> timer2_;
+  std::unique_ptr<Timer> take_timer_;
   std::unique_ptr<Timer> delay_timer_;
   std::function<void()> changed_;
 

@@ -8,8 +8,7 @@
 #include "playback/run_mode.h"
 
 // Run mode's takes: automatic (start, tick, pause, resume), by hand on the
-// crossfader, their completion, the delay counter of Auto chains and the chases
-// an incoming screen brings.
+// crossfader, their completion and the delay counter of Auto chains.
 
 namespace lumaris {
 
@@ -28,8 +27,6 @@ constexpr int kUpThreshold = 35;     // moving up from the bottom takes above th
 constexpr int kResumeLow = 30;
 constexpr int kResumeHigh = 230;
 constexpr int kDefaultOutputInterval = 70;
-constexpr int kSequenceFaderThreshold = 10;
-constexpr int kSurfaceStrips = 32;  // one main desk page
 
 // The screen's Next; a screen without one goes on to the following screen.
 int next_of(const Screen& screen, int number) {
@@ -57,7 +54,7 @@ void RunMode::pause() {
   status(kAutotakeStopped);
   store.Take_Manual = true;
   store.Autotake_Running = false;
-  timer2_->set_enabled(false);
+  take_timer_->set_enabled(false);
   paint_sides(kRed, kRed);
   autotake_caption_ = kAutoTakeCaption;
   autotake_colour_.reset();
@@ -88,7 +85,7 @@ void RunMode::new_take(int target) {
   paint_sides(kYellow, kYellow);
   autotake_caption_ = kPauseCaption;
   autotake_colour_ = kYellow;
-  Start_Take_Sequences();
+  chases_.Start_Take_Sequences(store.Screens[store.Run_Screen], PlaybackChases::Entry::Take);
   next_on_a_ = !next_on_a_;
   show_sides(prev_screen_, store.Run_Screen);
   show_crossfade();
@@ -118,13 +115,13 @@ void RunMode::start_timer(bool resuming) {
     const int remaining = std::max(0, kAutoComplete - store.Crossfade_Level);
     fade_ticks_ = (remaining + fade_step_ - 1) / fade_step_;
   }
-  timer2_->set_interval(interval);
-  timer2_->set_enabled(true);
+  take_timer_->set_interval(interval);
+  take_timer_->set_enabled(true);
   take_tick_ms_ = context_.scheduler().now_ms();
   take_tick_level_ = store.Crossfade_Level;
 }
 
-void RunMode::Timer2_Tick() {
+void RunMode::take_tick() {
   Store& store = context_.store();
   // The take steps on from its own last level, not from one a frame sampled in between.
   if (store.Autotake_Running) {
@@ -139,10 +136,10 @@ void RunMode::Timer2_Tick() {
 
 void RunMode::sample_output(double now_ms) {
   Store& store = context_.store();
-  if (!store.Autotake_Running || !timer2_->enabled()) return;
+  if (!store.Autotake_Running || !take_timer_->enabled()) return;
   int next = std::min(255, take_tick_level_ + fade_step_);
   if (next >= kAutoComplete) next = 255;  // that tick completes the take
-  const double progress = std::clamp((now_ms - take_tick_ms_) / timer2_->interval(), 0.0, 1.0);
+  const double progress = std::clamp((now_ms - take_tick_ms_) / take_timer_->interval(), 0.0, 1.0);
   store.Crossfade_Level = static_cast<std::int16_t>(take_tick_level_ + round_half_even((next - take_tick_level_) * progress));
 }
 
@@ -170,7 +167,7 @@ void RunMode::Run_Crossfade_Change(int value) {
     if (next_screen_ <= store.Screen_Count) store.Run_Screen = static_cast<std::int16_t>(next_screen_);
     paint_sides(kRed, kRed);
     show_sides(prev_screen_, store.Run_Screen);
-    Start_Take_Sequences();
+    chases_.Start_Take_Sequences(store.Screens[store.Run_Screen], PlaybackChases::Entry::Take);
     Compute_Run_Output();
     if (!down) Run_screen_sel_Change(next_of(store.Screens[store.Run_Screen], store.Run_Screen));
   }
@@ -188,7 +185,7 @@ void RunMode::Complete_Take() {
   Store& store = context_.store();
   store.Autotake_Running = false;
   store.Take_Manual = false;
-  timer2_->set_enabled(false);
+  take_timer_->set_enabled(false);
   store.Crossfade_Level = 255;
   show_crossfade();
   last_crossfade_ = crossfader_;
@@ -217,8 +214,8 @@ void RunMode::Complete_Take() {
     }
   } else if (store.BCF_Mode == kSurfaceMainMode) {
     // The surface's faders are the main desk strips of the page on show.
-    const int first = store.Fader_Page * kSurfaceStrips;
-    for (int i = 0; i < kSurfaceStrips; ++i) {
+    const int first = store.Fader_Page * kFadersPerPage;
+    for (int i = 0; i < kFadersPerPage; ++i) {
       context_.surface().BCF_Fader_Update(SurfaceStrip::of_channel(store.Fader_Page, first + i),
                                           store.Desk_Level[first + i]);
     }
@@ -262,32 +259,6 @@ void RunMode::Delay_Timer_Tick() {
     if (store.Run_Mode && !store.Autotake_Running) Autotake(next_screen_);
   }
   notify();
-}
-
-// The incoming screen's chases come in on Seq_Level_In, which the chase mix
-// crossfades against the outgoing Seq_Level.
-void RunMode::Start_Take_Sequences() {
-  if (!take_in_progress()) return;
-  Store& store = context_.store();
-  const Screen& screen = store.Screens[store.Run_Screen];
-  auto start = [this](int q, int level) {
-    chases_.set_Seq_Level_In(q, level);
-    if (chases_.running(q)) return;
-    chases_.set_Seq_Speed(q, 100);
-    chases_.Start_Sequence(q);
-  };
-  for (int b = 0; b < kPlaybackButtons; ++b) {
-    ButtonFunction& button = store.Button_Functions[b];
-    if (!screen.But_Sel[b] || button.Function != kFunctionSequence) continue;
-    button.Preset = false;
-    start(button.Value, button.Level);
-  }
-  for (int f = 0; f < kPlaybackFaders; ++f) {
-    const FaderFunction& fader = store.Fader_Functions[f];
-    const int level = screen.Fad_Sel[f];
-    if (level <= kSequenceFaderThreshold || fader.Function != kFunctionSequence) continue;
-    start(fader.Value, fader.Data1 != 0 ? fader.Level : level);
-  }
 }
 
 }  // namespace lumaris

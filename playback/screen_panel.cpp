@@ -13,8 +13,6 @@ namespace lumaris {
 
 namespace {
 
-constexpr int kSequenceFaderThreshold = 10;
-
 std::string recorded_text(int n) { return " Cue " + std::to_string(n) + " Recorded"; }
 std::string recalled_text(int n) { return " Screen " + std::to_string(n) + " Recalled"; }
 
@@ -75,42 +73,23 @@ void ScreenPanel::Screen_Prog_Click() {
   changed();
 }
 
-// A recalled chase plays at the level its button or fader gives it, as the
-// incoming screen of a take does: a chase at level 0 would be started unseen.
-void ScreenPanel::start_recorded_chases() {
-  Store& store = context_.store();
-  for (int b = 0; b < kPlaybackButtons; ++b) {
-    ButtonFunction& button = store.Button_Functions[b];
-    if (!store.Playback_Button_State[b] || button.Function != kFunctionSequence) continue;
-    button.Preset = false;
-    chases_.set_Seq_Speed(button.Value, 100);
-    chases_.set_Seq_Level(button.Value, button.Level);
-    chases_.Start_Sequence(button.Value);
-  }
-  for (int f = 0; f < kPlaybackFaders; ++f) {
-    const FaderFunction& fader = store.Fader_Functions[f];
-    const int level = store.Playback_Fader_Level[f];
-    if (level <= kSequenceFaderThreshold || fader.Function != kFunctionSequence) continue;
-    chases_.set_Seq_Level(fader.Value, fader.Data1 != 0 ? fader.Level : level);
-    chases_.Start_Sequence(fader.Value);
-  }
-}
-
 void ScreenPanel::Recall_Screen(int n) {
   if (!ScreenTable::valid(n)) return;
   Store& store = context_.store();
   const Screen& s = store.Screens[n];
-  screen_txt_ = s.Name;
   std::copy(s.Preset.begin(), s.Preset.end(), store.Desk_Level.begin());
   if (desk_.refresh_main_desk) desk_.refresh_main_desk();
   store.Playback_Fader_Level = s.Fad_Sel;
   chases_.Stop_All();
   store.Playback_Button_State = s.But_Sel;
-  start_recorded_chases();
+  chases_.Start_Take_Sequences(s, PlaybackChases::Entry::Recall);
   desk_.set_preset_value(255 - s.Preset_l);
+  desk_.refresh_playback();
+  // The panel shows the recalled screen's name, fade time and Auto next, even
+  // where it is not the current one.
+  screen_txt_ = s.Name;
   auto_next_ = s.Auto;
   show_fade_time(s.Time);
-  desk_.refresh_playback();
   context_.status().show_playback(recalled_text(n));
   if (store.BCF_Mode == kSurfacePlaybackMode) {
     for (int i = 0; i < kSurfaceElements; ++i) {

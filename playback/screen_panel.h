@@ -70,7 +70,6 @@ class ScreenPanel {
   Screen& screen();
   void changed();
   void show_fade_time(int seconds);
-  void start_recorded_chases();
 
   DeskContext& context_;
   ScreenTable& table_;

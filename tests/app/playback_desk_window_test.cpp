@@ -44,17 +44,17 @@ TEST_F(PlaydeskWindowTest, OpensFromTheMainDeskAndPlaysAndRecords) {
   open->click();
   PlaybackDeskWindow& window = playdesk();
   ASSERT_TRUE(window.isVisible());
-  EXPECT_EQ(window.Command1(0)->text(), QStringLiteral("Submix 1"));
+  EXPECT_EQ(window.button(0)->text(), QStringLiteral("Submix 1"));
 
   // A flash button lights while the mouse is down.
   store().Submix[0].Chan[0] = 3;
   store().Submix[0].Level[0] = 255;
-  mouse(window.Command1(0), QEvent::MouseButtonPress, Qt::LeftButton);
+  mouse(window.button(0), QEvent::MouseButtonPress, Qt::LeftButton);
   EXPECT_EQ(store().Playback_Live_Out[2], 255);
-  mouse(window.Command2(0), QEvent::MouseButtonRelease, Qt::LeftButton);
+  mouse(window.function_button(0), QEvent::MouseButtonRelease, Qt::LeftButton);
   EXPECT_EQ(store().Playback_Live_Out[2], 0);
 
-  window.Slider1(0)->setValue(100);  // on screen, fills from the bottom: level 100
+  window.fader(0)->setValue(100);  // on screen, fills from the bottom: level 100
   EXPECT_EQ(store().Playback_Fader_Level[0], 100);
 
   window.Screen_Num_sel()->setValue(4);
@@ -68,9 +68,9 @@ TEST_F(PlaydeskWindowTest, OpensFromTheMainDeskAndPlaysAndRecords) {
 
   window.Inc_Page(1)->click();
   EXPECT_EQ(window.Page_Details()->text(), QStringLiteral("Page 2"));
-  EXPECT_EQ(window.Command2(0)->text(), QStringLiteral("Off"));
+  EXPECT_EQ(window.function_button(0)->text(), QStringLiteral("Off"));
 
-  mouse(window.Command1(2), QEvent::MouseButtonPress, Qt::RightButton);
+  mouse(window.button(2), QEvent::MouseButtonPress, Qt::RightButton);
   EXPECT_TRUE(desk().button_setup().visible());
   EXPECT_EQ(desk().button_setup().element(), 18);
 }
@@ -96,23 +96,23 @@ TEST_F(PlaydeskWindowTest, EditCuesListsTheScreensAndItsSliderWritesTheLevelBack
   playdesk().menu_action("cue-editor")->trigger();
   auto& window = window_named<CueEditorWindow>(app, "cue-editor");
   ASSERT_TRUE(window.isVisible());
-  ASSERT_EQ(window.List1()->count(), 3);
+  ASSERT_EQ(window.screen_list()->count(), 3);
   EXPECT_EQ(window.Next_Scn()->count(), 3);
 
-  window.List1()->setCurrentRow(1);
-  EXPECT_EQ(window.Text1()->text(), QStringLiteral("Close"));
-  ASSERT_EQ(window.List2()->count(), 1);
-  window.List2()->setCurrentRow(0);
-  EXPECT_EQ(window.Text5()->text(), QStringLiteral("100"));
-  window.Slider1()->setValue(180);  // on screen, fills from the bottom: level 180
+  window.screen_list()->setCurrentRow(1);
+  EXPECT_EQ(window.name_box()->text(), QStringLiteral("Close"));
+  ASSERT_EQ(window.content_list()->count(), 1);
+  window.content_list()->setCurrentRow(0);
+  EXPECT_EQ(window.level_box()->text(), QStringLiteral("100"));
+  window.level_fader()->setValue(180);  // on screen, fills from the bottom: level 180
   EXPECT_EQ(store().Screens[2].Preset[4], 180);
-  EXPECT_EQ(window.List2()->item(0)->text(), QStringLiteral("Preset Channel 5 @ 180"));
+  EXPECT_EQ(window.content_list()->item(0)->text(), QStringLiteral("Preset Channel 5 @ 180"));
 
-  window.Text1()->setText(QStringLiteral("Finale"));
-  emit window.Text1()->textEdited(QStringLiteral("Finale"));
+  window.name_box()->setText(QStringLiteral("Finale"));
+  emit window.name_box()->textEdited(QStringLiteral("Finale"));
   window.Update()->click();
   EXPECT_EQ(store().Screens[2].Name, "Finale");
-  EXPECT_EQ(window.List1()->item(1)->text(), QStringLiteral("2 Finale"));
+  EXPECT_EQ(window.screen_list()->item(1)->text(), QStringLiteral("2 Finale"));
   window.Save_and_Exit()->click();
   EXPECT_FALSE(window.isVisible());
 }

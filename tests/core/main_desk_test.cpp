@@ -174,7 +174,7 @@ TEST_F(MainDeskTest, SubmixProgramStoresCompactedEntriesNameAndColourRecallResto
   desk().Submix_Text_Change("Everything");
   desk().Submix_Prog_Click();
   EXPECT_EQ(store().Submix[0].Chan[63], 64) << "all 64 channels are stored";
-  EXPECT_EQ(t.console->playback_desk().panel().buttons()[0].Command1, "Everything")
+  EXPECT_EQ(t.console->playback_desk().panel().buttons()[0].caption, "Everything")
       << "the playback button of submix 1 shows its new name";
   store().Desk_Level.fill(3);
   desk().Inc_Channel_Click();

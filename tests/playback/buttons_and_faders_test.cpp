@@ -21,10 +21,10 @@ TEST(PlaybackButtons, ASubmixButtonLightsWhileHeldOrTogglesWhenLatched) {
   p.button(0).Level = 128;
   p.press(0);
   EXPECT_EQ(p.live(7), 128);
-  EXPECT_EQ(p.panel().buttons()[0].Picture1, kRed);
+  EXPECT_EQ(p.panel().buttons()[0].lamp, kRed);
   p.release(0);
   EXPECT_EQ(p.live(7), 0);
-  EXPECT_EQ(p.panel().buttons()[0].Picture1, kLampOff);
+  EXPECT_EQ(p.panel().buttons()[0].lamp, kLampOff);
 
   p.button(0).Latch = true;
   p.click(0);
@@ -60,7 +60,7 @@ TEST(PlaybackFaders, PresetColourAndSubmixFadersScaleWhatTheyHold) {
   EXPECT_EQ(p.live(4), 100);
   EXPECT_EQ(p.live(64), 100);
   EXPECT_EQ(p.store().Playback_Fader_Level[1], 128);
-  EXPECT_EQ(p.panel().faders()[1].Slider1, 127);
+  EXPECT_EQ(p.panel().faders()[1].fader, 127);
   EXPECT_EQ(p.live(1), 51);
   EXPECT_EQ(p.live(2), 0) << "a component of 0 drives nothing";
   EXPECT_EQ(p.live(3), 20);
@@ -76,7 +76,7 @@ TEST(PlaybackButtons, AColourButtonWithoutAFixedColourAsksAtEveryPressFromOff) {
   EXPECT_EQ(p.live(10), 255);
   EXPECT_EQ(p.live(11), 0);
   EXPECT_EQ(p.live(12), 60);
-  EXPECT_EQ(p.panel().buttons()[5].Command1_colour, (Rgb{255, 0, 60}));
+  EXPECT_EQ(p.panel().buttons()[5].caption_colour, (Rgb{255, 0, 60}));
   p.click(5);  // off: no question
   EXPECT_EQ(p.t.dialogs.colour_titles().size(), 1u);
   EXPECT_EQ(p.live(10), 0);
@@ -96,15 +96,15 @@ TEST(PlaybackButtons, CueButtonsRecallOutsideRunModeAndTakeInRunMode) {
   p.store().Desk_Level.fill(0);
   p.set_button(2, kFunctionCue, 8);
   p.desk->Refresh_Playback_Panel();
-  EXPECT_EQ(p.panel().buttons()[2].Command1, "Eight");
-  EXPECT_EQ(p.panel().buttons()[2].Command2, "Cue");
+  EXPECT_EQ(p.panel().buttons()[2].caption, "Eight");
+  EXPECT_EQ(p.panel().buttons()[2].function_caption, "Cue");
   p.press(2);
   EXPECT_EQ(p.store().Desk_Level[29], 99);
   EXPECT_EQ(p.screens().Current_Screen(), 8);
   EXPECT_EQ(p.status(), " Screen 8 Recalled");
-  EXPECT_EQ(p.panel().buttons()[2].Picture1, kRed);
+  EXPECT_EQ(p.panel().buttons()[2].lamp, kRed);
   p.release(2);
-  EXPECT_EQ(p.panel().buttons()[2].Picture1, kLampOff);
+  EXPECT_EQ(p.panel().buttons()[2].lamp, kLampOff);
 
   p.desk->run_mode().Run_Switch_Click();
   p.press(2);
@@ -125,23 +125,23 @@ TEST(PlaybackPanel, CaptionsFollowTheFunctions) {
   p.set_fader(3, kFunctionSequence, 2).Data1 = 1;
   p.desk->Refresh_Playback_Panel();
   const auto& b = p.panel().buttons();
-  EXPECT_EQ(b[0].Command1, "Submix 1");
-  EXPECT_EQ(b[1].Command1, "Wash");
-  EXPECT_EQ(b[1].Command1_colour, (Rgb{255, 0, 0}));
-  EXPECT_EQ(b[2].Command1, "Seq 5");
-  EXPECT_EQ(b[2].Command1_colour, (Rgb{0, 255, 0}));
-  EXPECT_EQ(b[2].Command2, "Seq");
-  EXPECT_EQ(b[3].Command1, "Spot");
-  EXPECT_EQ(b[3].Command2, "Preset");
+  EXPECT_EQ(b[0].caption, "Submix 1");
+  EXPECT_EQ(b[1].caption, "Wash");
+  EXPECT_EQ(b[1].caption_colour, (Rgb{255, 0, 0}));
+  EXPECT_EQ(b[2].caption, "Seq 5");
+  EXPECT_EQ(b[2].caption_colour, (Rgb{0, 255, 0}));
+  EXPECT_EQ(b[2].function_caption, "Seq");
+  EXPECT_EQ(b[3].caption, "Spot");
+  EXPECT_EQ(b[3].function_caption, "Preset");
   const auto& f = p.panel().faders();
-  EXPECT_EQ(f[3].Text5, "Seq 3");
-  EXPECT_EQ(f[3].Text6, "Seq 3 Step Timing");
-  EXPECT_EQ(f[4].Text5, "Submix 5");
-  EXPECT_EQ(f[4].Text6, "");
+  EXPECT_EQ(f[3].caption, "Seq 3");
+  EXPECT_EQ(f[3].step_time_note, "Seq 3 Step Timing");
+  EXPECT_EQ(f[4].caption, "Submix 5");
+  EXPECT_EQ(f[4].step_time_note, "");
 
   p.desk->pages().Inc_Page_Click();  // page 2: everything Off
-  EXPECT_EQ(p.panel().buttons()[0].Command2, "Off");
-  EXPECT_EQ(p.panel().faders()[0].Text2, "Off");
+  EXPECT_EQ(p.panel().buttons()[0].function_caption, "Off");
+  EXPECT_EQ(p.panel().faders()[0].function_caption, "Off");
 }
 
 TEST(PlaybackPanel, ClearAllAndClearEmptyTheDeskAndSaySo) {
@@ -163,7 +163,7 @@ TEST(PlaybackPanel, ClearAllAndClearEmptyTheDeskAndSaySo) {
   EXPECT_FALSE(p.store().Playback_Button_State[0]);
   EXPECT_EQ(p.store().Desk_Level[3], 0);
   EXPECT_EQ(p.live(7), 0);
-  EXPECT_EQ(p.panel().buttons()[0].Picture1, kLampOff);
+  EXPECT_EQ(p.panel().buttons()[0].lamp, kLampOff);
 }
 
 TEST(PlaybackPanel, PagesStepThroughFiveNameThemselvesAndSetUpTheirOwnElements) {

@@ -27,7 +27,7 @@ TEST(PlaybackChases, ASequenceButtonStepsItsChaseIntoTheDeskChannelItIsRoutedTo)
   ChaseDesk p;
   p.click(4);
   EXPECT_TRUE(p.chases().running(3));
-  EXPECT_EQ(p.chases().Timer1(3).interval(), 1001);
+  EXPECT_EQ(p.chases().chase_step_timer(3).interval(), 1001);
   p.advance(100);
   EXPECT_EQ(p.seq(10), 200);
   p.advance(1000);  // 1100 ms: step 2
@@ -47,7 +47,7 @@ TEST(PlaybackChases, ASequenceButtonStepsItsChaseIntoTheDeskChannelItIsRoutedTo)
   p.press(4);
   p.advance(100);
   EXPECT_EQ(p.seq(10), 200);
-  EXPECT_EQ(p.panel().buttons()[4].Picture1, kRed);
+  EXPECT_EQ(p.panel().buttons()[4].lamp, kRed);
   p.release(4);
   EXPECT_EQ(p.chases().Seq_Level(3), 0);
   p.advance(100);
@@ -93,8 +93,8 @@ TEST(PlaybackChases, ALevelFaderPlaysItsChaseAndAStepTimeFaderSetsItsSpeed) {
   p.fader_to(6, 50);  // 50 % of the chase's own timing
   EXPECT_EQ(p.chases().Seq_Speed(3), 50);
   EXPECT_EQ(p.chases().Seq_Level(3), 255) << "a chase at rest takes the fader's Level";
-  EXPECT_EQ(p.chases().Timer1(3).interval(), 501);
-  EXPECT_EQ(p.panel().faders()[6].Text6, "Seq  *");
+  EXPECT_EQ(p.chases().chase_step_timer(3).interval(), 501);
+  EXPECT_EQ(p.panel().faders()[6].step_time_note, "Seq  *");
 }
 
 TEST(PlaybackChases, RecallStopsEveryChaseAndRestartsTheScreensOwn) {

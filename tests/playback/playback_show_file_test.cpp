@@ -31,18 +31,18 @@ class PlaybackShowFile : public ::testing::Test {
 
 TEST_F(PlaybackShowFile, ALoadedShowIsOnThePlaybackDeskAndSavesBackUnchanged) {
   const PlaybackPanel& panel = d.panel();
-  EXPECT_EQ(panel.buttons()[0].Command1, "Submix 3");
-  EXPECT_EQ(panel.buttons()[5].Command1, "Spot");
-  EXPECT_EQ(panel.buttons()[5].Command2, "Preset");
-  EXPECT_EQ(panel.buttons()[6].Command2, "Off") << "a button the file does not name is unused";
-  EXPECT_EQ(panel.faders()[0].Text5, "Submix 2");
+  EXPECT_EQ(panel.buttons()[0].caption, "Submix 3");
+  EXPECT_EQ(panel.buttons()[5].caption, "Spot");
+  EXPECT_EQ(panel.buttons()[5].function_caption, "Preset");
+  EXPECT_EQ(panel.buttons()[6].function_caption, "Off") << "a button the file does not name is unused";
+  EXPECT_EQ(panel.faders()[0].caption, "Submix 2");
   EXPECT_EQ(d.desk->pages().Page_Details(), "Act 1");
   d.desk->pages().Inc_Page_Click();
-  EXPECT_EQ(panel.buttons()[1].Command1, "Sea");
-  EXPECT_EQ(panel.faders()[1].Text6, "Seq 4 Step Timing");
+  EXPECT_EQ(panel.buttons()[1].caption, "Sea");
+  EXPECT_EQ(panel.faders()[1].step_time_note, "Seq 4 Step Timing");
   EXPECT_EQ(d.desk->pages().Page_Details(), "Page 2");
   d.desk->Menu_Click("cue-editor");
-  EXPECT_EQ(d.desk->cue_editor().List1(), (std::vector<std::string>{"1 Opening", "2 Chase", "3 "}));
+  EXPECT_EQ(d.desk->cue_editor().screen_list(), (std::vector<std::string>{"1 Opening", "2 Chase", "3 "}));
 
   std::string expected = file_contents(test_data("playback_show.xml"));
   expected.replace(expected.find("<Version>3</Version>"), 20, "<Version>4</Version>");  // every save counts
@@ -59,7 +59,7 @@ TEST_F(PlaybackShowFile, WhatTheOperatorChangesOnThePlaybackDeskIsSaved) {
 
   ButtonSetup& setup = d.desk->button_setup();
   setup.Open(5);
-  setup.Slider1_Change(255 - 150);
+  setup.level_fader_changed(255 - 150);
   setup.OK_Click();
 
   d.desk->pages().Inc_Page_Click();

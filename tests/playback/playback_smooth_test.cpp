@@ -137,7 +137,7 @@ TEST(SmoothRunModeTake, TheCrossfadeMovesAtEveryFrameBetweenTakeTicks) {
   SmoothTake off(false);
   SmoothTake on(true);
   ASSERT_EQ(on.desk->run_mode().Fade_Step(), 4);
-  ASSERT_EQ(on.desk->run_mode().Timer2().interval(), 70);
+  ASSERT_EQ(on.desk->run_mode().take_timer().interval(), 70);
   off.advance(105);  // frame at 140: one take tick (105), halfway to the next
   on.advance(105);
   EXPECT_EQ(off.crossfade(), 4);

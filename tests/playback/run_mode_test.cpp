@@ -84,7 +84,7 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
   leave();
   EXPECT_FALSE(store().Run_Mode);
   EXPECT_FALSE(store().Autotake_Running);
-  EXPECT_FALSE(run().Timer2().enabled());
+  EXPECT_FALSE(run().take_timer().enabled());
   const int level = store().Crossfade_Level;
   clock().advance(5000);
   EXPECT_EQ(store().Crossfade_Level, level) << "the take timer stopped";
@@ -115,7 +115,7 @@ TEST_F(RunModeTest, AutotakeTimingFollowsTheFadeTimeAndTheOutputTick) {
     screen(2, "Two", c.seconds).Preset[0] = 200;
     enter();
     run().Autotake(2);
-    EXPECT_EQ(run().Timer2().interval(), c.interval);
+    EXPECT_EQ(run().take_timer().interval(), c.interval);
     EXPECT_EQ(run().Fade_Ticks(), c.ticks);
     EXPECT_EQ(run().Fade_Step(), c.step);
     EXPECT_EQ(run_until_complete(), c.duration);
@@ -135,7 +135,7 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   EXPECT_EQ(run().side_a_colour(), kYellow);
   EXPECT_EQ(run().Run_A(), "Look 1") << "the outgoing screen on the side the crossfader leaves";
   EXPECT_EQ(run().Run_B(), "Ten");
-  ASSERT_EQ(run().Timer2().interval(), 39);  // u = 39.2 ms
+  ASSERT_EQ(run().take_timer().interval(), 39);  // u = 39.2 ms
   clock().advance(39 * 102);                 // 40 %
   ASSERT_EQ(store().Crossfade_Level, 102);
   EXPECT_EQ(wire(1), 101) << "255 * 101 / 255: X at the last output tick";

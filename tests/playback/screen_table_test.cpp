@@ -57,7 +57,7 @@ TEST(Screens, RecallPutsTheScreenOnTheDesk) {
   EXPECT_TRUE(p.screens().Auto_next());
   EXPECT_EQ(p.screens().screen_txt(), "Look");
   EXPECT_EQ(p.live(12), 200);
-  EXPECT_EQ(p.panel().buttons()[0].Picture1, kRed);
+  EXPECT_EQ(p.panel().buttons()[0].lamp, kRed);
 }
 
 TEST(Screens, CopyPasteAndClearThroughTheMenu) {

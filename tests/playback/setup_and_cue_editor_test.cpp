@@ -14,7 +14,7 @@ TEST(ButtonSetup, OkOrMovingOnStoresWhatTheFunctionUsesAndMarksTheProject) {
   EXPECT_TRUE(w.layout().channels);
   w.Channel_Change(0, "12");
   w.Channel_Change(2, "64");
-  w.Slider1_Change(55);
+  w.level_fader_changed(55);
   w.F_Name_Change("Front");
   w.Latch_Click(true);
   w.OK_Click();
@@ -28,7 +28,7 @@ TEST(ButtonSetup, OkOrMovingOnStoresWhatTheFunctionUsesAndMarksTheProject) {
   EXPECT_EQ(b.Value, 6) << "a Preset keeps the Value it had";
   EXPECT_TRUE(p.store().Project_Changed);
   EXPECT_FALSE(w.visible());
-  EXPECT_EQ(p.panel().buttons()[6].Command1, "Front");
+  EXPECT_EQ(p.panel().buttons()[6].caption, "Front");
 
   w.Open(1);  // a Colour stores its fixed colour only when ticked
   w.Fun_set_Click(kFunctionColour);
@@ -38,7 +38,7 @@ TEST(ButtonSetup, OkOrMovingOnStoresWhatTheFunctionUsesAndMarksTheProject) {
   w.Colour_box_Click();
   EXPECT_EQ(w.Component_Label(2), "30");
   w.Preset_Col_Click(true);
-  w.Pannel_Inc_Click();
+  w.next_clicked();
   EXPECT_EQ(w.element(), 2);
   const ButtonFunction& c = p.button(1);
   EXPECT_EQ(c.Channel1, 5);
@@ -90,7 +90,7 @@ TEST(FaderSetup, ASequenceFaderKeepsItsLevelOrStepTimeChoice) {
   EXPECT_EQ(p.fader(0).Data1, 1);
   w.Open(0);
   EXPECT_EQ(w.Sequence_Fun(), 1);
-  EXPECT_EQ(p.panel().faders()[0].Text6, "Seq 2 Step Timing");
+  EXPECT_EQ(p.panel().faders()[0].step_time_note, "Seq 2 Step Timing");
 }
 
 struct EditedShow : PlaybackTestDesk {
@@ -112,25 +112,25 @@ TEST(CueEditor, ListsTheScreensAndWhatTheSelectedOneHoldsAndItsSliderWritesBack)
   p.desk->Menu_Click("cue-editor");
   CueEditor& e = p.editor();
   EXPECT_TRUE(e.visible());
-  EXPECT_EQ(e.List1(), (std::vector<std::string>{"1 One", "2 Two", "3 "}));
+  EXPECT_EQ(e.screen_list(), (std::vector<std::string>{"1 One", "2 Two", "3 "}));
   EXPECT_EQ(e.selected_screen(), 1);
-  EXPECT_EQ(e.Text1(), "One");
-  EXPECT_EQ(e.Text2(), "20");
+  EXPECT_EQ(e.name_box(), "One");
+  EXPECT_EQ(e.fade_time_box(), "20");
   EXPECT_EQ(e.Next_Scn_index(), 1);
-  EXPECT_EQ(e.List2(), (std::vector<std::string>{"Preset Channel 3 @ 100", "Button 2 Submix 2  ON",
+  EXPECT_EQ(e.content_list(), (std::vector<std::string>{"Preset Channel 3 @ 100", "Button 2 Submix 2  ON",
                                                  "Fader 1 Submix 1  @ 128"}));
-  e.List2_Click(2);
-  EXPECT_EQ(e.Text3(), "Fader 1");
-  EXPECT_EQ(e.Slider1(), 127);
-  e.Slider1_Change(55);
+  e.content_list_clicked(2);
+  EXPECT_EQ(e.item_label(), "Fader 1");
+  EXPECT_EQ(e.level_fader(), 127);
+  e.level_fader_changed(55);
   EXPECT_EQ(p.store().Screens[1].Fad_Sel[1], 200);
-  EXPECT_EQ(e.List2()[2], "Fader 1 Submix 1  @ 200");
-  e.List2_Click(0);
-  e.Slider1_Change(0);
+  EXPECT_EQ(e.content_list()[2], "Fader 1 Submix 1  @ 200");
+  e.content_list_clicked(0);
+  e.level_fader_changed(0);
   EXPECT_EQ(p.store().Screens[1].Preset[2], 255);
-  EXPECT_EQ(e.Text5(), "255");
-  e.List2_Click(1);
-  EXPECT_FALSE(e.Slider1_enabled()) << "a button has no level";
+  EXPECT_EQ(e.level_box(), "255");
+  e.content_list_clicked(1);
+  EXPECT_FALSE(e.level_fader_enabled()) << "a button has no level";
   EXPECT_TRUE(p.store().Project_Changed);
 }
 
@@ -138,13 +138,13 @@ TEST(CueEditor, UpdateStoresTheFieldsAndTheTableButtonsWorkOnTheSelectedScreen) 
   EditedShow p;
   CueEditor& e = p.editor();
   e.Open(2);  // preselected, as the instant panel opens it
-  EXPECT_EQ(e.Text1(), "Two");
-  e.Text1_Change("Second");
-  e.Text2_Change("7");
+  EXPECT_EQ(e.name_box(), "Two");
+  e.name_box_changed("Second");
+  e.fade_time_box_changed("7");
   e.Next_Scn_Click(0);
   e.Screen_Delay_Change(12);
-  e.Check2_Click(true);
-  e.Command3_Click();
+  e.auto_box_clicked(true);
+  e.update_clicked();
   const Screen& s = p.store().Screens[2];
   EXPECT_EQ(p.status(), " Cue's Updated");
   EXPECT_EQ(s.Name, "Second");
@@ -152,22 +152,22 @@ TEST(CueEditor, UpdateStoresTheFieldsAndTheTableButtonsWorkOnTheSelectedScreen) 
   EXPECT_EQ(s.Next, 1);
   EXPECT_EQ(s.Delay, 12);
   EXPECT_TRUE(s.Auto);
-  EXPECT_EQ(e.List1()[1], "2 Second");
+  EXPECT_EQ(e.screen_list()[1], "2 Second");
   EXPECT_TRUE(p.store().Project_Changed);
 
-  e.List1_Click(0);
-  e.Command2_Click();  // copy screen 1
-  e.List1_Click(2);    // screen 3
-  e.Command4_Click();
+  e.screen_list_clicked(0);
+  e.copy_clicked();  // copy screen 1
+  e.screen_list_clicked(2);  // screen 3
+  e.paste_clicked();
   EXPECT_EQ(p.store().Screens[3].Name, "One");
-  EXPECT_EQ(e.List1()[2], "3 One");
-  e.List1_Click(0);
-  e.Command6_Click();
+  EXPECT_EQ(e.screen_list()[2], "3 One");
+  e.screen_list_clicked(0);
+  e.delete_clicked();
   EXPECT_EQ(p.status(), " Cue 1 Deleted");
-  EXPECT_EQ(e.List1(), (std::vector<std::string>{"1 Second", "2 One"}));
-  e.Command5_Click();
-  EXPECT_EQ(e.List1()[1], "2 Second");
-  e.Command1_Click();
+  EXPECT_EQ(e.screen_list(), (std::vector<std::string>{"1 Second", "2 One"}));
+  e.insert_clicked();
+  EXPECT_EQ(e.screen_list()[1], "2 Second");
+  e.save_and_exit_clicked();
   EXPECT_FALSE(e.visible());
 }
 
