@@ -16,7 +16,7 @@ constexpr const char* kColourTitle = " Choose a Colour";
 
 void MainDesk::show_submix() {
   const SubmixRec& submix = context_.store().Submix[current_submix_];
-  text9_ = std::to_string(current_submix_ + 1);
+  submix_number_ = std::to_string(current_submix_ + 1);
   submix_text_ = submix.Name;
   sub_colour_ = submix.Colour.empty() ? Paint{} : colour_from_text(submix.Colour);
 }
@@ -64,8 +64,8 @@ void MainDesk::Submix_Recal_Click() {
   }
   for (int i = 0; i < kStrips; ++i) {
     const int level = store.Desk_Level[channel_of(i)];
-    strips_[i].Slider1 = 255 - level;
-    strips_[i].Text1 = std::to_string(level);
+    strips_[i].fader = 255 - level;
+    strips_[i].level_box = std::to_string(level);
     if (store.BCF_Mode == 1) context_.surface().BCF_Fader_Update(i, level);
   }
   show_submix();  // the label shows the recalled submix's name, whatever was typed
