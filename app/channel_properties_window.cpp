@@ -44,29 +44,29 @@ ChannelPropertiesWindow::ChannelPropertiesWindow(DeskApp& app)
   layout->addLayout(left, 1);
 
   auto* fader = new QVBoxLayout;
-  slider1_ = new LevelSlider(this);
-  slider1_->setMinimumHeight(200);
-  slider1_->setToolTip(QStringLiteral("Channel level"));
+  level_fader_ = new LevelSlider(this);
+  level_fader_->setMinimumHeight(200);
+  level_fader_->setToolTip(QStringLiteral("Channel level"));
   fader->addWidget(new QLabel(QStringLiteral("Level"), this), 0, Qt::AlignHCenter);
-  fader->addWidget(slider1_, 1, Qt::AlignHCenter);
+  fader->addWidget(level_fader_, 1, Qt::AlignHCenter);
   layout->addLayout(fader);
 
   connect(ok, &QPushButton::clicked, [this] { app_.handle([&] { properties().OK_Click(); }); });
-  slider1_->on_model_change(
-      [this](int value) { app_.handle([&] { properties().Slider1_Change(value); }); });
+  level_fader_->on_model_change(
+      [this](int value) { app_.handle([&] { properties().level_fader_changed(value); }); });
 }
 
 QWidget* ChannelPropertiesWindow::build_fields() {
   auto* panel = new QWidget(this);
   auto* form = new QFormLayout(panel);
   auto* channel_row = new QHBoxLayout;
-  pannel_dec_ = new QPushButton(QStringLiteral("<"), panel);
+  previous_channel_ = new QPushButton(QStringLiteral("<"), panel);
   show_channel_ = read_only_box(panel);
-  pannel_inc_ = new QPushButton(QStringLiteral(">"), panel);
-  for (QPushButton* button : {pannel_dec_, pannel_inc_}) button->setFixedWidth(32);
-  channel_row->addWidget(pannel_dec_);
+  next_channel_ = new QPushButton(QStringLiteral(">"), panel);
+  for (QPushButton* button : {previous_channel_, next_channel_}) button->setFixedWidth(32);
+  channel_row->addWidget(previous_channel_);
   channel_row->addWidget(show_channel_);
-  channel_row->addWidget(pannel_inc_);
+  channel_row->addWidget(next_channel_);
   channel_row->addStretch(1);
   form->addRow(QStringLiteral("Channel"), channel_row);
 
@@ -78,10 +78,10 @@ QWidget* ChannelPropertiesWindow::build_fields() {
   form->addRow(QStringLiteral("Description"), description_);
 
   auto* colour_row = new QHBoxLayout;
-  colour_bx_ = new ColourBox(panel);
-  colour_bx_->setFixedSize(44, 22);
+  colour_box_ = new ColourBox(panel);
+  colour_box_->setFixedSize(44, 22);
   auto* colour_button = new QPushButton(QStringLiteral("Colour"), panel);
-  colour_row->addWidget(colour_bx_);
+  colour_row->addWidget(colour_box_);
   colour_row->addWidget(colour_button);
   colour_row->addStretch(1);
   form->addRow(QStringLiteral("Colour"), colour_row);
@@ -91,8 +91,8 @@ QWidget* ChannelPropertiesWindow::build_fields() {
   form->addRow(main_f_);
   form->addRow(cross_f_);
 
-  connect(pannel_dec_, &QPushButton::clicked, [this] { app_.handle([&] { properties().Pannel_Dec_Click(); }); });
-  connect(pannel_inc_, &QPushButton::clicked, [this] { app_.handle([&] { properties().Pannel_Inc_Click(); }); });
+  connect(previous_channel_, &QPushButton::clicked, [this] { app_.handle([&] { properties().previous_channel_clicked(); }); });
+  connect(next_channel_, &QPushButton::clicked, [this] { app_.handle([&] { properties().next_channel_clicked(); }); });
   connect(show_name_, &QLineEdit::textEdited, [this](const QString& text) {
     app_.handle([&] { properties().Show_Name_Change(text.toStdString()); });
   });
@@ -102,7 +102,7 @@ QWidget* ChannelPropertiesWindow::build_fields() {
   connect(description_, &QLineEdit::editingFinished,
           [this] { app_.handle([&] { properties().Channel_Description_Validate(); }); });
   connect(colour_button, &QPushButton::clicked, [this] { app_.handle([&] { properties().Colour_button_Click(); }); });
-  colour_bx_->on_click([this] { app_.handle([&] { properties().colour_bx_Click(); }); });
+  colour_box_->on_click([this] { app_.handle([&] { properties().colour_box_clicked(); }); });
   connect(main_f_, &QCheckBox::clicked,
           [this](bool checked) { app_.handle([&] { properties().Main_F_Click(checked); }); });
   connect(cross_f_, &QCheckBox::clicked,
@@ -138,13 +138,13 @@ void ChannelPropertiesWindow::sync() {
   sync::text(show_channel_, p.Show_Channel());
   sync::text(show_name_, p.Show_Name());
   sync::text(description_, p.Channel_Description());
-  sync::background(colour_bx_, p.colour_bx(), "QFrame");
+  sync::background(colour_box_, p.colour_box(), "QFrame");
   sync::checked(main_f_, p.Main_F());
   sync::checked(cross_f_, p.Cross_F());
-  sync::enabled(pannel_dec_, p.Pannel_Dec_enabled());
-  sync::enabled(pannel_inc_, p.Pannel_Inc_enabled());
+  sync::enabled(previous_channel_, p.previous_channel_enabled());
+  sync::enabled(next_channel_, p.next_channel_enabled());
   for (int i = 0; i < ChannelProperties::kShownSlots; ++i) sync::text(show_dmx_[i], p.Show_DMX(i));
-  slider1_->set_model_value(p.Slider1());
+  level_fader_->set_model_value(p.level_fader());
 }
 
 }  // namespace lumaris

@@ -30,7 +30,7 @@ class ChannelPropertiesWindow final : public ToolWindow, public DeskWindow {
   QLineEdit* Show_Name() const { return show_name_; }
   QLineEdit* Show_Channel() const { return show_channel_; }
   QCheckBox* Main_F() const { return main_f_; }
-  LevelSlider* Slider1() const { return slider1_; }
+  LevelSlider* level_fader() const { return level_fader_; }
 
  private:
   ChannelProperties& properties();
@@ -41,13 +41,13 @@ class ChannelPropertiesWindow final : public ToolWindow, public DeskWindow {
   QLineEdit* show_channel_ = nullptr;
   QLineEdit* show_name_ = nullptr;
   QLineEdit* description_ = nullptr;
-  ColourBox* colour_bx_ = nullptr;
+  ColourBox* colour_box_ = nullptr;
   QCheckBox* main_f_ = nullptr;
   QCheckBox* cross_f_ = nullptr;
-  QPushButton* pannel_dec_ = nullptr;
-  QPushButton* pannel_inc_ = nullptr;
+  QPushButton* previous_channel_ = nullptr;
+  QPushButton* next_channel_ = nullptr;
   std::array<QLineEdit*, ChannelProperties::kShownSlots> show_dmx_{};
-  LevelSlider* slider1_ = nullptr;
+  LevelSlider* level_fader_ = nullptr;
 };
 
 }  // namespace lumaris

@@ -78,7 +78,7 @@ bool load_and_run(lumaris::Console& console, const ProgramOptions& line) {
 // known only here. False (with the reason on stderr) when it is refused.
 bool apply_run_options(lumaris::Console& console, const ProgramOptions& line) {
   if (line.smooth) console.context().output_timing().set_run_smooth(true);
-  if (line.refresh_ms) console.output_cycle().Timer1().set_interval(*line.refresh_ms);
+  if (line.refresh_ms) console.output_cycle().output_timer().set_interval(*line.refresh_ms);
   if (!line.artnet_target) return true;
   using Check = lumaris::ArtNetNode::DestinationCheck;
   const Check check = console.art_net().set_run_destination(*line.artnet_target);

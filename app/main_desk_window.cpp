@@ -85,11 +85,11 @@ QWidget* MainDeskWindow::build_strips() {
     strip.level->installEventFilter(this);
     strip.slider->installEventFilter(this);
     strip.slider->on_model_change(
-        [this, i](int value) { app_.handle([&] { desk().Slider1_Change(i, value); }); });
+        [this, i](int value) { app_.handle([&] { desk().channel_fader_changed(i, value); }); });
     connect(strip.max, &QPushButton::clicked,
-            [this, i] { app_.handle([&] { desk().Command1_Click(i); }); });
+            [this, i] { app_.handle([&] { desk().max_clicked(i); }); });
     connect(strip.min, &QPushButton::clicked,
-            [this, i] { app_.handle([&] { desk().Command2_Click(i); }); });
+            [this, i] { app_.handle([&] { desk().min_clicked(i); }); });
   }
   return panel;
 }
@@ -126,8 +126,8 @@ QWidget* MainDeskWindow::build_submix_row() {
   auto* layout = new QHBoxLayout(row);
   auto* minus = small_button(QStringLiteral("<"), row);
   minus->setToolTip(QStringLiteral("Dec Sub Selected"));
-  text9_ = box(row);
-  text9_->setToolTip(QStringLiteral("Sub Num"));
+  submix_number_ = box(row);
+  submix_number_->setToolTip(QStringLiteral("Sub Num"));
   auto* plus = small_button(QStringLiteral(">"), row);
   plus->setToolTip(QStringLiteral("Inc Sub Selected"));
   submix_plus_ = plus;
@@ -145,7 +145,7 @@ QWidget* MainDeskWindow::build_submix_row() {
   for (QPushButton* button : {program, recall}) button->setFocusPolicy(Qt::NoFocus);
   layout->addWidget(new QLabel(QStringLiteral("Submix"), row));
   layout->addWidget(minus);
-  layout->addWidget(text9_);
+  layout->addWidget(submix_number_);
   layout->addWidget(plus);
   layout->addWidget(submix_text_);
   layout->addWidget(sub_colour_);
@@ -175,9 +175,9 @@ QWidget* MainDeskWindow::build_bottom_row() {
        {dec_channels_, inc_channel_, sequence_button_, playback_button_, monitor_button}) {
     button->setFocusPolicy(Qt::NoFocus);
   }
-  picture2_ = new ColourBox(row);
-  picture2_->setToolTip(QStringLiteral("DMX output"));
-  picture1_ = new ColourBox(row);
+  dmx_lamp_ = new ColourBox(row);
+  dmx_lamp_->setToolTip(QStringLiteral("DMX output"));
+  art_net_lamp_ = new ColourBox(row);
   art_label_ = new QLabel(QStringLiteral("Art-Net"), row);
   art_destination_ = new QLabel(row);
   art_destination_->setObjectName(QStringLiteral("Art_Destination"));
@@ -191,16 +191,16 @@ QWidget* MainDeskWindow::build_bottom_row() {
   layout->addWidget(playback_button_);
   layout->addWidget(monitor_button);
   layout->addWidget(new QLabel(QStringLiteral("DMX"), row));
-  layout->addWidget(picture2_);
+  layout->addWidget(dmx_lamp_);
   layout->addWidget(art_label_);
-  layout->addWidget(picture1_);
+  layout->addWidget(art_net_lamp_);
   layout->addWidget(art_destination_);
   layout->addWidget(status_, 1);
   connect(dec_channels_, &QPushButton::clicked, [this] { app_.handle([&] { desk().Dec_Channels_Click(); }); });
   connect(inc_channel_, &QPushButton::clicked, [this] { app_.handle([&] { desk().Inc_Channel_Click(); }); });
-  connect(sequence_button_, &QPushButton::clicked, [this] { app_.handle([&] { desk().Command3_Click(); }); });
-  connect(playback_button_, &QPushButton::clicked, [this] { app_.handle([&] { desk().Command21_Click(); }); });
-  connect(monitor_button, &QPushButton::clicked, [this] { app_.handle([&] { desk().Command22_Click(); }); });
+  connect(sequence_button_, &QPushButton::clicked, [this] { app_.handle([&] { desk().sequence_desk_clicked(); }); });
+  connect(playback_button_, &QPushButton::clicked, [this] { app_.handle([&] { desk().playback_desk_clicked(); }); });
+  connect(monitor_button, &QPushButton::clicked, [this] { app_.handle([&] { desk().output_monitor_clicked(); }); });
   return row;
 }
 
@@ -290,31 +290,31 @@ void MainDeskWindow::sync() {
   for (int i = 0; i < MainDesk::kStrips; ++i) {
     const ChannelStrip& model = d.strips()[i];
     const Strip& strip = strips_[i];
-    strip.slider->set_model_value(model.Slider1);
-    sync::text(strip.level, model.Text1);
-    sync::text(strip.name, model.Text3);
-    sync::background(strip.name, model.Text3_colour, "QLineEdit");
-    sync::background(strip.level, model.Text1_colour, "QLineEdit");
-    sync::tooltip(strip.slider, model.Slider1_tooltip);
-    sync::tooltip(strip.level, model.Text1_tooltip);
-    sync::tooltip(strip.name, model.Text3_tooltip);
-    sync::tooltip(strip.max, model.Command1_tooltip);
-    sync::tooltip(strip.min, model.Command2_tooltip);
+    strip.slider->set_model_value(model.fader);
+    sync::text(strip.level, model.level_box);
+    sync::text(strip.name, model.name_box);
+    sync::background(strip.name, model.name_box_colour, "QLineEdit");
+    sync::background(strip.level, model.level_box_colour, "QLineEdit");
+    sync::tooltip(strip.slider, model.fader_tooltip);
+    sync::tooltip(strip.level, model.level_box_tooltip);
+    sync::tooltip(strip.name, model.name_box_tooltip);
+    sync::tooltip(strip.max, model.max_button_tooltip);
+    sync::tooltip(strip.min, model.min_button_tooltip);
   }
   channels_->set_model_value(d.channels_value());
   submix_master_->set_model_value(d.submix_master_value());
   main_->set_model_value(d.main_value());
-  sync::text(text9_, d.Text9());
+  sync::text(submix_number_, d.submix_number());
   // The model holds what was typed, so the box always follows it, focused or not.
   sync::text(submix_text_, d.Submix_Text());
   sync::background(sub_colour_, d.Sub_colour(), "QFrame");
   sync::enabled(inc_channel_, d.Inc_Channel_enabled());
   sync::enabled(dec_channels_, d.Dec_Channels_enabled());
-  sync::enabled(sequence_button_, d.button_enabled("Command3"));
-  sync::enabled(playback_button_, d.button_enabled("Command21"));
-  sync::background(picture2_, d.Picture2(), "QFrame");
-  sync::background(picture1_, d.Picture1(), "QFrame");
-  sync::tooltip(picture1_, d.Picture1_ToolTipText());
+  sync::enabled(sequence_button_, d.button_enabled("sequence-desk"));
+  sync::enabled(playback_button_, d.button_enabled("playback-desk"));
+  sync::background(dmx_lamp_, d.dmx_lamp(), "QFrame");
+  sync::background(art_net_lamp_, d.art_net_lamp(), "QFrame");
+  sync::tooltip(art_net_lamp_, d.art_net_lamp_tooltip());
   sync::enabled(art_label_, d.Art_Label_enabled());
   sync::text(art_destination_, d.Art_Destination());
   sync::tooltip(art_destination_, d.Art_Destination_ToolTipText());

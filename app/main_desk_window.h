@@ -29,12 +29,12 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
   void sync() override;
   std::vector<ScreenshotVariant> screenshot_variants() override;
 
-  // Widgets by control name, for the wiring tests.
-  LevelSlider* Slider1(int i) const { return strips_[i].slider; }
-  QLineEdit* Text1(int i) const { return strips_[i].level; }
-  QLineEdit* Text3(int i) const { return strips_[i].name; }
-  QPushButton* Command1(int i) const { return strips_[i].max; }
-  QPushButton* Command2(int i) const { return strips_[i].min; }
+  // The controls, for the wiring tests.
+  LevelSlider* channel_fader(int i) const { return strips_[i].slider; }
+  QLineEdit* level_box(int i) const { return strips_[i].level; }
+  QLineEdit* name_box(int i) const { return strips_[i].name; }
+  QPushButton* max_button(int i) const { return strips_[i].max; }
+  QPushButton* min_button(int i) const { return strips_[i].min; }
   QPushButton* Inc_Channel() const { return inc_channel_; }
   QPushButton* Dec_Channels() const { return dec_channels_; }
   QPushButton* Clearall() const { return clear_all_; }
@@ -42,7 +42,7 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
   LevelSlider* Submix() const { return submix_master_; }
   LevelSlider* Main() const { return main_; }
   QLineEdit* Status() const { return status_; }
-  QLineEdit* Text9() const { return text9_; }
+  QLineEdit* submix_number() const { return submix_number_; }
   QLineEdit* Submix_Text() const { return submix_text_; }
   QPushButton* Submix_Plus() const { return submix_plus_; }
   QPushButton* Submix_Prog() const { return submix_prog_; }
@@ -80,13 +80,13 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
   QPushButton* clear_all_ = nullptr;
   QPushButton* sequence_button_ = nullptr;
   QPushButton* playback_button_ = nullptr;
-  QLineEdit* text9_ = nullptr;
+  QLineEdit* submix_number_ = nullptr;
   QLineEdit* submix_text_ = nullptr;
   QPushButton* submix_plus_ = nullptr;
   QPushButton* submix_prog_ = nullptr;
   ColourBox* sub_colour_ = nullptr;
-  ColourBox* picture2_ = nullptr;
-  ColourBox* picture1_ = nullptr;
+  ColourBox* dmx_lamp_ = nullptr;
+  ColourBox* art_net_lamp_ = nullptr;
   QLabel* art_label_ = nullptr;
   QLabel* art_destination_ = nullptr;
   QLineEdit* status_ = nullptr;

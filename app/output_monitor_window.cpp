@@ -22,13 +22,13 @@ OutputMonitorWindow::OutputMonitorWindow(DeskApp& app)
       app_(app) {
   auto* layout = new QVBoxLayout(this);
   auto* top = new QHBoxLayout;
-  pannel_dec_ = new QPushButton(QStringLiteral("<<"), this);
-  pannel_inc_ = new QPushButton(QStringLiteral(">>"), this);
-  label_ = new QLabel(this);
-  label_->setAlignment(Qt::AlignCenter);
-  top->addWidget(pannel_dec_);
-  top->addWidget(label_, 1);
-  top->addWidget(pannel_inc_);
+  previous_page_ = new QPushButton(QStringLiteral("<<"), this);
+  next_page_ = new QPushButton(QStringLiteral(">>"), this);
+  range_label_ = new QLabel(this);
+  range_label_->setAlignment(Qt::AlignCenter);
+  top->addWidget(previous_page_);
+  top->addWidget(range_label_, 1);
+  top->addWidget(next_page_);
   layout->addLayout(top);
 
   auto* grid = new QGridLayout;
@@ -51,8 +51,8 @@ OutputMonitorWindow::OutputMonitorWindow(DeskApp& app)
   layout->addLayout(grid);
   layout->addStretch(1);
 
-  connect(pannel_dec_, &QPushButton::clicked, [this] { app_.handle([&] { monitor().Pannel_Dec_Click(); }); });
-  connect(pannel_inc_, &QPushButton::clicked, [this] { app_.handle([&] { monitor().Pannel_Inc_Click(); }); });
+  connect(previous_page_, &QPushButton::clicked, [this] { app_.handle([&] { monitor().previous_page_clicked(); }); });
+  connect(next_page_, &QPushButton::clicked, [this] { app_.handle([&] { monitor().next_page_clicked(); }); });
 }
 
 Window& OutputMonitorWindow::model() { return monitor(); }
@@ -61,9 +61,9 @@ OutputMonitor& OutputMonitorWindow::monitor() { return app_.console().output_mon
 void OutputMonitorWindow::sync() {
   const OutputMonitor& m = monitor();
   sync::title(this, m.caption());
-  sync::text(label_, m.range_label());
-  sync::enabled(pannel_dec_, m.Pannel_Dec_enabled());
-  sync::enabled(pannel_inc_, m.Pannel_Inc_enabled());
+  sync::text(range_label_, m.range_label());
+  sync::enabled(previous_page_, m.previous_page_enabled());
+  sync::enabled(next_page_, m.next_page_enabled());
   for (std::size_t row = 0; row < row_labels_.size(); ++row) {
     const int first = static_cast<int>(row) * kBarsPerRow;
     sync::text(row_labels_[row],

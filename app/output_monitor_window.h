@@ -24,9 +24,9 @@ class OutputMonitorWindow final : public ToolWindow, public DeskWindow {
   std::string name() const override { return "output-monitor"; }
   void sync() override;
 
-  ProgBarWidget* ProgBar1(int i) const { return bars_[i]; }
-  QLabel* range_label() const { return label_; }
-  QPushButton* Pannel_Inc() const { return pannel_inc_; }
+  ProgBarWidget* bar(int i) const { return bars_[i]; }
+  QLabel* range_label() const { return range_label_; }
+  QPushButton* next_page() const { return next_page_; }
 
  private:
   OutputMonitor& monitor();
@@ -34,9 +34,9 @@ class OutputMonitorWindow final : public ToolWindow, public DeskWindow {
   DeskApp& app_;
   std::array<ProgBarWidget*, OutputMonitor::kBars> bars_{};
   std::array<QLabel*, 3> row_labels_{};  // DMX channel of each row's first bar
-  QLabel* label_ = nullptr;
-  QPushButton* pannel_dec_ = nullptr;
-  QPushButton* pannel_inc_ = nullptr;
+  QLabel* range_label_ = nullptr;
+  QPushButton* previous_page_ = nullptr;
+  QPushButton* next_page_ = nullptr;
 };
 
 }  // namespace lumaris

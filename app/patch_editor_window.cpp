@@ -22,29 +22,29 @@ PatchEditorWindow::PatchEditorWindow(DeskApp& app)
       app_(app) {
   auto* layout = new QVBoxLayout(this);
   auto* top = new QHBoxLayout;
-  pannel_dec_ = new QPushButton(QStringLiteral("<<"), this);
-  pannel_inc_ = new QPushButton(QStringLiteral(">>"), this);
-  label4_ = new QLabel(this);
-  label4_->setAlignment(Qt::AlignCenter);
-  top->addWidget(pannel_dec_);
-  top->addWidget(label4_, 1);
-  top->addWidget(pannel_inc_);
+  previous_page_ = new QPushButton(QStringLiteral("<<"), this);
+  next_page_ = new QPushButton(QStringLiteral(">>"), this);
+  range_label_ = new QLabel(this);
+  range_label_->setAlignment(Qt::AlignCenter);
+  top->addWidget(previous_page_);
+  top->addWidget(range_label_, 1);
+  top->addWidget(next_page_);
   layout->addLayout(top);
 
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(4);
   grid->setVerticalSpacing(2);
   for (int i = 0; i < PatchEditor::kEntries; ++i) {
-    label1_[i] = new QLabel(this);
-    text1_[i] = new QLineEdit(this);
-    text1_[i]->setFixedWidth(36);
-    text1_[i]->setAlignment(Qt::AlignCenter);
-    text1_[i]->installEventFilter(this);
+    slot_labels_[i] = new QLabel(this);
+    channel_boxes_[i] = new QLineEdit(this);
+    channel_boxes_[i]->setFixedWidth(36);
+    channel_boxes_[i]->setAlignment(Qt::AlignCenter);
+    channel_boxes_[i]->installEventFilter(this);
     const int column = (i / kRows) * 2;
-    grid->addWidget(label1_[i], i % kRows, column, Qt::AlignRight);
-    grid->addWidget(text1_[i], i % kRows, column + 1);
-    connect(text1_[i], &QLineEdit::textEdited, [this, i](const QString& text) {
-      app_.handle([&] { editor().Text1_Change(i, text.toStdString()); });
+    grid->addWidget(slot_labels_[i], i % kRows, column, Qt::AlignRight);
+    grid->addWidget(channel_boxes_[i], i % kRows, column + 1);
+    connect(channel_boxes_[i], &QLineEdit::textEdited, [this, i](const QString& text) {
+      app_.handle([&] { editor().channel_box_changed(i, text.toStdString()); });
     });
   }
   layout->addLayout(grid);
@@ -57,8 +57,8 @@ PatchEditorWindow::PatchEditorWindow(DeskApp& app)
   for (QPushButton* button : {update_, clear_, close}) bottom->addWidget(button);
   layout->addLayout(bottom);
 
-  connect(pannel_dec_, &QPushButton::clicked, [this] { app_.handle([&] { editor().Pannel_Dec_Click(); }); });
-  connect(pannel_inc_, &QPushButton::clicked, [this] { app_.handle([&] { editor().Pannel_Inc_Click(); }); });
+  connect(previous_page_, &QPushButton::clicked, [this] { app_.handle([&] { editor().previous_page_clicked(); }); });
+  connect(next_page_, &QPushButton::clicked, [this] { app_.handle([&] { editor().next_page_clicked(); }); });
   connect(update_, &QPushButton::clicked, [this] { app_.handle([&] { editor().Update_Click(); }); });
   connect(clear_, &QPushButton::clicked, [this] { app_.handle([&] { editor().Clear_Click(); }); });
   connect(close, &QPushButton::clicked, [this] { app_.handle([&] { editor().Close_Click(); }); });
@@ -80,8 +80,8 @@ bool PatchEditorWindow::eventFilter(QObject* watched, QEvent* event) {
                            static_cast<QMouseEvent*>(event)->button() == Qt::RightButton;
   if (!double_click && !right_press) return false;
   for (int i = 0; i < PatchEditor::kEntries; ++i) {
-    if (watched == text1_[i]) {
-      app_.handle([&] { editor().Text1_Open(i); });
+    if (watched == channel_boxes_[i]) {
+      app_.handle([&] { editor().open_channel(i); });
       return true;
     }
   }
@@ -91,13 +91,13 @@ bool PatchEditorWindow::eventFilter(QObject* watched, QEvent* event) {
 void PatchEditorWindow::sync() {
   const PatchEditor& e = editor();
   sync::title(this, e.caption());
-  sync::text(label4_, e.Label4());
-  sync::enabled(pannel_dec_, e.Pannel_Dec_enabled());
-  sync::enabled(pannel_inc_, e.Pannel_Inc_enabled());
+  sync::text(range_label_, e.range_label());
+  sync::enabled(previous_page_, e.previous_page_enabled());
+  sync::enabled(next_page_, e.next_page_enabled());
   for (int i = 0; i < PatchEditor::kEntries; ++i) {
-    sync::text(label1_[i], e.Label1(i));
-    sync::text(text1_[i], e.Text1(i));
-    sync::tooltip(text1_[i], e.Text1_tooltip(i));
+    sync::text(slot_labels_[i], e.slot_label(i));
+    sync::text(channel_boxes_[i], e.channel_box(i));
+    sync::tooltip(channel_boxes_[i], e.channel_box_tooltip(i));
   }
 }
 

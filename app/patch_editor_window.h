@@ -25,10 +25,10 @@ class PatchEditorWindow final : public ToolWindow, public DeskWindow {
   void sync() override;
   void prepare_screenshot() override;
 
-  QLineEdit* Text1(int i) const { return text1_[i]; }
+  QLineEdit* channel_box(int i) const { return channel_boxes_[i]; }
   QPushButton* Update() const { return update_; }
   QPushButton* Clear() const { return clear_; }
-  QPushButton* Pannel_Inc() const { return pannel_inc_; }
+  QPushButton* next_page() const { return next_page_; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,11 +37,11 @@ class PatchEditorWindow final : public ToolWindow, public DeskWindow {
   PatchEditor& editor();
 
   DeskApp& app_;
-  std::array<QLabel*, PatchEditor::kEntries> label1_{};
-  std::array<QLineEdit*, PatchEditor::kEntries> text1_{};
-  QLabel* label4_ = nullptr;
-  QPushButton* pannel_dec_ = nullptr;
-  QPushButton* pannel_inc_ = nullptr;
+  std::array<QLabel*, PatchEditor::kEntries> slot_labels_{};
+  std::array<QLineEdit*, PatchEditor::kEntries> channel_boxes_{};
+  QLabel* range_label_ = nullptr;
+  QPushButton* previous_page_ = nullptr;
+  QPushButton* next_page_ = nullptr;
   QPushButton* update_ = nullptr;
   QPushButton* clear_ = nullptr;
 };

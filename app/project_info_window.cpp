@@ -33,12 +33,12 @@ ProjectInfoWindow::ProjectInfoWindow(DeskApp& app)
   prj_name_->setMinimumWidth(280);
   prj_date_ = display_box(this);
   prj_version_ = display_box(this);
-  text1_ = new QPlainTextEdit(this);
-  text1_->setMinimumHeight(120);
+  project_text_ = new QPlainTextEdit(this);
+  project_text_->setMinimumHeight(120);
   form->addRow(QStringLiteral("Name"), prj_name_);
   form->addRow(QStringLiteral("Date"), prj_date_);
   form->addRow(QStringLiteral("Version"), prj_version_);
-  form->addRow(QStringLiteral("Text"), text1_);
+  form->addRow(QStringLiteral("Text"), project_text_);
   layout->addLayout(form);
 
   auto* buttons = new QHBoxLayout;
@@ -52,8 +52,8 @@ ProjectInfoWindow::ProjectInfoWindow(DeskApp& app)
   connect(prj_name_, &QLineEdit::textEdited, [this](const QString& text) {
     app_.handle([&] { info().Prj_Name_Change(text.toStdString()); });
   });
-  connect(text1_, &QPlainTextEdit::textChanged, [this] {
-    app_.handle([&] { info().Text1_Change(text1_->toPlainText().toStdString()); });
+  connect(project_text_, &QPlainTextEdit::textChanged, [this] {
+    app_.handle([&] { info().project_text_changed(project_text_->toPlainText().toStdString()); });
   });
   connect(ok_, &QPushButton::clicked, [this] { app_.handle([&] { info().OKButton_Click(); }); });
   connect(cancel, &QPushButton::clicked, [this] { app_.handle([&] { info().CancelButton_Click(); }); });
@@ -73,10 +73,10 @@ void ProjectInfoWindow::sync() {
   sync::text(prj_name_, p.Prj_Name());
   sync::text(prj_date_, p.Prj_Date());
   sync::text(prj_version_, p.Prj_Version());
-  const QString text = sync::q(p.Text1());
-  if (text1_->toPlainText() != text) {
-    const QSignalBlocker block(text1_);
-    text1_->setPlainText(text);
+  const QString text = sync::q(p.project_text());
+  if (project_text_->toPlainText() != text) {
+    const QSignalBlocker block(project_text_);
+    project_text_->setPlainText(text);
   }
 }
 

@@ -30,7 +30,7 @@ class ProjectInfoWindow final : public ToolWindow, public DeskWindow {
   ProjectInfo& info();
 
   DeskApp& app_;
-  QPlainTextEdit* text1_ = nullptr;
+  QPlainTextEdit* project_text_ = nullptr;
   QLineEdit* prj_name_ = nullptr;
   QLineEdit* prj_date_ = nullptr;
   QLineEdit* prj_version_ = nullptr;

@@ -29,7 +29,7 @@ void BM_OutputTick(benchmark::State& state) {
   for (auto _ : state) {
     store.Desk_Level[wobble % 64] = static_cast<std::int16_t>(wobble % 256);  // monitor bars change
     ++wobble;
-    console.output_cycle().Timer1_Tick();
+    console.output_cycle().output_tick();
     benchmark::DoNotOptimize(store.DMX_Out.data());
   }
 }

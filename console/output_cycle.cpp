@@ -24,26 +24,26 @@ class TickFailure : public std::runtime_error {
 
 }  // namespace
 
-OutputCycle::OutputCycle(DeskContext& context, Timer& timer1, MainDesk& main_desk,
+OutputCycle::OutputCycle(DeskContext& context, Timer& output_timer, MainDesk& main_desk,
                          OutputMonitor& monitor, PlaybackDesk& playback_desk,
                          std::vector<OutputSink*> sinks)
     : context_(context),
-      timer1_(timer1),
+      output_timer_(output_timer),
       main_desk_(main_desk),
       monitor_(monitor),
       playback_desk_(playback_desk),
       sinks_(std::move(sinks)) {
-  timer1_.on_tick([this] { Timer1_Tick(); });
+  output_timer_.on_tick([this] { output_tick(); });
 }
 
 void OutputCycle::start() {
   for (OutputSink* sink : sinks_) sink->start();
-  if (timer1_.interval() == 0) timer1_.set_interval(kDefaultInterval);
-  timer1_.set_enabled(true);
+  if (output_timer_.interval() == 0) output_timer_.set_interval(kDefaultInterval);
+  output_timer_.set_enabled(true);
 }
 
 void OutputCycle::stop() {
-  timer1_.set_enabled(false);
+  output_timer_.set_enabled(false);
   for (OutputSink* sink : sinks_) sink->stop();
 }
 
@@ -129,13 +129,13 @@ void OutputCycle::build_frame() {
   }
 }
 
-void OutputCycle::Timer1_Tick() {
+void OutputCycle::output_tick() {
   // A modal dialog opened inside a tick runs an event loop; the next tick must
   // not start inside this one.
   if (in_tick_) return;
   in_tick_ = true;
   MainDesk& desk = main_desk_;
-  desk.set_Picture2(Rgb{0, 255, 0});
+  desk.set_dmx_lamp(Rgb{0, 255, 0});
   try {
     if (context_.output_timing().smooth()) {
       const double now = context_.scheduler().now_ms();
@@ -146,7 +146,7 @@ void OutputCycle::Timer1_Tick() {
     for (OutputSink* sink : sinks_) sink->take_frame(context_.store().DMX_Out);
     last_tick_failed_ = false;
   } catch (const std::exception&) {
-    desk.set_Picture2(kBlack);
+    desk.set_dmx_lamp(kBlack);
     last_tick_failed_ = true;
   }
   in_tick_ = false;

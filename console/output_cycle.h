@@ -23,15 +23,15 @@ class OutputCycle {
  public:
   static constexpr int kDefaultInterval = 70;
 
-  OutputCycle(DeskContext& context, Timer& timer1, MainDesk& main_desk, OutputMonitor& monitor,
+  OutputCycle(DeskContext& context, Timer& output_timer, MainDesk& main_desk, OutputMonitor& monitor,
               PlaybackDesk& playback_desk, std::vector<OutputSink*> sinks);
 
   // Starts and stops the output timer and every sink with it.
   void start();
   void stop();
-  void Timer1_Tick();
+  void output_tick();
 
-  Timer& Timer1() { return timer1_; }
+  Timer& output_timer() { return output_timer_; }
 
   // Something that ramps (a chase's fade, a take): with smooth output it is
   // asked for its level at the moment of every tick, before the mix.
@@ -49,7 +49,7 @@ class OutputCycle {
   void build_frame();
 
   DeskContext& context_;
-  Timer& timer1_;
+  Timer& output_timer_;
   MainDesk& main_desk_;
   OutputMonitor& monitor_;
   PlaybackDesk& playback_desk_;

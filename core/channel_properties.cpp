@@ -43,9 +43,9 @@ void ChannelProperties::Refresh() {
   description_ = fader.Desc;
   main_f_checked_ = !fader.Main_F;
   cross_f_checked_ = !fader.Cross_F;
-  colour_bx_ = colour_from_text(fader.Colour);
-  pannel_dec_enabled_ = channel > 0;
-  pannel_inc_enabled_ = channel < kDeskChannels - 1;
+  colour_box_ = colour_from_text(fader.Colour);
+  previous_channel_enabled_ = channel > 0;
+  next_channel_enabled_ = channel < kDeskChannels - 1;
   show_dmx_.fill({});
   int shown = 0;
   for (int s = 0; s < kDmxSlots && shown < kShownSlots; ++s) {
@@ -61,8 +61,8 @@ void ChannelProperties::step_channel(int step) {
   store.Project_Changed = true;
 }
 
-void ChannelProperties::Pannel_Dec_Click() { step_channel(-1); }
-void ChannelProperties::Pannel_Inc_Click() { step_channel(+1); }
+void ChannelProperties::previous_channel_clicked() { step_channel(-1); }
+void ChannelProperties::next_channel_clicked() { step_channel(+1); }
 
 void ChannelProperties::Show_Name_Change(const std::string& text) {
   Store& store = context_.store();
@@ -87,10 +87,10 @@ void ChannelProperties::Channel_Description_Change(const std::string& text) {
 void ChannelProperties::Channel_Description_Validate() { main_desk_.Refresh_Desk_Panel(); }
 
 void ChannelProperties::Colour_button_Click() {
-  const std::optional<Rgb> chosen = context_.dialogs().choose_colour(kColourTitle, colour_bx_);
+  const std::optional<Rgb> chosen = context_.dialogs().choose_colour(kColourTitle, colour_box_);
   if (!chosen) return;
   Store& store = context_.store();
-  colour_bx_ = *chosen;
+  colour_box_ = *chosen;
   store.Fader_Names[store.Edit_Channel].Colour = colour_to_text(*chosen);
   store.Project_Changed = true;
   main_desk_.Refresh_Desk_Panel();
@@ -112,7 +112,7 @@ void ChannelProperties::Cross_F_Click(bool checked) {
 
 void ChannelProperties::OK_Click() { Hide(); }
 
-int ChannelProperties::Slider1() const {
+int ChannelProperties::level_fader() const {
   const Store& store = context_.store();
   return 255 - store.Desk_Level[store.Edit_Channel];
 }
@@ -120,12 +120,12 @@ int ChannelProperties::Slider1() const {
 // The fader sets the channel's level. The main desk's fader moves with it (and
 // with it the control surface) only when the channel is on the page the main desk
 // shows; otherwise only the level changes and the main desk shows it on paging.
-void ChannelProperties::Slider1_Change(int value) {
+void ChannelProperties::level_fader_changed(int value) {
   Store& store = context_.store();
   const int channel = store.Edit_Channel;
   value = std::clamp(value, 0, 255);
   if (channel / kFadersPerPage == store.Fader_Page) {
-    main_desk_.Slider1_Change(channel % kFadersPerPage, value);
+    main_desk_.channel_fader_changed(channel % kFadersPerPage, value);
   } else {
     store.Desk_Level[channel] = static_cast<std::int16_t>(255 - value);
   }

@@ -64,7 +64,7 @@ void MainDesk::Form_Load() {
   store.Project_Changed = false;
   reset_store(store);
   current_submix_ = 0;
-  text9_ = "1";
+  submix_number_ = "1";
   submix_text_ = " ";
   sub_colour_.reset();
   reset_masters();
@@ -85,15 +85,15 @@ void MainDesk::draw_start_up_panel() {
     ChannelStrip& strip = strips_[i];
     const std::string number = std::to_string(i + 1);
     const int level = store.Desk_Level[channel_of(i)];
-    strip.Slider1 = 255 - level;
-    strip.Text1 = std::to_string(level);
+    strip.fader = 255 - level;
+    strip.level_box = std::to_string(level);
     draw_strip_names(i);
-    strip.Slider1_tooltip = "level on channel " + number;
-    strip.Text1_tooltip = "Channel level " + number;
-    strip.Command1_tooltip = "Max on channel " + number;
-    strip.Command2_tooltip = "Min on channel " + number;
+    strip.fader_tooltip = "level on channel " + number;
+    strip.level_box_tooltip = "Channel level " + number;
+    strip.max_button_tooltip = "Max on channel " + number;
+    strip.min_button_tooltip = "Min on channel " + number;
   }
-  text9_ = "1";
+  submix_number_ = "1";
   submix_text_ = " ";
   sub_colour_.reset();
 }
@@ -101,24 +101,24 @@ void MainDesk::draw_start_up_panel() {
 void MainDesk::set_level(int i, int level) {
   Store& store = context_.store();
   const int ch = channel_of(i);
-  strips_[i].Slider1 = 255 - level;
-  strips_[i].Text1 = std::to_string(level);
+  strips_[i].fader = 255 - level;
+  strips_[i].level_box = std::to_string(level);
   store.Desk_Level[ch] = static_cast<std::int16_t>(level);
   if (store.BCF_Mode == kSurfaceMainMode) {
     context_.surface().BCF_Fader_Update(SurfaceStrip::of_channel(store.Fader_Page, ch), level);
   }
 }
 
-void MainDesk::Slider1_Change(int i, int value) {
+void MainDesk::channel_fader_changed(int i, int value) {
   if (i < 0 || i >= kStrips) return;
   set_level(i, 255 - std::clamp(value, 0, 255));
 }
 
-void MainDesk::Command1_Click(int i) {
+void MainDesk::max_clicked(int i) {
   if (i >= 0 && i < kStrips) set_level(i, 255);
 }
 
-void MainDesk::Command2_Click(int i) {
+void MainDesk::min_clicked(int i) {
   if (i >= 0 && i < kStrips) set_level(i, 0);
 }
 
@@ -161,8 +161,8 @@ void MainDesk::send_page_to_surface() {
 void MainDesk::Clearall_Click() {
   Store& store = context_.store();
   for (ChannelStrip& strip : strips_) {
-    strip.Slider1 = 255;
-    strip.Text1 = "0";
+    strip.fader = 255;
+    strip.level_box = "0";
   }
   std::fill(store.Desk_Level.begin(), store.Desk_Level.begin() + kDeskChannels, 0);
   if (store.BCF_Mode == kSurfaceMainMode) {
@@ -192,11 +192,11 @@ void MainDesk::draw_strip_names(int i) {
   const FaderName& fader = store.Fader_Names[ch];
   const std::string number = std::to_string(ch + 1);
   ChannelStrip& strip = strips_[i];
-  strip.Text3 = fader.Desc.empty() ? number : fader.Name;
-  strip.Text3_tooltip = " Ch " + number + " " + fader.Desc;
-  strip.Slider1_tooltip = " Channel " + number + " " + fader.Desc;
-  strip.Text3_colour = colour_from_text(fader.Colour);
-  strip.Text1_colour =
+  strip.name_box = fader.Desc.empty() ? number : fader.Name;
+  strip.name_box_tooltip = " Ch " + number + " " + fader.Desc;
+  strip.fader_tooltip = " Channel " + number + " " + fader.Desc;
+  strip.name_box_colour = colour_from_text(fader.Colour);
+  strip.level_box_colour =
       fader.Colour != kDefaultChannelColour ? colour_from_text(fader.Colour) : Paint{};
 }
 
@@ -204,16 +204,16 @@ void MainDesk::Refresh_Desk_Panel() {
   const Store& store = context_.store();
   for (int i = 0; i < kStrips; ++i) {
     const int level = store.Desk_Level[channel_of(i)];
-    strips_[i].Slider1 = 255 - level;
-    strips_[i].Text1 = std::to_string(level);
+    strips_[i].fader = 255 - level;
+    strips_[i].level_box = std::to_string(level);
     draw_strip_names(i);
   }
   show_submix();
 }
 
-void MainDesk::Command3_Click() { Menu_Click("sequence-desk"); }
-void MainDesk::Command21_Click() { context_.windows().open("playback-desk"); }
-void MainDesk::Command22_Click() { Menu_Click("output-monitor"); }
+void MainDesk::sequence_desk_clicked() { Menu_Click("sequence-desk"); }
+void MainDesk::playback_desk_clicked() { context_.windows().open("playback-desk"); }
+void MainDesk::output_monitor_clicked() { Menu_Click("output-monitor"); }
 
 std::vector<MenuEntry> MainDesk::menu_entries() const {
   const WindowOpener& windows = context_.windows();
@@ -245,8 +245,8 @@ std::vector<MenuEntry> MainDesk::menu_entries() const {
 }
 
 bool MainDesk::button_enabled(const std::string& name) const {
-  if (name == "Command3") return context_.windows().can_open("sequence-desk");
-  if (name == "Command21") return context_.windows().can_open("playback-desk");
+  if (name == "sequence-desk") return context_.windows().can_open("sequence-desk");
+  if (name == "playback-desk") return context_.windows().can_open("playback-desk");
   return true;
 }
 
@@ -278,7 +278,7 @@ void MainDesk::Menu_Click(const std::string& name) {
   } else if (name == "reset-desk") {
     resetdesk_Click();
   } else if (name == "exit") {
-    eruit_Click();
+    exit_clicked();
   } else if (name == "keys-help") {
     context_.dialogs().message({kKeysTitle, kKeysText, MessageIcon::Information});
   } else if (name == "about") {
@@ -300,7 +300,7 @@ void MainDesk::resetdesk_Click() {
   reset_screens(store);
   reset_submixes(store);
   current_submix_ = 0;
-  text9_ = "1";
+  submix_number_ = "1";
   submix_text_ = " ";
   reset_masters();
   reset_fader_names(store);
@@ -326,7 +326,7 @@ bool MainDesk::confirm_exit() {
   return true;
 }
 
-bool MainDesk::eruit_Click() {
+bool MainDesk::exit_clicked() {
   context_.status().show_both(kExitMenuStatus);
   return confirm_exit();
 }

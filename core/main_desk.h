@@ -14,16 +14,16 @@ namespace lumaris {
 // One channel strip of the main desk panel: fader, level box, name box and the
 // Max/Min buttons. Strip i stands for desk channel index Fader_Page * 32 + i.
 struct ChannelStrip {
-  int Slider1 = 255;  // 0 at the top: level = 255 - value
-  std::string Text1 = "0";
-  Paint Text1_colour;  // nothing: the default box colour
-  std::string Text3;
-  Paint Text3_colour;
-  std::string Slider1_tooltip;
-  std::string Text1_tooltip;
-  std::string Text3_tooltip;
-  std::string Command1_tooltip;
-  std::string Command2_tooltip;
+  int fader = 255;  // 0 at the top: level = 255 - value
+  std::string level_box = "0";
+  Paint level_box_colour;  // nothing: the default box colour
+  std::string name_box;
+  Paint name_box_colour;
+  std::string fader_tooltip;
+  std::string level_box_tooltip;
+  std::string name_box_tooltip;
+  std::string max_button_tooltip;
+  std::string min_button_tooltip;
 };
 
 struct MenuEntry {
@@ -45,9 +45,9 @@ class MainDesk : public Window {
   void Form_Load();
 
   // Channel strips
-  void Slider1_Change(int i, int value);
-  void Command1_Click(int i);  // Max
-  void Command2_Click(int i);  // Min
+  void channel_fader_changed(int i, int value);
+  void max_clicked(int i);
+  void min_clicked(int i);
   void Open_Channel_Properties(int i);  // double click on a box, right button on fader or name
   void Inc_Channel_Click();
   void Dec_Channels_Click();
@@ -69,14 +69,14 @@ class MainDesk : public Window {
   // Every key-down on the window goes to the command line.
   void Key_Down(int key_code);
 
-  // Buttons and menu entries by their control names.
-  void Command3_Click();   // "Sequence Desk"
-  void Command21_Click();  // "Playback Desk"
-  void Command22_Click();  // "Output Monitor"
+  // The buttons that open the other desks, and the menu entries by their names.
+  void sequence_desk_clicked();   // "Sequence Desk"
+  void playback_desk_clicked();   // "Playback Desk"
+  void output_monitor_clicked();  // "Output Monitor"
   void Menu_Click(const std::string& name);
   void resetdesk_Click();
   // Both return true when the program is to end; the exit path has then run.
-  bool eruit_Click();
+  bool exit_clicked();
   bool Form_Unload();
   bool exit_requested() const { return exit_requested_; }
 
@@ -88,30 +88,31 @@ class MainDesk : public Window {
   int submix_master_value() const { return submix_master_; }
   int main_value() const { return main_; }
   int current_submix() const { return current_submix_; }
-  const std::string& Text9() const { return text9_; }
+  const std::string& submix_number() const { return submix_number_; }
   const std::string& Submix_Text() const { return submix_text_; }
   Paint Sub_colour() const { return sub_colour_; }
   bool Inc_Channel_enabled() const { return inc_channel_enabled_; }
   bool Dec_Channels_enabled() const { return dec_channels_enabled_; }
-  Rgb Picture2() const { return picture2_; }
-  Paint Picture1() const { return picture1_; }
+  Rgb dmx_lamp() const { return dmx_lamp_; }
+  Paint art_net_lamp() const { return art_net_lamp_; }
   bool Art_Label_enabled() const { return art_label_enabled_; }
   // The Art-Net indicator's tip: what it shows, and why sending fails when it does.
-  const std::string& Picture1_ToolTipText() const { return picture1_tooltip_; }
+  const std::string& art_net_lamp_tooltip() const { return art_net_lamp_tooltip_; }
   // Where Art-Net packets go when that is one node rather than the automatic
   // broadcast address; empty otherwise. Shown next to the Art-Net indicator.
   const std::string& Art_Destination() const { return art_destination_; }
   const std::string& Art_Destination_ToolTipText() const { return art_destination_tooltip_; }
   const std::string& Status() const;
   std::vector<MenuEntry> menu_entries() const;
+  // A desk button by the window it opens ("sequence-desk", "playback-desk").
   bool button_enabled(const std::string& name) const;
 
   // Set by the output cycle and the Art-Net node.
-  void set_Picture2(Rgb colour) { picture2_ = colour; }
-  void set_Picture1(Paint colour) { picture1_ = colour; }
+  void set_dmx_lamp(Rgb colour) { dmx_lamp_ = colour; }
+  void set_art_net_lamp(Paint colour) { art_net_lamp_ = colour; }
   void set_Art_Label_enabled(bool enabled) { art_label_enabled_ = enabled; }
-  void set_Picture1_ToolTipText(std::string text) { picture1_tooltip_ = std::move(text); }
-  static constexpr const char* kPicture1ToolTip = "Art-Net output";
+  void set_art_net_lamp_tooltip(std::string text) { art_net_lamp_tooltip_ = std::move(text); }
+  static constexpr const char* kArtNetLampToolTip = "Art-Net output";
   void set_Art_Destination(std::string text, std::string tooltip) {
     art_destination_ = std::move(text);
     art_destination_tooltip_ = std::move(tooltip);
@@ -137,15 +138,15 @@ class MainDesk : public Window {
   int submix_master_ = 255;
   int main_ = 0;
   int current_submix_ = 0;
-  std::string text9_ = "1";
+  std::string submix_number_ = "1";
   std::string submix_text_ = " ";
   Paint sub_colour_;
   bool inc_channel_enabled_ = true;
   bool dec_channels_enabled_ = false;
-  Rgb picture2_ = kBlack;
-  Paint picture1_;
+  Rgb dmx_lamp_ = kBlack;
+  Paint art_net_lamp_;
   bool art_label_enabled_ = false;
-  std::string picture1_tooltip_ = kPicture1ToolTip;
+  std::string art_net_lamp_tooltip_ = kArtNetLampToolTip;
   std::string art_destination_;
   std::string art_destination_tooltip_;
   bool exit_requested_ = false;

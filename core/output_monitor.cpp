@@ -35,8 +35,8 @@ void OutputMonitor::Show() {
   Window::Show();
 }
 
-void OutputMonitor::Pannel_Dec_Click() { show_page(page_ - 1); }
-void OutputMonitor::Pannel_Inc_Click() { show_page(page_ + 1); }
+void OutputMonitor::previous_page_clicked() { show_page(page_ - 1); }
+void OutputMonitor::next_page_clicked() { show_page(page_ + 1); }
 
 void OutputMonitor::set_bar(int bar, int level) {
   if (bar < 0 || bar >= kBars || bars_[bar].Value() == level) return;

@@ -19,8 +19,8 @@ class OutputMonitor : public Window {
   explicit OutputMonitor(DeskContext& context);
 
   void Show() override;  // opening starts on page 0
-  void Pannel_Dec_Click();
-  void Pannel_Inc_Click();
+  void previous_page_clicked();
+  void next_page_clicked();
 
   // Called by the output tick for every shown slot.
   void set_bar(int bar, int level);
@@ -30,8 +30,8 @@ class OutputMonitor : public Window {
   bool bar_visible(int i) const;
   std::string bar_tooltip(int i) const;
   std::string range_label() const;
-  bool Pannel_Dec_enabled() const { return page_ > 0; }
-  bool Pannel_Inc_enabled() const { return page_ < kLastPage; }
+  bool previous_page_enabled() const { return page_ > 0; }
+  bool next_page_enabled() const { return page_ < kLastPage; }
   // The slot a bar stands for on the current page (may lie beyond the frame).
   int bar_slot(int i) const;
 

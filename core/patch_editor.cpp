@@ -43,11 +43,11 @@ void PatchEditor::draw_entries() {
   for (int i = 0; i < kEntries; ++i) {
     const int s = slot_of(i);
     const std::string dmx = std::to_string(s + 1);
-    label1_[i] = "DMX ch " + dmx;
-    tooltips_[i] = " Select Desh Channel for DMX ch" + dmx;
-    text1_[i] = std::to_string(store.Patch[s]);
+    slot_labels_[i] = "DMX ch " + dmx;
+    channel_box_tooltips_[i] = " Select Desh Channel for DMX ch" + dmx;
+    channel_boxes_[i] = std::to_string(store.Patch[s]);
   }
-  label4_ = "DMX Lights ( " + std::to_string(slot_of(0) + 1) + " - " +
+  range_label_ = "DMX Lights ( " + std::to_string(slot_of(0) + 1) + " - " +
             std::to_string(slot_of(kEntries - 1) + 1) + " )";
 }
 
@@ -56,25 +56,25 @@ void PatchEditor::Form_Load() {
   draw_entries();
 }
 
-void PatchEditor::Pannel_Dec_Click() {
+void PatchEditor::previous_page_clicked() {
   if (page_ == 0) return;
   --page_;
   draw_entries();
 }
 
-void PatchEditor::Pannel_Inc_Click() {
+void PatchEditor::next_page_clicked() {
   if (page_ == kLastPage) return;
   ++page_;
   draw_entries();
 }
 
-void PatchEditor::Text1_Change(int i, const std::string& text) {
+void PatchEditor::channel_box_changed(int i, const std::string& text) {
   if (i < 0 || i >= kEntries) return;
-  text1_[i] = text;
+  channel_boxes_[i] = text;
   if (channel_in(text)) return;
   context_.dialogs().message(
       {kPatchErrorTitle, kPatchErrorText, MessageIcon::Exclamation, MessageButtons::Ok});
-  text1_[i] = "0";
+  channel_boxes_[i] = "0";
 }
 
 void PatchEditor::Update_Click() {
@@ -82,7 +82,7 @@ void PatchEditor::Update_Click() {
   for (int i = 0; i < kEntries; ++i) {
     // Typing refuses anything else, so a box that is not a channel only stays
     // unpatched rather than guessing.
-    store.Patch[slot_of(i)] = static_cast<std::int16_t>(channel_in(text1_[i]).value_or(0));
+    store.Patch[slot_of(i)] = static_cast<std::int16_t>(channel_in(channel_boxes_[i]).value_or(0));
   }
   context_.status().show_both(kUpdatedStatus);
   store.Project_Changed = true;
@@ -98,9 +98,9 @@ void PatchEditor::Clear_Click() {
 
 void PatchEditor::Close_Click() { Hide(); }
 
-void PatchEditor::Text1_Open(int i) {
+void PatchEditor::open_channel(int i) {
   if (i < 0 || i >= kEntries) return;
-  const std::optional<int> channel = channel_in(text1_[i]);
+  const std::optional<int> channel = channel_in(channel_boxes_[i]);
   if (!channel || *channel < 1) return;
   context_.store().Edit_Channel = static_cast<std::int16_t>(*channel - 1);
   context_.windows().open("channel-properties");

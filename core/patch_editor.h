@@ -23,34 +23,35 @@ class PatchEditor : public Window {
   // Opening: draws the entries of the current page from the patch.
   void Form_Load();
 
-  void Pannel_Dec_Click();
-  void Pannel_Inc_Click();
+  void previous_page_clicked();
+  void next_page_clicked();
   // The operator typed into entry i; `text` is the box's whole new text.
-  void Text1_Change(int i, const std::string& text);
+  void channel_box_changed(int i, const std::string& text);
   void Update_Click();
   void Clear_Click();
   void Close_Click();
-  // Double click or right-button press on entry i.
-  void Text1_Open(int i);
+  // Double click or right-button press on entry i: the channel it names opens in
+  // the channel properties.
+  void open_channel(int i);
 
   int page() const { return page_; }
   int slot_of(int i) const { return page_ * kPageStep + i; }
-  const std::string& Label1(int i) const { return label1_[i]; }
-  const std::string& Text1(int i) const { return text1_[i]; }
-  const std::string& Text1_tooltip(int i) const { return tooltips_[i]; }
-  const std::string& Label4() const { return label4_; }
-  bool Pannel_Dec_enabled() const { return page_ > 0; }
-  bool Pannel_Inc_enabled() const { return page_ < kLastPage; }
+  const std::string& slot_label(int i) const { return slot_labels_[i]; }
+  const std::string& channel_box(int i) const { return channel_boxes_[i]; }
+  const std::string& channel_box_tooltip(int i) const { return channel_box_tooltips_[i]; }
+  const std::string& range_label() const { return range_label_; }
+  bool previous_page_enabled() const { return page_ > 0; }
+  bool next_page_enabled() const { return page_ < kLastPage; }
 
  private:
   void draw_entries();
 
   DeskContext& context_;
   int page_ = 0;
-  std::array<std::string, kEntries> label1_{};
-  std::array<std::string, kEntries> text1_{};
-  std::array<std::string, kEntries> tooltips_{};
-  std::string label4_;
+  std::array<std::string, kEntries> slot_labels_{};
+  std::array<std::string, kEntries> channel_boxes_{};
+  std::array<std::string, kEntries> channel_box_tooltips_{};
+  std::string range_label_;
 };
 
 }  // namespace lumaris

@@ -21,7 +21,7 @@ ProjectInfo::ProjectInfo(DeskContext& context) : Window(kCaption), context_(cont
 
 void ProjectInfo::Form_Load() {
   const Store& store = context_.store();
-  text1_ = store.Project_Text;
+  project_text_ = store.Project_Text;
   prj_name_ = store.Project_Name;
   if (store.Project_Date.empty()) {
     const CalendarDate today = context_.clock().today();
@@ -34,7 +34,7 @@ void ProjectInfo::Form_Load() {
 
 void ProjectInfo::OKButton_Click() {
   Store& store = context_.store();
-  store.Project_Text = text1_;
+  store.Project_Text = project_text_;
   store.Project_Name = prj_name_;
   store.Project_Changed = true;
   Hide();

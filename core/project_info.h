@@ -18,19 +18,19 @@ class ProjectInfo : public Window {
   // Opening: fills the boxes from the project header.
   void Form_Load();
 
-  void Text1_Change(const std::string& text) { text1_ = text; }
+  void project_text_changed(const std::string& text) { project_text_ = text; }
   void Prj_Name_Change(const std::string& text) { prj_name_ = text; }
   void OKButton_Click();
   void CancelButton_Click();
 
-  const std::string& Text1() const { return text1_; }
+  const std::string& project_text() const { return project_text_; }
   const std::string& Prj_Name() const { return prj_name_; }
   const std::string& Prj_Date() const { return prj_date_; }
   const std::string& Prj_Version() const { return prj_version_; }
 
  private:
   DeskContext& context_;
-  std::string text1_;
+  std::string project_text_;
   std::string prj_name_;
   std::string prj_date_;
   std::string prj_version_;

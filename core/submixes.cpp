@@ -13,7 +13,7 @@ namespace lumaris {
 
 void MainDesk::show_submix() {
   const SubmixRec& submix = context_.store().Submix[current_submix_];
-  text9_ = std::to_string(current_submix_ + 1);
+  submix_number_ = std::to_string(current_submix_ + 1);
   submix_text_ = submix.Name;
   sub_colour_ = submix.Colour.empty() ? Paint{} : colour_from_text(submix.Colour);
 }
@@ -61,8 +61,8 @@ void MainDesk::Submix_Recal_Click() {
   }
   for (int i = 0; i < kStrips; ++i) {
     const int level = store.Desk_Level[channel_of(i)];
-    strips_[i].Slider1 = 255 - level;
-    strips_[i].Text1 = std::to_string(level);
+    strips_[i].fader = 255 - level;
+    strips_[i].level_box = std::to_string(level);
     if (store.BCF_Mode == kSurfaceMainMode) {
       context_.surface().BCF_Fader_Update(SurfaceStrip::of_channel(store.Fader_Page, channel_of(i)), level);
     }

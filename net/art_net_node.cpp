@@ -86,7 +86,7 @@ void ArtNetNode::send_rows(const DmxFrame& frame) {
 // A failing send holds the indicator red; it blinks again once packets leave.
 void ArtNetNode::blink() {
   if (!send_error_) {
-    main_desk_.set_Picture1(main_desk_.Picture1() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
+    main_desk_.set_art_net_lamp(main_desk_.art_net_lamp() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
   }
 }
 
@@ -228,19 +228,19 @@ void ArtNetNode::note_send_result(std::optional<std::string> error) {
   send_error_ = std::move(error);
   if (send_error_ && !was_failing) {
     context_.status().show_both(kSendFailed + *send_error_);
-    main_desk_.set_Picture1(kRed);
-    main_desk_.set_Picture1_ToolTipText(kIndicatorFailed + *send_error_);
+    main_desk_.set_art_net_lamp(kRed);
+    main_desk_.set_art_net_lamp_tooltip(kIndicatorFailed + *send_error_);
   } else if (!send_error_ && was_failing) {
     context_.status().show_both(kSendingAgain);
-    main_desk_.set_Picture1(kBlack);
-    main_desk_.set_Picture1_ToolTipText(MainDesk::kPicture1ToolTip);
+    main_desk_.set_art_net_lamp(kBlack);
+    main_desk_.set_art_net_lamp_tooltip(MainDesk::kArtNetLampToolTip);
   }
 }
 
 void ArtNetNode::forget_send_error() {
   if (!send_error_) return;
   send_error_.reset();
-  main_desk_.set_Picture1_ToolTipText(MainDesk::kPicture1ToolTip);
+  main_desk_.set_art_net_lamp_tooltip(MainDesk::kArtNetLampToolTip);
 }
 
 void ArtNetNode::Art_Send_Dmx(int universe, const std::array<std::uint8_t, kDmxSlots + 1>& frame) {

@@ -92,12 +92,12 @@ void ArtNetSetup::Update_Send_Timer() {
   if (any) {
     art_time.set_interval(ArtNetNode::kArtInterval);
     art_time.set_enabled(true);
-    desk.set_Picture1(kBlack);
+    desk.set_art_net_lamp(kBlack);
     desk.set_Art_Label_enabled(true);
   } else {
     art_time.set_enabled(false);
     node_.forget_send_error();
-    desk.set_Picture1(Paint{});
+    desk.set_art_net_lamp(Paint{});
     desk.set_Art_Label_enabled(false);
     node_.set_Art_Net_OK(false);  // the next opening initialises again
   }

@@ -266,7 +266,7 @@ void BCF::main_desk_message(int controller, int value) {
     fader_moved_[f] = true;
     // The strip moves as under the operator's hand; its echo back to the surface
     // is the one Fader_Moved holds back.
-    main_desk_.Slider1_Change(fader_group_ * kFaders + f, 255 - value * 2);
+    main_desk_.channel_fader_changed(fader_group_ * kFaders + f, 255 - value * 2);
     fader_moved_[f] = false;
   } else if (controller >= kFirstButton && controller <= kLastButton) {
     show_monitor(controller - kFirstButton, on);

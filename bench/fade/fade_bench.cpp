@@ -135,7 +135,7 @@ std::vector<int> run_levels(Fade fade, bool smooth, int refresh_ms, int art_phas
   t.services.art_socket = &udp;
   Console& console = t.build();
   if (smooth) console.context().output_timing().set_run_smooth(true);
-  console.output_cycle().Timer1().set_interval(refresh_ms);
+  console.output_cycle().output_timer().set_interval(refresh_ms);
   const std::function<void()> start = prepare(fade, console, t.store());
 
   t.scheduler.advance(art_phase);

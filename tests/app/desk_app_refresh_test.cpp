@@ -50,10 +50,10 @@ TEST_F(DeskAppRefreshTest, ATickThatChangesNothingShownSkipsTheWalkAndOneThatDoe
     store().Fader_Names[7].Desc = store().Fader_Names[7].Name = "Cyc";
     app.console().main_desk().Refresh_Desk_Panel();
   });
-  EXPECT_EQ(desk().Text1(7)->text(), QStringLiteral("90"));
-  EXPECT_EQ(desk().Slider1(7)->value(), 90);
-  EXPECT_EQ(desk().Text3(7)->text(), QStringLiteral("Cyc"));
-  EXPECT_EQ(desk().Text3(7)->toolTip(), QStringLiteral(" Ch 8 Cyc"));
+  EXPECT_EQ(desk().level_box(7)->text(), QStringLiteral("90"));
+  EXPECT_EQ(desk().channel_fader(7)->value(), 90);
+  EXPECT_EQ(desk().name_box(7)->text(), QStringLiteral("Cyc"));
+  EXPECT_EQ(desk().name_box(7)->toolTip(), QStringLiteral(" Ch 8 Cyc"));
   EXPECT_EQ(desk().Status()->text(), status) << "a changed window is walked in full";
   EXPECT_EQ(app.walks(), walks + 1) << "only the window that changed is walked";
 }
@@ -61,9 +61,9 @@ TEST_F(DeskAppRefreshTest, ATickThatChangesNothingShownSkipsTheWalkAndOneThatDoe
 TEST_F(DeskAppRefreshTest, TheOperatorsEventsAlwaysWalkTheShownWindows) {
   tick([] {});
   // An edit the model never took is put back by the next operator event.
-  desk().Text1(3)->setText(QStringLiteral("abc"));
+  desk().level_box(3)->setText(QStringLiteral("abc"));
   app.handle([] {});
-  EXPECT_EQ(desk().Text1(3)->text(), QString::number(store().Desk_Level[3]));
+  EXPECT_EQ(desk().level_box(3)->text(), QString::number(store().Desk_Level[3]));
 }
 
 }  // namespace

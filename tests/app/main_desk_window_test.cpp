@@ -17,31 +17,31 @@ class MainDeskWindowTest : public DeskAppTest {
 };
 
 TEST_F(MainDeskWindowTest, FadersButtonsKeysAndClicksOnScreenReachTheModelForTheShownPage) {
-  window().Slider1(4)->setValue(200);  // on screen the fader holds the level
+  window().channel_fader(4)->setValue(200);  // on screen the fader holds the level
   EXPECT_EQ(store().Desk_Level[4], 200);
-  EXPECT_EQ(window().Text1(4)->text(), QStringLiteral("200"));
-  QTest::mouseClick(window().Command1(2), Qt::LeftButton);
+  EXPECT_EQ(window().level_box(4)->text(), QStringLiteral("200"));
+  QTest::mouseClick(window().max_button(2), Qt::LeftButton);
   EXPECT_EQ(store().Desk_Level[2], 255);
   QTest::mouseClick(window().Inc_Channel(), Qt::LeftButton);
   EXPECT_FALSE(window().Inc_Channel()->isEnabled());
   EXPECT_EQ(window().Status()->text(), QStringLiteral(" Faders  1 Selected"));
-  EXPECT_EQ(window().Text3(0)->text(), QStringLiteral("33"));
+  EXPECT_EQ(window().name_box(0)->text(), QStringLiteral("33"));
 
   std::vector<int> keys;
   app.console().main_desk().set_cli_key_handler([&keys](int code) { keys.push_back(code); });
-  QTest::keyClick(window().Slider1(0), Qt::Key_5, Qt::KeypadModifier);
-  QTest::keyClick(window().Slider1(0), Qt::Key_Enter, Qt::KeypadModifier);
+  QTest::keyClick(window().channel_fader(0), Qt::Key_5, Qt::KeypadModifier);
+  QTest::keyClick(window().channel_fader(0), Qt::Key_Enter, Qt::KeypadModifier);
   EXPECT_EQ(keys, (std::vector<int>{101, 13}));
 
   // A double click or a right press opens the channel of the strip on the page shown.
-  QTest::mouseDClick(window().Text1(3), Qt::LeftButton);
+  QTest::mouseDClick(window().level_box(3), Qt::LeftButton);
   EXPECT_EQ(store().Edit_Channel, 35) << "page 1 strip 3 is channel 36";
-  QTest::mousePress(window().Slider1(5), Qt::RightButton);
+  QTest::mousePress(window().channel_fader(5), Qt::RightButton);
   EXPECT_EQ(store().Edit_Channel, 37);
 }
 
 TEST_F(MainDeskWindowTest, ClickingALevelBoxSelectsItAndTheSubmixLabelFollowsTheDesk) {
-  QLineEdit* level = window().Text1(3);
+  QLineEdit* level = window().level_box(3);
   QTest::mouseClick(level, Qt::LeftButton);
   QApplication::processEvents();
   EXPECT_EQ(level->selectedText(), level->text()) << "typing replaces the whole level";

@@ -36,7 +36,7 @@ TEST(OutputDeviceSetupWindow, OperatorChoicesReachTheDeskAndTheModelReachesTheWi
 
   window->save_button()->click();
   EXPECT_EQ(app.console().store().Adapter, 4);
-  EXPECT_EQ(app.console().output_cycle().Timer1().interval(), 100);
+  EXPECT_EQ(app.console().output_cycle().output_timer().interval(), 100);
   EXPECT_FALSE(window->widget()->isVisible());
   app.console().shutdown();
 }

@@ -24,45 +24,45 @@ TEST_F(PatchAndMonitorWindows, TypedPatchIsStoredAndPagingRedrawsTheBoxes) {
   auto& window = window_named<PatchEditorWindow>(app, "patch-editor");
   app.handle([&] { app.console().main_desk().Menu_Click("patch-editor"); });
   ASSERT_TRUE(window.isVisible());
-  EXPECT_EQ(window.Text1(0)->text(), QStringLiteral("1"));
+  EXPECT_EQ(window.channel_box(0)->text(), QStringLiteral("1"));
 
-  window.Text1(0)->selectAll();
-  QTest::keyClicks(window.Text1(0), QStringLiteral("12"));
+  window.channel_box(0)->selectAll();
+  QTest::keyClicks(window.channel_box(0), QStringLiteral("12"));
   window.Update()->click();
   EXPECT_EQ(store().Patch[0], 12);
   EXPECT_EQ(app.main_window().Status()->text(), QStringLiteral(" Patches Updated"));
 
   store().Patch[32] = 40;
-  window.Pannel_Inc()->click();
-  EXPECT_EQ(window.Text1(0)->text(), QStringLiteral("40"));
-  EXPECT_EQ(window.Text1(0)->toolTip(), QStringLiteral(" Select Desh Channel for DMX ch33"));
+  window.next_page()->click();
+  EXPECT_EQ(window.channel_box(0)->text(), QStringLiteral("40"));
+  EXPECT_EQ(window.channel_box(0)->toolTip(), QStringLiteral(" Select Desh Channel for DMX ch33"));
 }
 
 TEST_F(PatchAndMonitorWindows, MonitorBarsRepaintOnlyWhenTheFrameChanges) {
   auto& window = window_named<OutputMonitorWindow>(app, "output-monitor");
-  app.handle([&] { app.console().main_desk().Command22_Click(); });
+  app.handle([&] { app.console().main_desk().output_monitor_clicked(); });
   ASSERT_TRUE(window.isVisible());
-  ProgBarWidget* bar = window.ProgBar1(0);
+  ProgBarWidget* bar = window.bar(0);
   QApplication::processEvents();
   const int painted = bar->paint_count();
 
-  app.handle([&] { app.console().output_cycle().Timer1_Tick(); });  // frame unchanged
+  app.handle([&] { app.console().output_cycle().output_tick(); });  // frame unchanged
   QApplication::processEvents();
   EXPECT_EQ(bar->paint_count(), painted);
 
   app.handle([&] {
-    app.console().main_desk().Command1_Click(0);
-    app.console().output_cycle().Timer1_Tick();
+    app.console().main_desk().max_clicked(0);
+    app.console().output_cycle().output_tick();
   });
   QApplication::processEvents();
   EXPECT_EQ(bar->model().Value(), 255);
   EXPECT_EQ(bar->paint_count(), painted + 1);
-  EXPECT_EQ(window.ProgBar1(1)->paint_count(), painted);
+  EXPECT_EQ(window.bar(1)->paint_count(), painted);
   // The filled part is drawn in the highlight colour from the bottom up.
   const QImage image = bar->grab().toImage();
   EXPECT_EQ(image.pixelColor(image.width() / 2, image.height() / 2),
             bar->palette().color(QPalette::Highlight));
-  window.Pannel_Inc()->click();
+  window.next_page()->click();
   EXPECT_EQ(window.range_label()->text(), QStringLiteral(" Real DMX Output  Ch144   -  Ch287"));
 }
 

@@ -60,17 +60,17 @@ TEST(ProgramOptions, SmoothAndRefreshHoldForTheRunAndLeaveTheSettingsAlone) {
   const ProgramOptions line = parse_program_options({"--smooth", "--refresh-ms", "23"});
   OutputTiming& timing = t.console->context().output_timing();
   timing.set_run_smooth(line.smooth);
-  t.console->output_cycle().Timer1().set_interval(*line.refresh_ms);
+  t.console->output_cycle().output_timer().set_interval(*line.refresh_ms);
   EXPECT_TRUE(timing.smooth());
   EXPECT_FALSE(timing.smooth_setting());
-  EXPECT_EQ(t.console->output_cycle().Timer1().interval(), 23);
+  EXPECT_EQ(t.console->output_cycle().output_timer().interval(), 23);
 
   OutputDeviceSetup& setup = t.console->port_setup();
   setup.Form_Load();
   EXPECT_TRUE(setup.Smooth_Check_Value()) << "the box shows this run's pacing";
   setup.save_clicked();  // "Save and Exit" with the box left alone
   EXPECT_TRUE(timing.smooth());
-  EXPECT_EQ(t.console->output_cycle().Timer1().interval(), 23);
+  EXPECT_EQ(t.console->output_cycle().output_timer().interval(), 23);
   EXPECT_EQ(settings.read(OutputTiming::kSmoothSetting), "0");
 
   TestConsole next_run;

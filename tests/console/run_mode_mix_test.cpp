@@ -69,7 +69,7 @@ TEST_F(RunModeMix, HandAndAutomaticTakeMixBothLooksAtIntermediateCrossfade) {
   for (bool* take : {&t.store().Take_Manual, &t.store().Autotake_Running}) {
     t.store().Take_Manual = t.store().Autotake_Running = false;
     *take = true;
-    t.console->output_cycle().Timer1_Tick();  // the output tick alone: no other timer runs
+    t.console->output_cycle().output_tick();  // the output tick alone: no other timer runs
     expect_take_mix();
   }
 }

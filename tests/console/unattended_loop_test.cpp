@@ -63,7 +63,7 @@ TEST(UnattendedLoop, TwentyFourHoursWithoutDrift) {
   const std::int64_t hour = 3600LL * 1000;
   t.scheduler.advance(hour);
   const std::size_t heap_after_an_hour = heap_in_use();
-  const int output_interval = t.console->output_cycle().Timer1().interval();
+  const int output_interval = t.console->output_cycle().output_timer().interval();
   while (t.scheduler.now() < 24 * hour) {
     t.scheduler.advance(60000);
     if (store.Autotake_Running) continue;

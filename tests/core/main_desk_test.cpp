@@ -21,47 +21,47 @@ class MainDeskTest : public ::testing::Test {
 };
 
 TEST_F(MainDeskTest, FadersButtonsAndPagingWorkOnTheShownPageAndClearTheWholeDesk) {
-  desk().Slider1_Change(4, 55);
+  desk().channel_fader_changed(4, 55);
   EXPECT_EQ(store().Desk_Level[4], 200);
-  EXPECT_EQ(desk().strips()[4].Text1, "200");
+  EXPECT_EQ(desk().strips()[4].level_box, "200");
   store().Fader_Names[3].Desc.clear();
   store().Fader_Names[32] = {"Follow spot", "Spot", "255", false, false};
   store().Desk_Level[32] = 17;
   desk().Refresh_Desk_Panel();
-  EXPECT_EQ(desk().strips()[3].Text3, "4") << "no description: the channel number";
+  EXPECT_EQ(desk().strips()[3].name_box, "4") << "no description: the channel number";
 
   desk().Inc_Channel_Click();
   EXPECT_EQ(desk().Status(), " Faders  1 Selected");
   const ChannelStrip& strip = desk().strips()[0];
-  EXPECT_EQ(std::tie(strip.Text3, strip.Text3_tooltip), std::tuple("Spot", " Ch 33 Follow spot"));
-  EXPECT_EQ(std::tie(strip.Text3_colour, strip.Text1_colour),
+  EXPECT_EQ(std::tie(strip.name_box, strip.name_box_tooltip), std::tuple("Spot", " Ch 33 Follow spot"));
+  EXPECT_EQ(std::tie(strip.name_box_colour, strip.level_box_colour),
             std::tuple(Paint{Rgb{255, 0, 0}}, Paint{Rgb{255, 0, 0}}));
-  EXPECT_EQ(strip.Slider1, 255 - 17);
-  desk().Command1_Click(0);
+  EXPECT_EQ(strip.fader, 255 - 17);
+  desk().max_clicked(0);
   EXPECT_EQ(store().Desk_Level[32], 255) << "page 1 strip 0 is channel 33";
-  desk().Command1_Click(31);
+  desk().max_clicked(31);
   EXPECT_EQ(store().Desk_Level[63], 255) << "page 1 strip 31 is channel 64";
-  desk().Command2_Click(31);
+  desk().min_clicked(31);
   EXPECT_EQ(store().Desk_Level[63], 0);
   desk().Open_Channel_Properties(3);
   EXPECT_EQ(store().Edit_Channel, 35) << "page 1 strip 3 is channel 36";
   desk().Dec_Channels_Click();
   EXPECT_FALSE(desk().Dec_Channels_enabled()) << "back on page 0";
   EXPECT_TRUE(desk().Inc_Channel_enabled());
-  EXPECT_EQ(desk().strips()[0].Text1_colour, Paint{}) << "default colour leaves the level box alone";
+  EXPECT_EQ(desk().strips()[0].level_box_colour, Paint{}) << "default colour leaves the level box alone";
 
   store().Desk_Level[40] = 90;  // a channel of the page not on show
   desk().Clearall_Click();
-  EXPECT_EQ(std::tuple(store().Desk_Level[4], store().Desk_Level[40], desk().strips()[4].Slider1),
+  EXPECT_EQ(std::tuple(store().Desk_Level[4], store().Desk_Level[40], desk().strips()[4].fader),
             std::tuple(0, 0, 255));
   EXPECT_EQ(desk().Status(), " Desk Cleared ");
 }
 
 TEST_F(MainDeskTest, ResetDeskAsksWithCancelAsDefaultThenRestoresTheStartUpDesk) {
   const auto expect_start_up_panel = [this] {
-    EXPECT_EQ(desk().strips()[4].Slider1_tooltip, "level on channel 5");
-    EXPECT_EQ(desk().strips()[4].Text3_tooltip, " Ch 5 5");
-    EXPECT_EQ(std::tuple(desk().Submix_Text(), desk().Text9()), std::tuple(" ", "1"));
+    EXPECT_EQ(desk().strips()[4].fader_tooltip, "level on channel 5");
+    EXPECT_EQ(desk().strips()[4].name_box_tooltip, " Ch 5 5");
+    EXPECT_EQ(std::tuple(desk().Submix_Text(), desk().submix_number()), std::tuple(" ", "1"));
   };
   expect_start_up_panel();
   store().Patch[0] = 9;
@@ -108,13 +108,13 @@ TEST_F(MainDeskTest, ExitAsksOnlyWhenTheShowIsUnsaved) {
   EXPECT_FALSE(desk().Form_Unload());
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   EXPECT_EQ(t.dialogs.messages()[0].text, "Current Project is not saved Are You Sure ");
-  EXPECT_TRUE(t.console->output_cycle().Timer1().enabled()) << "the desk keeps running";
+  EXPECT_TRUE(t.console->output_cycle().output_timer().enabled()) << "the desk keeps running";
 
   store().Project_Changed = false;
-  EXPECT_TRUE(desk().eruit_Click());
+  EXPECT_TRUE(desk().exit_clicked());
   EXPECT_EQ(t.dialogs.messages().size(), 1u);
   EXPECT_EQ(desk().Status(), " Exit Software");
-  EXPECT_FALSE(t.console->output_cycle().Timer1().enabled()) << "the exit path stops output";
+  EXPECT_FALSE(t.console->output_cycle().output_timer().enabled()) << "the exit path stops output";
 }
 
 // The Help menu holds the keys page before About; both only inform.
@@ -146,10 +146,10 @@ TEST_F(MainDeskTest, FaderMovesReachTheSurfaceOnlyWhenItDrivesTheMainDesk) {
     void BCF_Fader_Update(SurfaceStrip strip, int level) override { sent.emplace_back(strip.index(), level); }
   } surface;
   t.console->attach_surface(&surface);
-  desk().Slider1_Change(1, 0);
+  desk().channel_fader_changed(1, 0);
   EXPECT_TRUE(surface.sent.empty());
   store().BCF_Mode = 1;
-  desk().Slider1_Change(1, 55);
+  desk().channel_fader_changed(1, 55);
   EXPECT_EQ(surface.sent, (std::vector<std::pair<int, int>>{{1, 200}}));
 }
 
@@ -180,7 +180,7 @@ TEST_F(MainDeskTest, SubmixProgramStoresCompactedEntriesNameAndColourRecallResto
   desk().Inc_Channel_Click();
   desk().Submix_Recal_Click();
   for (int i = 0; i < 64; ++i) EXPECT_EQ(store().Desk_Level[i], 255 - i) << i;
-  EXPECT_EQ(std::tuple(desk().strips()[8].Slider1, desk().strips()[8].Text1), std::tuple(40, "215"))
+  EXPECT_EQ(std::tuple(desk().strips()[8].fader, desk().strips()[8].level_box), std::tuple(40, "215"))
       << "page 1 fader 8 is channel 41";
   EXPECT_EQ(desk().Status(), " Submix 0 Recalled");
 
@@ -196,11 +196,11 @@ TEST_F(MainDeskTest, SubmixProgramStoresCompactedEntriesNameAndColourRecallResto
 
 TEST_F(MainDeskTest, SubmixSelectionWrapsAtBothEndsAndShowsNameAndColour) {
   desk().Submix_Minus_Click();
-  EXPECT_EQ(std::tuple(desk().Text9(), desk().current_submix()), std::tuple("32", 31));
+  EXPECT_EQ(std::tuple(desk().submix_number(), desk().current_submix()), std::tuple("32", 31));
   store().Submix[1].Name = "Blue wash";
   store().Submix[1].Colour = "16711680";  // 0xFF0000 in BBGGRR: blue
   desk().Submix_Plus_Click();
-  EXPECT_EQ(desk().Text9(), "1");
+  EXPECT_EQ(desk().submix_number(), "1");
   desk().Submix_Plus_Click();
   EXPECT_EQ(desk().Submix_Text(), "Blue wash");
   EXPECT_EQ(desk().Sub_colour(), (Paint{Rgb{0, 0, 255}}));

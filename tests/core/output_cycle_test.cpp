@@ -57,8 +57,8 @@ TEST_F(OutputCycleTest, TheHighestSourceWinsIsClampedAt255AndThePatchMapsChannel
 
 // Slider 128 is the factor 127/255: 255 -> 127, 200 -> 99.6 -> 100.
 TEST_F(OutputCycleTest, MastersScaleAndRoundToTheNearestLevelExceptMainFreeChannels) {
-  desk().Slider1_Change(0, 0);          // channel 1 at 255
-  desk().Slider1_Change(1, 255 - 200);  // channel 2 at 200
+  desk().channel_fader_changed(0, 0);          // channel 1 at 255
+  desk().channel_fader_changed(1, 255 - 200);  // channel 2 at 200
   store().Desk_Level[2] = 200;
   store().Fader_Names[2].Main_F = true;
   desk().channels_Change(128);
@@ -99,18 +99,18 @@ TEST_F(OutputCycleTest, OnlyLevelsTheFrameCannotHoldFailTheTickAndTheNextStartsA
   store().Patch[3] = 65;  // the always-dark entry: a valid patch
   tick();
   EXPECT_FALSE(failed());
-  EXPECT_EQ(desk().Picture2(), kGreen);
+  EXPECT_EQ(desk().dmx_lamp(), kGreen);
   EXPECT_EQ(slot(4), 0);
 
   store().Patch[3] = 66;  // no such desk channel: the tick cannot build the frame
   store().Desk_Level[0] = 120;
   tick();
   EXPECT_TRUE(failed());
-  EXPECT_EQ(desk().Picture2(), kBlack);
+  EXPECT_EQ(desk().dmx_lamp(), kBlack);
 
   store().Patch[3] = 1;
   tick();
-  EXPECT_EQ(desk().Picture2(), kGreen);
+  EXPECT_EQ(desk().dmx_lamp(), kGreen);
   EXPECT_EQ(slot(1), 120);
 
   // Every source of channel 1 below zero: nothing can be sent for it.
@@ -118,9 +118,9 @@ TEST_F(OutputCycleTest, OnlyLevelsTheFrameCannotHoldFailTheTickAndTheNextStartsA
   store().Chase_Out[0] = -5;
   store().Playback_Seq_Out[0] = -5;
   store().Playback_Live_Out[0] = -5;
-  t.console->output_cycle().Timer1_Tick();  // before the playback desk's timer rebuilds its levels
+  t.console->output_cycle().output_tick();  // before the playback desk's timer rebuilds its levels
   EXPECT_TRUE(failed());
-  EXPECT_EQ(desk().Picture2(), kBlack);
+  EXPECT_EQ(desk().dmx_lamp(), kBlack);
 }
 
 }  // namespace

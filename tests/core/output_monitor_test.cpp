@@ -15,7 +15,7 @@ struct OutputMonitorTest : ::testing::Test {
     t.build();
     monitor = &t.console->output_monitor();
   }
-  void fader(int strip, int position) { t.console->main_desk().Slider1_Change(strip, position); }
+  void fader(int strip, int position) { t.console->main_desk().channel_fader_changed(strip, position); }
   void tick() { t.scheduler.advance(70); }
 };
 
@@ -37,7 +37,7 @@ TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShownAndPagesOverlapByOneSl
 
   monitor->Show();  // pages overlap by one slot; the last hides bars beyond the frame
   EXPECT_EQ(monitor->range_label(), " Real DMX Output  Ch1   -  Ch144");
-  monitor->Pannel_Inc_Click();
+  monitor->next_page_clicked();
   EXPECT_EQ(t.store().Realout_First, 143);
   EXPECT_EQ(t.store().Realout_Last, 286);
   t.store().Patch[143] = 9;
@@ -46,14 +46,14 @@ TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShownAndPagesOverlapByOneSl
   EXPECT_EQ(monitor->bar(0).Value(), 255);
   EXPECT_EQ(monitor->bar_tooltip(0), " Output 144 From Desk Channel 9");
 
-  for (int i = 0; i < 5; ++i) monitor->Pannel_Inc_Click();
+  for (int i = 0; i < 5; ++i) monitor->next_page_clicked();
   EXPECT_EQ(monitor->page(), 3);
-  EXPECT_FALSE(monitor->Pannel_Inc_enabled());
+  EXPECT_FALSE(monitor->next_page_enabled());
   EXPECT_TRUE(monitor->bar_visible(82));   // slot 511, DMX channel 512
   EXPECT_FALSE(monitor->bar_visible(83));  // slot 512
   EXPECT_EQ(monitor->bar_tooltip(82), " Output 512 From Desk Channel 0");
   EXPECT_EQ(monitor->range_label(), " Real DMX Output  Ch430   -  Ch512");
-  monitor->Pannel_Dec_Click();
+  monitor->previous_page_clicked();
   monitor->Show();  // already open: stays
   EXPECT_EQ(monitor->page(), 2);
   monitor->Hide();

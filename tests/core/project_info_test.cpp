@@ -22,7 +22,7 @@ TEST(ProjectInfo, ShowsTodayOrTheLoadedHeaderCancelDropsTheEditAndOkStoresIt) {
   store.Project_Date = "01/02/2020";
   store.Project_Version = 7;
   info.Form_Load();
-  EXPECT_EQ(std::tuple(info.Prj_Name(), info.Text1(), info.Prj_Date(), info.Prj_Version()),
+  EXPECT_EQ(std::tuple(info.Prj_Name(), info.project_text(), info.Prj_Date(), info.Prj_Version()),
             std::tuple("Hamlet", "Act one", "01/02/2020", "7"));
 
   info.Show();
@@ -36,7 +36,7 @@ TEST(ProjectInfo, ShowsTodayOrTheLoadedHeaderCancelDropsTheEditAndOkStoresIt) {
 
   info.Show();
   info.Prj_Name_Change("Macbeth");
-  info.Text1_Change("Tour 2027");
+  info.project_text_changed("Tour 2027");
   info.OKButton_Click();
   EXPECT_EQ(std::tuple(store.Project_Name, store.Project_Text), std::tuple("Macbeth", "Tour 2027"));
   EXPECT_TRUE(store.Project_Changed);

@@ -69,7 +69,7 @@ TEST_F(CommandLine, AnAssignmentRecordsTheLineLightsGreenAndRedrawsTheDesk) {
   EXPECT_FALSE(cli().CLI_Error());
   EXPECT_EQ(cli().String_In(), "");
   EXPECT_EQ(cli().Token_Index(), 0);
-  EXPECT_EQ(t.console->main_desk().strips()[4].Text1, "128");
+  EXPECT_EQ(t.console->main_desk().strips()[4].level_box, "128");
   type("4/.30\n1*8+12.000 2+61.40\n");
   EXPECT_EQ(cli().history_list(), (History{"5 @ 50 ", "S4 @ 30 ", "1 Thru 8 + 12 @ 100 ", "2 + 61 @ 40 "}))
       << "a fader number shows with S; an execution error still enters the history";

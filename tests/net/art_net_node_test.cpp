@@ -26,8 +26,8 @@ bool logged(const ArtNetDesk& t, const std::string& line) {
 TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMillisecondsWhileTheIndicatorBlinks) {
   ArtNetDesk t;
   t.build();
-  t.main_desk().Command1_Click(0);  // channel 1 full: DMX 1
-  t.main_desk().Slider1_Change(4, 255 - 77);  // channel 5 at 77: DMX 5
+  t.main_desk().max_clicked(0);  // channel 1 full: DMX 1
+  t.main_desk().channel_fader_changed(4, 255 - 77);  // channel 5 at 77: DMX 5
   t.open_setup();
   t.config().enable_button_clicked(0);
   t.config().enable_button_clicked(3);
@@ -41,23 +41,23 @@ TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMillisecondsWhileTheI
   EXPECT_EQ(data_of(first), data_of(second));
   EXPECT_EQ(std::tuple(data_of(first)[0], data_of(first)[4]), std::tuple(255, 77));
   EXPECT_EQ(std::tie(first.host, first.port), std::tuple("255.255.255.255", 6454));
-  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen});
+  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{kGreen});
   t.desk.scheduler.advance(99);
   EXPECT_EQ(t.udp.sent().size(), 2u);
   t.desk.scheduler.advance(1);
   EXPECT_EQ(t.udp.sent().size(), 4u);
-  EXPECT_EQ(t.main_desk().Picture1(), Paint{kBlack});
+  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{kBlack});
 
   t.config().enable_button_clicked(0);
   EXPECT_TRUE(t.node().Art_Time().enabled());
   t.config().enable_button_clicked(3);  // the last one
   EXPECT_FALSE(t.node().Art_Time().enabled());
-  EXPECT_EQ(t.main_desk().Picture1(), Paint{});
+  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{});
   EXPECT_FALSE(t.main_desk().Art_Label_enabled());
   t.udp.clear_sent();
   t.desk.scheduler.advance(1000);
   EXPECT_TRUE(t.udp.sent().empty());
-  EXPECT_EQ(t.main_desk().Picture1(), Paint{});
+  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{});
 }
 
 TEST(ArtNetNode, BroadcastAddressFollowsTheLocalAddress) {
@@ -149,7 +149,7 @@ TEST(ArtNetNode, ALoadedShowSendsOnTheUniversesOfItsEightRowsWithButtonsWithoutT
   t.udp.clear_sent();
   t.desk.scheduler.advance(100);
   EXPECT_TRUE(t.udp.sent().empty());
-  EXPECT_EQ(t.main_desk().Picture1(), Paint{kGreen}) << "the indicator still blinks";
+  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{kGreen}) << "the indicator still blinks";
 }
 
 TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtNetRecovers) {
@@ -161,11 +161,11 @@ TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtN
   EXPECT_EQ(t.console().status().main(), " Art-Net Failed");
   EXPECT_TRUE(logged(t, "! Art-Net Init Error: Address already in use"));
   t.config().enable_button_clicked(0);
-  t.main_desk().Command1_Click(0);
+  t.main_desk().max_clicked(0);
   t.desk.scheduler.advance(500);
   EXPECT_TRUE(t.udp.sent().empty());
   EXPECT_EQ(t.store().DMX_Out[0], 255);  // the output cycle goes on
-  EXPECT_EQ(t.main_desk().Picture2(), kGreen);
+  EXPECT_EQ(t.main_desk().dmx_lamp(), kGreen);
   t.open_setup();  // the operator retries once the other program is gone
   EXPECT_EQ(t.config().state_box(), " Art-Net Initialized");
   t.desk.scheduler.advance(100);
@@ -179,13 +179,13 @@ TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtN
   const std::string failed = " Art-Net Sending Failed: Network is unreachable";
   EXPECT_EQ(said, std::vector<std::string>{failed});
   EXPECT_EQ(t.console().status().playback(), failed);
-  EXPECT_EQ(t.main_desk().Picture1(), Paint{kRed}) << "held red, not blinking";
-  EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net sending fails: Network is unreachable");
+  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{kRed}) << "held red, not blinking";
+  EXPECT_EQ(t.main_desk().art_net_lamp_tooltip(), "Art-Net sending fails: Network is unreachable");
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255 fails: Network is unreachable");
   EXPECT_TRUE(t.udp.sent().empty());
 
   t.config().enable_button_clicked(0);  // nothing to send: the failure is over, said again if it returns
-  EXPECT_EQ(t.main_desk().Picture1_ToolTipText(), "Art-Net output");
+  EXPECT_EQ(t.main_desk().art_net_lamp_tooltip(), "Art-Net output");
   t.config().enable_button_clicked(0);
   t.desk.scheduler.advance(100);
   EXPECT_EQ(said, (std::vector<std::string>{failed, failed}));
@@ -195,7 +195,7 @@ TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtN
   ASSERT_EQ(t.udp.sent().size(), 1u);
   EXPECT_EQ(data_of(t.udp.sent()[0])[0], 255);
   EXPECT_EQ(said, (std::vector<std::string>{failed, failed, " Art-Net Sending Again"}));
-  EXPECT_EQ(std::tuple(t.main_desk().Picture1(), t.main_desk().Picture1_ToolTipText()),
+  EXPECT_EQ(std::tuple(t.main_desk().art_net_lamp(), t.main_desk().art_net_lamp_tooltip()),
             std::tuple(Paint{kGreen}, "Art-Net output"))
       << "blinking again";
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255");
@@ -209,12 +209,12 @@ TEST(ArtNetNode, SmoothOutputSendsEachFrameRightAfterItsTick) {
   ArtNetDesk t;
   t.settings.write(OutputTiming::kSmoothSetting, "1");
   t.build();
-  t.console().output_cycle().Timer1().set_interval(23);
+  t.console().output_cycle().output_timer().set_interval(23);
   t.open_setup();
   t.config().enable_button_clicked(0);
   t.desk.scheduler.advance(23);
   ASSERT_EQ(t.udp.sent().size(), 1u);
-  t.main_desk().Slider1_Change(0, 255 - 9);
+  t.main_desk().channel_fader_changed(0, 255 - 9);
   t.desk.scheduler.advance(22);
   EXPECT_EQ(t.udp.sent().size(), 1u);
   t.desk.scheduler.advance(1);

@@ -186,7 +186,7 @@ TEST(RealSocket, SacnReachesLoopbackAndEndsWithTermination) {
     desk.services.sacn_target = "127.0.0.1";
     desk.build();
     desk.store().Desk_Level[1] = 77;
-    desk.console->output_cycle().Timer1_Tick();
+    desk.console->output_cycle().output_tick();
     if (!read_when_ready(receiver) || received.size() != 1) return "no sACN packet arrived";
     const auto& packet = received[0];
     if (packet.size() != sacn::kPacketSize) return "the packet arrived with the wrong size";

@@ -101,7 +101,7 @@ struct SacnDesk : ::testing::Test {
   }
   SacnOutput& output() { return desk.console->sacn_output(); }
   SacnSetup& window() { return desk.console->sacn_config(); }
-  void tick() { desk.console->output_cycle().Timer1_Tick(); }
+  void tick() { desk.console->output_cycle().output_tick(); }
   static int universe_of(const FakeUdp::Sent& sent) {
     return sent.bytes[sacn::framing::kUniverse] * 256 + sent.bytes[sacn::framing::kUniverse + 1];
   }
@@ -147,7 +147,7 @@ TEST_F(SacnDesk, AnEnabledRowMulticastsEveryFrameEndsWithThreeTerminationsAndCom
   next.services.settings = &settings;
   next.build();
   EXPECT_EQ(next.console->sacn_output().cid(), cid);
-  next.console->output_cycle().Timer1_Tick();
+  next.console->output_cycle().output_tick();
   ASSERT_EQ(socket.sent().size(), 1u);
   EXPECT_EQ(std::tuple(universe_of(socket.sent()[0]), socket.sent()[0].bytes[sacn::framing::kPriority]),
             std::tuple(263, 7));

@@ -27,7 +27,7 @@ struct OlaDesk : ::testing::Test {
   }
   OlaOutput& output() { return desk.console->ola_output(); }
   OlaSetup& window() { return desk.console->ola_config(); }
-  void tick() { desk.console->output_cycle().Timer1_Tick(); }
+  void tick() { desk.console->output_cycle().output_tick(); }
 };
 
 TEST_F(OlaDesk, EnabledOutputSendsTheFrameToTheUniverseSetUp) {

@@ -39,7 +39,7 @@ struct PortsetupTest : ::testing::Test {
   }
   bool shown(C c) const { return setup->control(c).visible; }
   bool enabled(C c) const { return setup->control(c).enabled; }
-  int timer_interval() { return console->output_cycle().Timer1().interval(); }
+  int timer_interval() { return console->output_cycle().output_timer().interval(); }
 };
 
 // Each choice shows its own controls and says what it did; the others are hidden.
@@ -174,8 +174,8 @@ TEST(PortsetupSmooth, SmoothOutputIsKeptOnSaveAndOpensTheRateForArtNetOnly) {
   window.save_clicked();
   EXPECT_TRUE(c.context().output_timing().smooth());
   EXPECT_EQ(settings.read(OutputTiming::kSmoothSetting), "1");
-  EXPECT_EQ(c.output_cycle().Timer1().interval(), 23);
-  c.output_cycle().Timer1().set_interval(45);
+  EXPECT_EQ(c.output_cycle().output_timer().interval(), 23);
+  c.output_cycle().output_timer().set_interval(45);
   window.Form_Load();
   EXPECT_EQ(window.rate_box_text(), " 45 mS") << "opening shows the output timer's rate";
 

@@ -41,7 +41,7 @@ struct RealSeamsTest : ::testing::Test {
     setup.save_clicked();
   }
   void run_ticks(int n) {
-    test.scheduler.advance(static_cast<long>(n) * console->output_cycle().Timer1().interval());
+    test.scheduler.advance(static_cast<long>(n) * console->output_cycle().output_timer().interval());
   }
 };
 

@@ -36,7 +36,7 @@ struct SendFrameTest : ::testing::Test {
   int count(const std::string& call) const {
     return static_cast<int>(std::count(device.calls().begin(), device.calls().end(), call));
   }
-  void tick() { test.scheduler.advance(console->output_cycle().Timer1().interval()); }
+  void tick() { test.scheduler.advance(console->output_cycle().output_timer().interval()); }
 };
 
 using Events = std::vector<std::pair<int, int>>;

@@ -29,7 +29,7 @@ struct SmoothPlayback : PlaybackTestDesk {
     b.Latch = true;
   }
   ChaseRec& chase() { return store().Chase_Table[3]; }
-  void output_interval(int ms) { t.console->output_cycle().Timer1().set_interval(ms); }
+  void output_interval(int ms) { t.console->output_cycle().output_timer().set_interval(ms); }
   void advance(int ms) { t.scheduler.advance(ms); }
   int mixed(int channel) { return t.console->output_cycle().Channel_Mix()[channel - 1]; }
 };

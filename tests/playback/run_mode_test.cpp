@@ -21,7 +21,7 @@ class RunModeTest : public ::testing::Test {
   RunMode& run() { return d.desk->run_mode(); }
   FakeScheduler& clock() { return d.t.scheduler; }
   const std::string& main_status() { return d.t.console->status().main(); }
-  void output_interval(int ms) { d.t.console->output_cycle().Timer1().set_interval(ms); }
+  void output_interval(int ms) { d.t.console->output_cycle().output_timer().set_interval(ms); }
   Screen& screen(int n, const std::string& name, int time) {
     Screen& s = store().Screens[n];
     s.Name = name;

@@ -192,7 +192,7 @@ TEST_F(ProjectFileTest, LoadFromTheMainDeskMenuRedrawsTheDesk) {
   EXPECT_EQ(status().main(), "Project Loaded ");
   EXPECT_EQ(t.store().Project_File, test_data("full_show.xml"));
   EXPECT_TRUE(t.store().Project_Changed);  // a load leaves the mark alone
-  EXPECT_EQ(t.console->main_desk().strips()[4].Text3, "FWL");
+  EXPECT_EQ(t.console->main_desk().strips()[4].name_box, "FWL");
 }
 
 // Loading over another show: a screen holds exactly what the file records,
@@ -204,7 +204,7 @@ TEST_F(ProjectFileTest, TheShowOnTheCommandLineLoadsWithoutADialogOverWhatWasThe
   opening.Fad_Sel[3] = 90;
   EXPECT_TRUE(file().Load_File(test_data("full_show.xml")));
   EXPECT_TRUE(t.dialogs.file_dialogs().empty());
-  EXPECT_EQ(t.console->main_desk().strips()[4].Text3, "FWL");
+  EXPECT_EQ(t.console->main_desk().strips()[4].name_box, "FWL");
   EXPECT_EQ(opening.Preset[40], 0);
   EXPECT_FALSE(opening.But_Sel[7]);
   EXPECT_EQ(opening.Fad_Sel[3], 0);

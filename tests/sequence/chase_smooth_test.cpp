@@ -10,7 +10,7 @@ namespace {
 // Step 2 fades channel 1 from 0 to 200 over 0.5 s; the output runs every 10 ms.
 SequenceTestDesk& fade_desk(SequenceTestDesk& s, bool smooth) {
   if (smooth) s.t.console->context().output_timing().set_run_smooth(true);
-  s.t.console->output_cycle().Timer1().set_interval(10);
+  s.t.console->output_cycle().output_timer().set_interval(10);
   s.program(2, 1.0, 0.5);
   s.chase().Data[1][0] = 0;
   s.chase().Data[2][0] = 200;
@@ -55,7 +55,7 @@ TEST(SmoothChase, AFadesLastLevelNoFrameCarriedIsHeldForTheNextFrame) {
   fade_desk(on, true);
   // Started at 50 ms: step 2 runs 1051-2052, its last level tick (200) is at
   // 2050, and the output runs only every 700 ms (1400, 2100), so no frame took it.
-  on.t.console->output_cycle().Timer1().set_interval(700);
+  on.t.console->output_cycle().output_timer().set_interval(700);
   on.chase().Time[2] = 1.0;
   on.chase().Speed[2] = 1.0;
   on.t.scheduler.advance(50);
@@ -72,7 +72,7 @@ TEST(SmoothChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame) {
   fade_desk(on, true);
   // Two passes from 50 ms; the second pass's fade ends at 4050 on 200, the
   // chase at 4054, and the output runs every 700 ms (4200 is next).
-  on.t.console->output_cycle().Timer1().set_interval(700);
+  on.t.console->output_cycle().output_timer().set_interval(700);
   on.chase().Time[2] = 1.0;
   on.chase().Loop = 1;
   on.t.scheduler.advance(50);

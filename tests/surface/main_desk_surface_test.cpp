@@ -31,13 +31,13 @@ TEST_F(MainDeskSurfaceTest, ASurfaceFaderMoveSetsTheChannelAndOnlyTheScreensMove
   t.midi.clear_sent();
   t.cc(84, 50);   // fader 4 of the group
   EXPECT_EQ(t.store().Desk_Level[11], 100);
-  EXPECT_EQ(t.main_desk().strips()[11].Text1, "100");
+  EXPECT_EQ(t.main_desk().strips()[11].level_box, "100");
   EXPECT_TRUE(t.midi.sent().empty()) << "the motor must not fight the hand";
 
-  t.main_desk().Slider1_Change(7, 0);   // channel 8: group 1, not shown
-  t.main_desk().Slider1_Change(16, 0);  // channel 17: group 3, not shown
+  t.main_desk().channel_fader_changed(7, 0);   // channel 8: group 1, not shown
+  t.main_desk().channel_fader_changed(16, 0);  // channel 17: group 3, not shown
   EXPECT_TRUE(t.midi.sent().empty());
-  t.main_desk().Slider1_Change(11, 255 - 31);  // later, the operator on the screen
+  t.main_desk().channel_fader_changed(11, 255 - 31);  // later, the operator on the screen
   EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 84, 15}));  // fader 4, 31 / 2
 }
 
@@ -69,7 +69,7 @@ TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheFadersAreThatPagesStrips) {
   EXPECT_EQ(t.store().Desk_Level[34], 20);
   EXPECT_EQ(t.store().Desk_Level[2], 0);
 
-  t.main_desk().Slider1_Change(4, 255 - 90);  // channel 37 from the screen
+  t.main_desk().channel_fader_changed(4, 255 - 90);  // channel 37 from the screen
   EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 85, 45}));
   t.midi.clear_sent();
 
