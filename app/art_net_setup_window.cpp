@@ -24,7 +24,7 @@ constexpr const char* kCloseCaption = "Close";
 }  // namespace
 
 ArtNetSetupWindow::ArtNetSetupWindow(DeskApp& app)
-    : ToolWindow([&app] { app.handle([&] { app.console().art_config().Hide(); }); }), app_(app) {
+    : ToolWindow([&app] { app.handle([&] { app.console().art_net_setup().Hide(); }); }), app_(app) {
   auto* layout = new QVBoxLayout(this);
 
   auto* rows = new QGroupBox(QString::fromUtf8(kRowsTitle), this);
@@ -76,7 +76,7 @@ ArtNetSetupWindow::ArtNetSetupWindow(DeskApp& app)
 }
 
 Window& ArtNetSetupWindow::model() { return config(); }
-ArtNetSetup& ArtNetSetupWindow::config() { return app_.console().art_config(); }
+ArtNetSetup& ArtNetSetupWindow::config() { return app_.console().art_net_setup(); }
 
 void ArtNetSetupWindow::prepare_screenshot() { app_.console().main_desk().Menu_Click("art-net-setup"); }
 

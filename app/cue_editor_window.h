@@ -20,7 +20,7 @@ class DeskApp;
 class ColourBox;
 class CueEditor;
 
-// The cue editor `namedit` ("Edit Cues"): the list of screens on the left, the
+// The cue editor ("Edit Cues"): the list of screens on the left, the
 // selected screen's settings and what it holds on the right, with the level
 // fader to change a level in place.
 class CueEditorWindow final : public ToolWindow, public DeskWindow {

@@ -41,8 +41,8 @@ MovingPanelWidget::MovingPanelWidget(DeskApp& app, QWidget* parent) : QWidget(pa
 
   popup_ = new QMenu(this);
   QAction* properties = popup_->addAction(QStringLiteral("Properties"));
-  properties->setObjectName(QStringLiteral("fixt_prop"));
-  connect(properties, &QAction::triggered, [this] { app_.handle([&] { desk().fixt_prop_Click(); }); });
+  properties->setObjectName(QStringLiteral("fixture-properties"));
+  connect(properties, &QAction::triggered, [this] { app_.handle([&] { desk().fixture_properties_clicked(); }); });
 }
 
 MovingDesk& MovingPanelWidget::desk() { return app_.console().moving_desk(); }

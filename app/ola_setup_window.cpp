@@ -13,7 +13,7 @@
 namespace lumaris {
 
 OlaSetupWindow::OlaSetupWindow(DeskApp& app)
-    : ToolWindow([&app] { app.handle([&] { app.console().ola_config().Hide(); }); }), app_(app) {
+    : ToolWindow([&app] { app.handle([&] { app.console().ola_setup().Hide(); }); }), app_(app) {
   auto* layout = new QVBoxLayout(this);
   auto* row = new QHBoxLayout;
   row->addWidget(new QLabel(QStringLiteral("olad universe"), this));
@@ -44,7 +44,7 @@ OlaSetupWindow::OlaSetupWindow(DeskApp& app)
 }
 
 Window& OlaSetupWindow::model() { return config(); }
-OlaSetup& OlaSetupWindow::config() { return app_.console().ola_config(); }
+OlaSetup& OlaSetupWindow::config() { return app_.console().ola_setup(); }
 
 void OlaSetupWindow::prepare_screenshot() { app_.console().main_desk().Menu_Click("ola-setup"); }
 

@@ -32,7 +32,7 @@ constexpr const char* kCancelCaption = "Cancel";
 }  // namespace
 
 OutputDeviceSetupWindow::OutputDeviceSetupWindow(DeskApp& app)
-    : ToolWindow([&app] { app.handle([&app] { app.console().port_setup().cancel_clicked(); }); }),
+    : ToolWindow([&app] { app.handle([&app] { app.console().output_device_setup().cancel_clicked(); }); }),
       app_(app) {
   setObjectName(QStringLiteral("OutputDeviceSetup"));
   auto* grid = new QGridLayout(this);
@@ -102,7 +102,7 @@ OutputDeviceSetupWindow::OutputDeviceSetupWindow(DeskApp& app)
           [this] { app_.handle([&] { setup().cancel_clicked(); }); });
 }
 
-OutputDeviceSetup& OutputDeviceSetupWindow::setup() { return app_.console().port_setup(); }
+OutputDeviceSetup& OutputDeviceSetupWindow::setup() { return app_.console().output_device_setup(); }
 
 Window& OutputDeviceSetupWindow::model() { return setup(); }
 

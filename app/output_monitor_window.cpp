@@ -1,12 +1,12 @@
 #include "app/output_monitor_window.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "app/desk_app.h"
+#include "app/widgets/page_row.h"
 #include "app/widgets/prog_bar_widget.h"
 #include "app/widgets/sync.h"
 
@@ -21,15 +21,10 @@ OutputMonitorWindow::OutputMonitorWindow(DeskApp& app)
     : ToolWindow([&app] { app.handle([&] { app.console().output_monitor().Hide(); }); }),
       app_(app) {
   auto* layout = new QVBoxLayout(this);
-  auto* top = new QHBoxLayout;
-  previous_page_ = new QPushButton(QStringLiteral("<<"), this);
-  next_page_ = new QPushButton(QStringLiteral(">>"), this);
-  range_label_ = new QLabel(this);
-  range_label_->setAlignment(Qt::AlignCenter);
-  top->addWidget(previous_page_);
-  top->addWidget(range_label_, 1);
-  top->addWidget(next_page_);
-  layout->addLayout(top);
+  const PageRow page_row = add_page_row(this, layout);
+  previous_page_ = page_row.previous;
+  range_label_ = page_row.range;
+  next_page_ = page_row.next;
 
   auto* grid = new QGridLayout;
   grid->setSpacing(2);

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "app/desk_app.h"
+#include "app/widgets/page_row.h"
 #include "app/widgets/sync.h"
 
 namespace lumaris {
@@ -21,15 +22,10 @@ PatchEditorWindow::PatchEditorWindow(DeskApp& app)
     : ToolWindow([&app] { app.handle([&] { app.console().patch_editor().Close_Click(); }); }),
       app_(app) {
   auto* layout = new QVBoxLayout(this);
-  auto* top = new QHBoxLayout;
-  previous_page_ = new QPushButton(QStringLiteral("<<"), this);
-  next_page_ = new QPushButton(QStringLiteral(">>"), this);
-  range_label_ = new QLabel(this);
-  range_label_->setAlignment(Qt::AlignCenter);
-  top->addWidget(previous_page_);
-  top->addWidget(range_label_, 1);
-  top->addWidget(next_page_);
-  layout->addLayout(top);
+  const PageRow page_row = add_page_row(this, layout);
+  previous_page_ = page_row.previous;
+  range_label_ = page_row.range;
+  next_page_ = page_row.next;
 
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(4);

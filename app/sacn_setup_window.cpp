@@ -15,7 +15,7 @@
 namespace lumaris {
 
 SacnSetupWindow::SacnSetupWindow(DeskApp& app)
-    : ToolWindow([&app] { app.handle([&] { app.console().sacn_config().Hide(); }); }), app_(app) {
+    : ToolWindow([&app] { app.handle([&] { app.console().sacn_setup().Hide(); }); }), app_(app) {
   auto* layout = new QVBoxLayout(this);
 
   auto* rows = new QGroupBox(QStringLiteral("sACN Output"), this);
@@ -68,7 +68,7 @@ SacnSetupWindow::SacnSetupWindow(DeskApp& app)
 }
 
 Window& SacnSetupWindow::model() { return config(); }
-SacnSetup& SacnSetupWindow::config() { return app_.console().sacn_config(); }
+SacnSetup& SacnSetupWindow::config() { return app_.console().sacn_setup(); }
 
 void SacnSetupWindow::prepare_screenshot() { app_.console().main_desk().Menu_Click("sacn-setup"); }
 

@@ -65,15 +65,15 @@ Console::Console(const PlatformServices& services)
   sequence_desk_->set_moving_panel(moving_desk_.get());
   output_devices_ = std::make_unique<OutputDevices>(
       *context_, AdapterSeams{services_.d2xx, services_.port_io, services_.adapter_libraries});
-  port_setup_ = std::make_unique<OutputDeviceSetup>(*context_, *output_devices_, *output_timer_);
-  output_devices_->set_setup_window(*port_setup_);
-  art_config_ = std::make_unique<ArtNetSetup>(*context_, *art_net_, *main_desk_);
+  output_device_setup_ = std::make_unique<OutputDeviceSetup>(*context_, *output_devices_, *output_timer_);
+  output_devices_->set_setup_window(*output_device_setup_);
+  art_net_setup_ = std::make_unique<ArtNetSetup>(*context_, *art_net_, *main_desk_);
   sacn_output_ = std::make_unique<SacnOutput>(*context_, services_.sacn_socket);
   if (services_.sacn_target) sacn_output_->set_run_target(*services_.sacn_target);
-  sacn_config_ = std::make_unique<SacnSetup>(*context_, *sacn_output_);
+  sacn_setup_ = std::make_unique<SacnSetup>(*context_, *sacn_output_);
   ola_output_ = std::make_unique<OlaOutput>(*context_, services_.ola_client);
   if (services_.ola_universe) ola_output_->set_run_universe(*services_.ola_universe);
-  ola_config_ = std::make_unique<OlaSetup>(*context_, *ola_output_);
+  ola_setup_ = std::make_unique<OlaSetup>(*context_, *ola_output_);
   const std::vector<OutputSink*> sinks{output_devices_.get(), art_net_.get(), sacn_output_.get(),
                                        ola_output_.get()};
   output_cycle_ = std::make_unique<OutputCycle>(*context_, *output_timer_, *main_desk_,
@@ -108,9 +108,9 @@ void Console::register_windows() {
   w.add("sequence-desk", {sequence_desk_.get(), {}, {}});
   w.add("fixture-properties", {&moving_desk_->fixture_prop(), {}, {}});
   w.add("output-monitor", {output_monitor_.get(), {}, {}});
-  OutputDeviceSetup& setup = *port_setup_;
+  OutputDeviceSetup& setup = *output_device_setup_;
   w.add("output-device-setup", {&setup, [&setup] { setup.Form_Load(); }, [&setup] { setup.Refresh(); }});
-  ArtNetSetup& art = *art_config_;
+  ArtNetSetup& art = *art_net_setup_;
   const auto load_art = [&art] { art.Form_Load(); };
   w.add("art-net-setup", {&art, load_art, load_art});
   CLI& cli = *cli_;
@@ -119,10 +119,10 @@ void Console::register_windows() {
   w.add("bcf2000", {&surface, [&surface] { surface.Form_Load(); }, {}});
   BcfSetup& surface_setup = *surface_setup_;
   w.add("bcf2000-setup", {&surface_setup, [&surface_setup] { surface_setup.Form_Load(); }, {}});
-  SacnSetup& sacn = *sacn_config_;
+  SacnSetup& sacn = *sacn_setup_;
   const auto load_sacn = [&sacn] { sacn.Form_Load(); };
   w.add("sacn-setup", {&sacn, load_sacn, load_sacn});
-  OlaSetup& ola = *ola_config_;
+  OlaSetup& ola = *ola_setup_;
   const auto load_ola = [&ola] { ola.Form_Load(); };
   w.add("ola-setup", {&ola, load_ola, load_ola});
   if (playback_desk_->available()) {

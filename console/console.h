@@ -110,17 +110,17 @@ class Console {
   SequenceDesk& sequence_desk() { return *sequence_desk_; }
   MovingDesk& moving_desk() { return *moving_desk_; }
   OutputDevices& output_devices() { return *output_devices_; }
-  OutputDeviceSetup& port_setup() { return *port_setup_; }
+  OutputDeviceSetup& output_device_setup() { return *output_device_setup_; }
   ArtNetNode& art_net() { return *art_net_; }
-  ArtNetSetup& art_config() { return *art_config_; }
+  ArtNetSetup& art_net_setup() { return *art_net_setup_; }
   ProjectFile& project_file() { return *project_file_; }
   CLI& cli() { return *cli_; }
   BCF& surface() { return *surface_; }
   BcfSetup& surface_setup() { return *surface_setup_; }
   SacnOutput& sacn_output() { return *sacn_output_; }
-  SacnSetup& sacn_config() { return *sacn_config_; }
+  SacnSetup& sacn_setup() { return *sacn_setup_; }
   OlaOutput& ola_output() { return *ola_output_; }
-  OlaSetup& ola_config() { return *ola_config_; }
+  OlaSetup& ola_setup() { return *ola_setup_; }
 
  private:
   void register_windows();
@@ -146,12 +146,12 @@ class Console {
   std::unique_ptr<SequenceDesk> sequence_desk_;
   std::unique_ptr<MovingDesk> moving_desk_;
   std::unique_ptr<OutputDevices> output_devices_;
-  std::unique_ptr<OutputDeviceSetup> port_setup_;
-  std::unique_ptr<ArtNetSetup> art_config_;
+  std::unique_ptr<OutputDeviceSetup> output_device_setup_;
+  std::unique_ptr<ArtNetSetup> art_net_setup_;
   std::unique_ptr<SacnOutput> sacn_output_;
-  std::unique_ptr<SacnSetup> sacn_config_;
+  std::unique_ptr<SacnSetup> sacn_setup_;
   std::unique_ptr<OlaOutput> ola_output_;
-  std::unique_ptr<OlaSetup> ola_config_;
+  std::unique_ptr<OlaSetup> ola_setup_;
   std::unique_ptr<OutputCycle> output_cycle_;
   std::unique_ptr<CLI> cli_;
   std::unique_ptr<BCF> surface_;

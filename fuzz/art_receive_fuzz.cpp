@@ -17,7 +17,7 @@ struct Node {
   Node() {
     desk.services.art_socket = &udp;
     desk.build();
-    desk.console->art_config().Form_Load();
+    desk.console->art_net_setup().Form_Load();
   }
 };
 

@@ -12,7 +12,7 @@ namespace lumaris {
 class DeskContext;
 class ScreenTable;
 
-// The cue editor `namedit` ("Edit Cues"): the list of screens, the selected
+// The cue editor ("Edit Cues"): the list of screens, the selected
 // screen's name, fade time, next screen, delay, flags and colour, and the list
 // of what it holds, whose channel and fader levels the level fader edits in place.
 class CueEditor : public Window {

@@ -29,7 +29,7 @@ class InstantCues : public Window {
 
   struct Desk {
     std::function<void(int)> autotake;         // Autotake(screen): nothing outside run mode
-    std::function<void(int)> open_cue_editor;  // namedit on a screen
+    std::function<void(int)> open_cue_editor;  // the cue editor on a screen
   };
 
   InstantCues(DeskContext& context, Desk desk);

@@ -129,38 +129,38 @@ const std::string& PlaybackDesk::Status() const { return context_.status().playb
 
 std::vector<MenuEntry> PlaybackDesk::menu_entries() const {
   return {
-      {kCueMenu, "Copy_Cue", "&Copy Cue"},
-      {kCueMenu, "Paste_Cue", "&Paste Cue"},
-      {kCueMenu, "Insert_Cue", "&Insert Cue"},
-      {kCueMenu, "Delete_Cue", "&Delete Cue"},
-      {kCueMenu, "Cue_Clear", "Clear Cue"},
+      {kCueMenu, "copy-cue", "&Copy Cue"},
+      {kCueMenu, "paste-cue", "&Paste Cue"},
+      {kCueMenu, "insert-cue", "&Insert Cue"},
+      {kCueMenu, "delete-cue", "&Delete Cue"},
+      {kCueMenu, "clear-cue", "Clear Cue"},
       {kCueMenu, "cue-editor", "&Edit Cues"},
-      {kSetupMenu, "Button_Change", "&Buttons"},
-      {kSetupMenu, "Fader_Change", "&Faders"},
-      {kViewMenu, "Page_Text_Enable", "&Page Text"},
+      {kSetupMenu, "button-setup", "&Buttons"},
+      {kSetupMenu, "fader-setup", "&Faders"},
+      {kViewMenu, "page-text", "&Page Text"},
   };
 }
 
 void PlaybackDesk::Menu_Click(const std::string& name) {
   const int n = screens_->Current_Screen();
   const Store& store = context_.store();
-  if (name == "Copy_Cue") {
+  if (name == "copy-cue") {
     table_->Copy_Screen(n);
-  } else if (name == "Paste_Cue") {
+  } else if (name == "paste-cue") {
     table_->Paste_Screen(n);
-  } else if (name == "Insert_Cue") {
+  } else if (name == "insert-cue") {
     table_->Insert_Screen(n);
-  } else if (name == "Delete_Cue") {
+  } else if (name == "delete-cue") {
     table_->Delete_Screen(n);
-  } else if (name == "Cue_Clear") {
+  } else if (name == "clear-cue") {
     table_->Clear_Screen(n);
   } else if (name == "cue-editor") {
     Open_Cue_Editor();
-  } else if (name == "Button_Change") {
+  } else if (name == "button-setup") {
     Open_Button_Setup(store.Playback_Page * kButtonsPerPage);
-  } else if (name == "Fader_Change") {
+  } else if (name == "fader-setup") {
     Open_Fader_Setup(store.Playback_Page * kFadersPerPlaybackPage);
-  } else if (name == "Page_Text_Enable") {
+  } else if (name == "page-text") {
     pages_->Page_Text_Enable_Click();
   }
   screens_->Show_Screen();

@@ -104,14 +104,14 @@ void SequenceDesk::Shift_Neg_Click() {
 std::vector<MenuEntry> SequenceDesk::menu_entries() const {
   const bool show_file = context_.show_files().available();
   std::vector<MenuEntry> entries{
-      {"&File", "Load_File", "&Load Sequence", show_file},
-      {"&File", "Save_all", "Save Sequence", show_file},
-      {"&Edit", "Copy_step", "Copy Step", true},
-      {"&Edit", "Paste_step", "Paste Step", true},
-      {"&Edit", "Insert_Step", "Insert Step", true},
-      {"&Edit", "Remove_Step_mnu", "Remove Step", true},
-      {"&Edit", "Clear_Step", "Clear Step", true},
-      {"&Moving", "show_moving_desk", "Show Moving", moving_ != nullptr},
+      {"&File", "load-sequence", "&Load Sequence", show_file},
+      {"&File", "save-sequence", "Save Sequence", show_file},
+      {"&Edit", "copy-step", "Copy Step", true},
+      {"&Edit", "paste-step", "Paste Step", true},
+      {"&Edit", "insert-step", "Insert Step", true},
+      {"&Edit", "remove-step", "Remove Step", true},
+      {"&Edit", "clear-step", "Clear Step", true},
+      {"&Moving", "show-moving-desk", "Show Moving", moving_ != nullptr},
   };
   if (moving_ != nullptr) {
     for (MenuEntry& entry : moving_->menu_entries()) entries.push_back(std::move(entry));
@@ -123,23 +123,23 @@ void SequenceDesk::Menu_Click(const std::string& name) {
   for (const MenuEntry& entry : menu_entries()) {
     if (entry.name == name && !entry.enabled) return;
   }
-  if (name == "Load_File") {
+  if (name == "load-sequence") {
     context_.show_files().Load();
     main_desk_.Refresh_Desk_Panel();
     Refresh_Desk();
-  } else if (name == "Save_all") {
+  } else if (name == "save-sequence") {
     context_.show_files().Save_Sequence();
-  } else if (name == "Copy_step") {
+  } else if (name == "copy-step") {
     Command_Copy_Click();
-  } else if (name == "Paste_step") {
+  } else if (name == "paste-step") {
     Command_Paste_Click();
-  } else if (name == "Insert_Step") {
+  } else if (name == "insert-step") {
     Insert_Click();
-  } else if (name == "Remove_Step_mnu") {
+  } else if (name == "remove-step") {
     Remove_Step_Click();
-  } else if (name == "Clear_Step") {
+  } else if (name == "clear-step") {
     clear_faders_clicked();
-  } else if (name == "show_moving_desk") {
+  } else if (name == "show-moving-desk") {
     Show_Moving_Click();
   } else if (moving_ != nullptr) {
     moving_->Menu_Click(name);

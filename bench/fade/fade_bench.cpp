@@ -140,7 +140,7 @@ std::vector<int> run_levels(Fade fade, bool smooth, int refresh_ms, int art_phas
 
   t.scheduler.advance(art_phase);
   console.main_desk().Menu_Click("art-net-setup");
-  console.art_config().enable_button_clicked(0);
+  console.art_net_setup().enable_button_clicked(0);
   t.scheduler.advance(fade_phase);
   udp.clear_sent();
   t.scheduler.advance(200);  // dark frames before the fade

@@ -137,7 +137,7 @@ bool ProjectFile::load_path(const std::string& path) {
   Store& store = c.store();
   store.Project_File = path;
   store.Project_Title = path;
-  if (last_load_.art_rows > 0) c.art_config().Start_From_Show();
+  if (last_load_.art_rows > 0) c.art_net_setup().Start_From_Show();
   if (last_load_.has_project && store.BCF_Mode > 0) start_surface_from_show();
   c.sequence_desk().Refresh_Desk();
 

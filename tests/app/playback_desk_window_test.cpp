@@ -32,17 +32,17 @@ void mouse(QWidget* widget, QEvent::Type type, Qt::MouseButton button) {
   QCoreApplication::sendEvent(widget, &event);
 }
 
-class PlaydeskWindowTest : public DeskAppTest {
+class PlaybackDeskWindowTest : public DeskAppTest {
  protected:
-  PlaybackDeskWindow& playdesk() { return window_named<PlaybackDeskWindow>(app, "playback-desk"); }
+  PlaybackDeskWindow& playback_window() { return window_named<PlaybackDeskWindow>(app, "playback-desk"); }
   PlaybackDesk& desk() { return app.console().playback_desk(); }
 };
 
-TEST_F(PlaydeskWindowTest, OpensFromTheMainDeskAndPlaysAndRecords) {
+TEST_F(PlaybackDeskWindowTest, OpensFromTheMainDeskAndPlaysAndRecords) {
   QPushButton* open = button_with_text(&app.main_window(), QStringLiteral("Playback Desk"));
   ASSERT_NE(open, nullptr);
   open->click();
-  PlaybackDeskWindow& window = playdesk();
+  PlaybackDeskWindow& window = playback_window();
   ASSERT_TRUE(window.isVisible());
   EXPECT_EQ(window.button(0)->text(), QStringLiteral("Submix 1"));
 
@@ -75,7 +75,7 @@ TEST_F(PlaydeskWindowTest, OpensFromTheMainDeskAndPlaysAndRecords) {
   EXPECT_EQ(desk().button_setup().element(), 18);
 }
 
-TEST_F(PlaydeskWindowTest, TheFunctionSetupShowsTheElementAndStoresOnOk) {
+TEST_F(PlaybackDeskWindowTest, TheFunctionSetupShowsTheElementAndStoresOnOk) {
   app.handle([&] { desk().Open_Button_Setup(0); });
   auto& window = window_named<FunctionSetupWindow>(app, "button-setup");
   ASSERT_TRUE(window.isVisible());
@@ -87,13 +87,13 @@ TEST_F(PlaydeskWindowTest, TheFunctionSetupShowsTheElementAndStoresOnOk) {
   EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(PlaydeskWindowTest, EditCuesListsTheScreensAndItsSliderWritesTheLevelBack) {
+TEST_F(PlaybackDeskWindowTest, EditCuesListsTheScreensAndItsSliderWritesTheLevelBack) {
   store().Screens[1].Name = "Opening";
   store().Screens[2].Name = "Close";
   store().Screens[2].Preset[4] = 100;
   store().Screen_Count = 3;
   app.handle([&] { desk().Show(); });
-  playdesk().menu_action("cue-editor")->trigger();
+  playback_window().menu_action("cue-editor")->trigger();
   auto& window = window_named<CueEditorWindow>(app, "cue-editor");
   ASSERT_TRUE(window.isVisible());
   ASSERT_EQ(window.screen_list()->count(), 3);
@@ -119,7 +119,7 @@ TEST_F(PlaydeskWindowTest, EditCuesListsTheScreensAndItsSliderWritesTheLevelBack
 
 // The screenshot run prepares every window in turn on one console; none of them
 // may leave a change behind that a later screenshot shows.
-TEST_F(PlaydeskWindowTest, PreparingEveryWindowForScreenshotsLeavesTheFreshPlaybackDeskAlone) {
+TEST_F(PlaybackDeskWindowTest, PreparingEveryWindowForScreenshotsLeavesTheFreshPlaybackDeskAlone) {
   for (const auto& window : app.windows()) {
     app.handle([&] { window->prepare_screenshot(); });
     for (const auto& variant : window->screenshot_variants()) app.handle(variant.second);

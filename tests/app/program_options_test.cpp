@@ -65,7 +65,7 @@ TEST(ProgramOptions, SmoothAndRefreshHoldForTheRunAndLeaveTheSettingsAlone) {
   EXPECT_FALSE(timing.smooth_setting());
   EXPECT_EQ(t.console->output_cycle().output_timer().interval(), 23);
 
-  OutputDeviceSetup& setup = t.console->port_setup();
+  OutputDeviceSetup& setup = t.console->output_device_setup();
   setup.Form_Load();
   EXPECT_TRUE(setup.Smooth_Check_Value()) << "the box shows this run's pacing";
   setup.save_clicked();  // "Save and Exit" with the box left alone

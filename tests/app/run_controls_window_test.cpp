@@ -47,12 +47,12 @@ class RunControlsWindow : public DeskAppTest {
     store().Screen_Count = 5;
     app.handle([&] { app.console().playback_desk().Show(); });
   }
-  PlaybackDeskWindow& playdesk() { return window_named<PlaybackDeskWindow>(app, "playback-desk"); }
+  PlaybackDeskWindow& playback_window() { return window_named<PlaybackDeskWindow>(app, "playback-desk"); }
   InstantCuesWindow& instant() { return window_named<InstantCuesWindow>(app, "instant-cues"); }
 };
 
 TEST_F(RunControlsWindow, RunSwitchScreenCrossfaderAndAutoTakeReachTheModelAndItsStateIsShown) {
-  PlaybackDeskWindow& w = playdesk();
+  PlaybackDeskWindow& w = playback_window();
   w.Run_Switch()->click();
   ASSERT_TRUE(store().Run_Mode);
   EXPECT_EQ(w.Run_Switch()->text(), QStringLiteral("STOP"));
@@ -81,7 +81,7 @@ TEST_F(RunControlsWindow, RunSwitchScreenCrossfaderAndAutoTakeReachTheModelAndIt
 }
 
 TEST_F(RunControlsWindow, LeavingAsksInABoxAndClearsTheSides) {
-  PlaybackDeskWindow& w = playdesk();
+  PlaybackDeskWindow& w = playback_window();
   w.Run_Switch()->click();
   QString asked;
   QTimer::singleShot(0, [&] {
@@ -98,8 +98,8 @@ TEST_F(RunControlsWindow, LeavingAsksInABoxAndClearsTheSides) {
   EXPECT_TRUE(w.Run_A()->text().isEmpty());
 }
 
-TEST_F(RunControlsWindow, InstantPanelOpensFromThePlaydeskFollowsRunModeAndTakesOrEdits) {
-  playdesk().Instant_screens()->click();
+TEST_F(RunControlsWindow, InstantPanelOpensFromThePlaybackDeskFollowsRunModeAndTakesOrEdits) {
+  playback_window().Instant_screens()->click();
   InstantCuesWindow& w = instant();
   ASSERT_TRUE(w.isVisible());
   EXPECT_EQ(w.Screen_sel(0)->text(), QStringLiteral("Cold"));
@@ -112,7 +112,7 @@ TEST_F(RunControlsWindow, InstantPanelOpensFromThePlaydeskFollowsRunModeAndTakes
   store().Screens[3].Instant = true;
   store().Screens[3].Name = "Warm";
   EXPECT_EQ(w.Screen_sel(1)->text(), QStringLiteral("Dark")) << "not rebuilt yet";
-  playdesk().Run_Switch()->click();  // entering run mode rebuilds the panel while it is shown
+  playback_window().Run_Switch()->click();  // entering run mode rebuilds the panel while it is shown
   EXPECT_EQ(w.Screen_sel(1)->text(), QStringLiteral("Warm"));
   EXPECT_EQ(w.Screen_sel(2)->toolTip(), QStringLiteral("3, Screen 4 Dark"));
   w.Screen_sel(2)->click();

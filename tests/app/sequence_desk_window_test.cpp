@@ -82,13 +82,13 @@ TEST_F(ChasesWindowTest, ShowMovingWidensTheDeskAndThePadAimsTheMovingLight) {
   });
   const int narrow = window.width();
   EXPECT_FALSE(window.moving_panel()->isVisible());
-  EXPECT_FALSE(window.menu_action("Load_Fixture")->isEnabled());
+  EXPECT_FALSE(window.menu_action("load-fixture")->isEnabled());
 
   window.Show_Moving()->click();
   EXPECT_TRUE(window.moving_panel()->isVisible());
   EXPECT_GT(window.width(), narrow);
   EXPECT_EQ(window.Show_Moving()->text(), QStringLiteral("Hide Moving"));
-  EXPECT_TRUE(window.menu_action("Load_Fixture")->isEnabled());
+  EXPECT_TRUE(window.menu_action("load-fixture")->isEnabled());
 
   XyPad* pad = window.moving_panel()->pad();
   press(pad, QPointF(XyPad::kMargin, XyPad::kMargin));  // the frame's top-left corner

@@ -25,7 +25,7 @@ struct ShowGoesOnTest : ::testing::Test {
     test.services.adapter_libraries = &libraries;
     test.build();
     test.console->main_desk().Menu_Click("art-net-setup");
-    test.console->art_config().enable_button_clicked(0);
+    test.console->art_net_setup().enable_button_clicked(0);
     test.store().Patch[0] = 1;
     udp.clear_sent();
   }

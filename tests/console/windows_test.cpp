@@ -25,7 +25,7 @@ struct WindowsTest : ::testing::Test {
     test.build();
   }
   void menu(const std::string& name) { test.console->main_desk().Menu_Click(name); }
-  OutputDeviceSetup& setup() { return test.console->port_setup(); }
+  OutputDeviceSetup& setup() { return test.console->output_device_setup(); }
 };
 
 TEST_F(WindowsTest, ReopeningTheOutputSetupNeverTouchesTheAdapterAgain) {

@@ -35,7 +35,7 @@ struct ArtNetDesk {
   Console& console() { return *desk.console; }
   Store& store() { return desk.store(); }
   ArtNetNode& node() { return console().art_net(); }
-  ArtNetSetup& config() { return console().art_config(); }
+  ArtNetSetup& config() { return console().art_net_setup(); }
   MainDesk& main_desk() { return console().main_desk(); }
 
   // Loads a show whose Project section has one Network row per universe given.

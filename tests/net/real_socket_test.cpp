@@ -127,10 +127,10 @@ TEST(RealSocket, DeskSendsArtDmxAnswersPollsAndReportsARefusedDestination) {
     desk.services.diagnostics = &log;
     Console& console = desk.build();
     console.main_desk().Menu_Click("art-net-setup");
-    if (console.art_config().state_box() != " Art-Net Initialized") return console.art_config().state_box();
+    if (console.art_net_setup().state_box() != " Art-Net Initialized") return console.art_net_setup().state_box();
     if (console.art_net().Art_Broadcast() != "127.0.0.1") return "destination not used";
 
-    console.art_config().enable_button_clicked(0);
+    console.art_net_setup().enable_button_clicked(0);
     desk.scheduler.advance(100);  // one ArtDmx on universe 0, to 127.0.0.1:6454: ourselves
     if (console.art_net().send_error()) return "ArtDmx not sent: " + *console.art_net().send_error();
     if (!read_when_ready(socket)) return "the ArtDmx did not arrive";
@@ -144,7 +144,7 @@ TEST(RealSocket, DeskSendsArtDmxAnswersPollsAndReportsARefusedDestination) {
     controller.set_remote_port(6454);
     const std::vector<std::uint8_t> poll{'A', 'r', 't', '-', 'N', 'e', 't', 0, 0x00, 0x20, 0, 14, 0, 0};
     controller.send(poll);
-    console.art_config().enable_button_clicked(0);  // stop sending frames: only the reply follows
+    console.art_net_setup().enable_button_clicked(0);  // stop sending frames: only the reply follows
     if (!read_when_ready(socket)) return "the poll did not arrive";
     desk.scheduler.run_posted();
     if (!read_when_ready(socket)) return "no reply arrived";
@@ -156,15 +156,15 @@ TEST(RealSocket, DeskSendsArtDmxAnswersPollsAndReportsARefusedDestination) {
 
     // A subnet's broadcast address as the destination: the kernel refuses every
     // send; the operator is told why, and sending resumes with a usable address.
-    console.art_config().enable_button_clicked(0);
-    console.art_config().Destination_Change("127.255.255.255");
-    console.art_config().Destination_Set_Click();
+    console.art_net_setup().enable_button_clicked(0);
+    console.art_net_setup().Destination_Change("127.255.255.255");
+    console.art_net_setup().Destination_Set_Click();
     desk.scheduler.advance(300);
     const std::string refused =
         " Art-Net Sending Failed: the destination is a broadcast address (Permission denied)";
     if (console.status().main() != refused) return "refusal not shown: " + console.status().main();
-    console.art_config().Destination_Change("127.0.0.1");
-    console.art_config().Destination_Set_Click();
+    console.art_net_setup().Destination_Change("127.0.0.1");
+    console.art_net_setup().Destination_Set_Click();
     desk.scheduler.advance(100);
     if (console.status().main() != " Art-Net Sending Again") return "recovery not shown";
     console.shutdown();

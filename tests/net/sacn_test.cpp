@@ -100,7 +100,7 @@ struct SacnDesk : ::testing::Test {
     return desk.build();
   }
   SacnOutput& output() { return desk.console->sacn_output(); }
-  SacnSetup& window() { return desk.console->sacn_config(); }
+  SacnSetup& window() { return desk.console->sacn_setup(); }
   void tick() { desk.console->output_cycle().output_tick(); }
   static int universe_of(const FakeUdp::Sent& sent) {
     return sent.bytes[sacn::framing::kUniverse] * 256 + sent.bytes[sacn::framing::kUniverse + 1];

@@ -26,7 +26,7 @@ struct OlaDesk : ::testing::Test {
     desk.build();
   }
   OlaOutput& output() { return desk.console->ola_output(); }
-  OlaSetup& window() { return desk.console->ola_config(); }
+  OlaSetup& window() { return desk.console->ola_setup(); }
   void tick() { desk.console->output_cycle().output_tick(); }
 };
 
@@ -96,7 +96,7 @@ TEST_F(OlaDesk, RunUniverseSendsAndIsNeverSaved) {
 TEST(OlaAbsent, EnablingExplainsThatOlaIsNotBuiltIn) {
   TestConsole desk;
   desk.build();
-  desk.console->ola_config().Enable_Click();
+  desk.console->ola_setup().Enable_Click();
   EXPECT_FALSE(desk.console->ola_output().enabled());
   ASSERT_EQ(desk.dialogs.messages().size(), 1u);
   EXPECT_NE(desk.dialogs.messages()[0].text.find("not built"), std::string::npos);

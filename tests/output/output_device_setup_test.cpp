@@ -20,7 +20,7 @@ namespace {
 
 using C = OutputDeviceSetup::Control;
 
-struct PortsetupTest : ::testing::Test {
+struct OutputDeviceSetupTest : ::testing::Test {
   FakeD2xx device;
   FakePortIo port;
   TestConsole test;
@@ -31,7 +31,7 @@ struct PortsetupTest : ::testing::Test {
     test.services.d2xx = &device;
     test.services.port_io = &port;
     console = &test.build();
-    setup = &console->port_setup();
+    setup = &console->output_device_setup();
   }
   void open() {
     setup->Form_Load();
@@ -43,7 +43,7 @@ struct PortsetupTest : ::testing::Test {
 };
 
 // Each choice shows its own controls and says what it did; the others are hidden.
-TEST_F(PortsetupTest, EachAdapterShowsItsControlsAndItsStatus) {
+TEST_F(OutputDeviceSetupTest, EachAdapterShowsItsControlsAndItsStatus) {
   const std::vector<C> all = {C::Lpt1AddressLabel, C::Lpt2AddressLabel, C::PortLabel, C::Lpt1Option, C::Lpt2Option,
                               C::RateLabel,   C::RateBox,    C::RateScroll, C::UsbStateBox};
   const std::vector<C> port_and_rate = {C::Lpt1AddressLabel, C::Lpt2AddressLabel, C::PortLabel, C::Lpt1Option,
@@ -78,7 +78,7 @@ TEST_F(PortsetupTest, EachAdapterShowsItsControlsAndItsStatus) {
   }
 }
 
-TEST_F(PortsetupTest, OkiSendsTheWakeUpPulseOnEachSelectionAndForces70ms) {
+TEST_F(OutputDeviceSetupTest, OkiSendsTheWakeUpPulseOnEachSelectionAndForces70ms) {
   open();
   setup->lpt2_option_clicked();
   port.events.clear();
@@ -98,7 +98,7 @@ TEST_F(PortsetupTest, OkiSendsTheWakeUpPulseOnEachSelectionAndForces70ms) {
   EXPECT_EQ(port.events.size(), 8u) << "opening on the OKI adapter selects it twice";
 }
 
-TEST_F(PortsetupTest, OpenDmxConnectsAtOnceSearchesWithoutTheDeviceAndSendsNothingWithoutTheDriver) {
+TEST_F(OutputDeviceSetupTest, OpenDmxConnectsAtOnceSearchesWithoutTheDeviceAndSendsNothingWithoutTheDriver) {
   open();
   setup->adapter_list_clicked(3);
   EXPECT_EQ(test.store().Adapter, 3);  // without Save and Exit
@@ -124,7 +124,7 @@ TEST_F(PortsetupTest, OpenDmxConnectsAtOnceSearchesWithoutTheDeviceAndSendsNothi
   EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  driver not found");
 }
 
-TEST_F(PortsetupTest, CancelKeepsOnlyThePortAndSaveAndExitSetsAdapterAndRateAndMarksTheProjectChanged) {
+TEST_F(OutputDeviceSetupTest, CancelKeepsOnlyThePortAndSaveAndExitSetsAdapterAndRateAndMarksTheProjectChanged) {
   open();
   setup->adapter_list_clicked(1);
   setup->lpt2_option_clicked();
@@ -156,7 +156,7 @@ TEST(PortsetupSmooth, SmoothOutputIsKeptOnSaveAndOpensTheRateForArtNetOnly) {
   TestConsole with_settings;
   with_settings.services.settings = &settings;
   Console& c = with_settings.build();
-  OutputDeviceSetup& window = c.port_setup();
+  OutputDeviceSetup& window = c.output_device_setup();
   window.Form_Load();
   window.adapter_list_clicked(0);  // no adapter: the rate is hidden
   EXPECT_FALSE(window.control(C::RateScroll).visible);

@@ -34,7 +34,7 @@ struct RealSeamsTest : ::testing::Test {
     console = &test.build();
   }
   void choose_and_save(int adapter) {
-    OutputDeviceSetup& setup = console->port_setup();
+    OutputDeviceSetup& setup = console->output_device_setup();
     setup.Form_Load();
     setup.Show();
     setup.adapter_list_clicked(adapter);

@@ -130,7 +130,7 @@ TEST_F(SendFrameTest, OksidizerIsHandedThe512BytesFromElementOneAndAFailureSetsN
             std::tuple(" USB DMX Adapter Not Connected or Not Responding",
                        " USB DMX Adapter Not Connected or Not Responding", 0));
 
-  OutputDeviceSetup& setup = console->port_setup();  // an open window follows to None
+  OutputDeviceSetup& setup = console->output_device_setup();  // an open window follows to None
   setup.Form_Load();
   setup.adapter_list_clicked(5);
   setup.Show();
@@ -169,7 +169,7 @@ TEST_F(SendFrameTest, OpenDmxFromALoadedShowWithoutTheDeviceSearchesAndNeverSays
 // the frame is back on the wire in the very tick the device answers, and nothing
 // else is said than the link status.
 TEST_F(SendFrameTest, AThousandUnplugsSearchEveryTickAndSendInTheTickTheDeviceAnswers) {
-  OutputDeviceSetup& setup = console->port_setup();
+  OutputDeviceSetup& setup = console->output_device_setup();
   setup.Form_Load();
   setup.Show();
   setup.adapter_list_clicked(3);

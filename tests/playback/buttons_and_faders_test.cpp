@@ -197,7 +197,7 @@ TEST(PlaybackPanel, PagesStepThroughFiveNameThemselvesAndSetUpTheirOwnElements) 
   EXPECT_EQ(pages.Page_text(), "");
   pages.Inc_Page_Click();
   EXPECT_EQ(pages.Page_Details(), "Finale");
-  p.desk->Menu_Click("Page_Text_Enable");
+  p.desk->Menu_Click("page-text");
   EXPECT_TRUE(pages.Page_Text_Shown());
 }
 

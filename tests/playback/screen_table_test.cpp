@@ -64,10 +64,10 @@ TEST(Screens, CopyPasteAndClearThroughTheMenu) {
   PlaybackTestDesk p;
   p.record(2, "Source", 3, 33);
   p.screens().Screen_Num_sel_Change(2);
-  p.desk->Menu_Click("Copy_Cue");
+  p.desk->Menu_Click("copy-cue");
   EXPECT_EQ(p.status(), " Cue 2 Copied");
   p.screens().Screen_Num_sel_Change(9);
-  p.desk->Menu_Click("Paste_Cue");
+  p.desk->Menu_Click("paste-cue");
   EXPECT_EQ(p.status(), " Cue 9 Pasted");
   Screen& nine = p.store().Screens[9];
   EXPECT_EQ(nine.Name, "Source");
@@ -81,7 +81,7 @@ TEST(Screens, CopyPasteAndClearThroughTheMenu) {
   nine.Next = 2;
   nine.Time = 3;
   nine.Preset_l = 10;
-  p.desk->Menu_Click("Cue_Clear");
+  p.desk->Menu_Click("clear-cue");
   EXPECT_EQ(p.status(), " Cue 9 Cleared");
   EXPECT_EQ(nine.Preset[2], 0);
   EXPECT_EQ(nine.Name, "");
@@ -105,7 +105,7 @@ TEST(Screens, DeleteMovesTheRestDownAndInsertMovesThemUpKeepingNextNumbers) {
   FiveScreens p;
   ASSERT_EQ(p.store().Screen_Count, 5);
   p.screens().Screen_Num_sel_Change(3);
-  p.desk->Menu_Click("Delete_Cue");
+  p.desk->Menu_Click("delete-cue");
   EXPECT_EQ(p.status(), " Cue 3 Deleted");
   EXPECT_EQ(p.name(3), "S4");
   EXPECT_EQ(p.name(4), "S5");
@@ -117,7 +117,7 @@ TEST(Screens, DeleteMovesTheRestDownAndInsertMovesThemUpKeepingNextNumbers) {
 
   p.store().Screens[2].Next = 4;
   p.screens().Screen_Num_sel_Change(2);
-  p.desk->Menu_Click("Insert_Cue");
+  p.desk->Menu_Click("insert-cue");
   EXPECT_EQ(p.status(), " Cue 2 Inserted");
   EXPECT_EQ(p.name(2), "");
   EXPECT_EQ(p.store().Screens[2].Next, 3);
@@ -132,8 +132,8 @@ TEST(Screens, InsertAndDeleteAreRefusedOutsideTheUsedTableAndInsertIntoAFullOne)
   FiveScreens p;
   p.t.console->status().show_playback("before");
   p.screens().Screen_Num_sel_Change(5);  // = Screen_Count
-  p.desk->Menu_Click("Insert_Cue");
-  p.desk->Menu_Click("Delete_Cue");
+  p.desk->Menu_Click("insert-cue");
+  p.desk->Menu_Click("delete-cue");
   EXPECT_EQ(p.store().Screen_Count, 5);
   EXPECT_EQ(p.name(4), "S4");
   EXPECT_EQ(p.status(), "before");
@@ -142,14 +142,14 @@ TEST(Screens, InsertAndDeleteAreRefusedOutsideTheUsedTableAndInsertIntoAFullOne)
   p.store().Screen_Count = 199;
   p.store().Screens[199].Name = "last";
   p.screens().Screen_Num_sel_Change(3);
-  p.desk->Menu_Click("Insert_Cue");
+  p.desk->Menu_Click("insert-cue");
   EXPECT_EQ(p.status(), " Cue 3 Not Inserted, Cue Table Full");
   EXPECT_EQ(p.store().Screen_Count, 199);
   EXPECT_EQ(p.name(3), "S3");
   EXPECT_EQ(p.name(199), "last");
   p.store().Screen_Count = 198;  // one below full still inserts, moving screen 198 to 199
   p.store().Screens[198].Name = "moved";
-  p.desk->Menu_Click("Insert_Cue");
+  p.desk->Menu_Click("insert-cue");
   EXPECT_EQ(p.name(199), "moved");
   EXPECT_EQ(p.store().Screen_Count, 199);
 

@@ -77,7 +77,7 @@ TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefusedAndPlusAndMinusKeepTheNumberIn
 TEST(FaderSetup, ASequenceFaderKeepsItsLevelOrStepTimeChoice) {
   PlaybackTestDesk p;
   FaderSetup& w = p.desk->fader_setup();
-  p.desk->Menu_Click("Fader_Change");
+  p.desk->Menu_Click("fader-setup");
   EXPECT_TRUE(w.visible());
   EXPECT_EQ(w.element(), 0);
   EXPECT_EQ(w.Fun_set_entries().size(), 5u) << "no Cue for faders";

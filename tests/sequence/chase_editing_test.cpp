@@ -40,7 +40,7 @@ TEST(ChaseEditing, CopyPasteShiftAndClearWorkOnTheShownStep) {
 
   // Clear zeroes the level channels of the shown step only.
   for (int i = 0; i < kChaseChannels; ++i) c.Data[3][i] = 90;
-  s.desk->Menu_Click("Clear_Step");
+  s.desk->Menu_Click("clear-step");
   for (int i = 0; i < kLevelChannels; ++i) EXPECT_EQ(c.Data[2][i], 0) << i;
   EXPECT_EQ(c.Data[2][18], 28) << "the moving desk's channels, its panel hidden";
   EXPECT_EQ(c.Data[3][0], 90);
