@@ -135,6 +135,8 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   EXPECT_EQ(run().side_a_colour(), kYellow);
   EXPECT_EQ(run().Run_A(), "Look 1") << "the outgoing screen on the side the crossfader leaves";
   EXPECT_EQ(run().Run_B(), "Ten");
+  run().Run_screen_sel_Change(4);
+  EXPECT_EQ(run().Run_A(), "Look 1") << "choosing the next screen repaints no side during a take";
   ASSERT_EQ(run().take_timer().interval(), 39);  // u = 39.2 ms
   clock().advance(39 * 102);                 // 40 %
   ASSERT_EQ(store().Crossfade_Level, 102);
@@ -265,6 +267,12 @@ TEST_F(RunModeTest, AHandTakeFollowsTheCrossfaderBothWaysAndCompletesOnlyPast240
   EXPECT_TRUE(store().Take_Manual) << "up past 35 takes";
   EXPECT_EQ(store().Run_Screen, 3);
   EXPECT_EQ(run().Next_Screen(), 4) << "a take started upward chooses the next screen at once";
+
+  run().Run_Crossfade_Change(250);
+  run().Run_screen_sel_Change(6);
+  run().Run_Crossfade_Change(200);
+  ASSERT_TRUE(store().Take_Manual);
+  EXPECT_EQ(store().Run_Screen, 3) << "a next screen past the show retakes the live one";
 }
 
 // The incoming screen's buttons reach the run output at once and the live desk
@@ -282,6 +290,11 @@ TEST_F(RunModeTest, ATakeBringsInTheIncomingScreensButtonsAndHandsItsChasesOver)
   PlaybackTestDesk::on_channels(d.set_button(5, kFunctionPreset, 0, 90), 9);
   store().Screens[1].But_Sel[0] = true;
   store().Screens[2].But_Sel[1] = store().Screens[2].But_Sel[5] = true;
+  store().Screens[2].Preset_l = 180;
+  d.set_fader(0, kFunctionSequence, 2);
+  d.set_fader(1, kFunctionSequence, 3);
+  store().Screens[2].Fad_Sel[0] = 10;  // Sequence faders start their chase above 10
+  store().Screens[2].Fad_Sel[1] = 11;
   enter();
   EXPECT_EQ(d.chases().Seq_Level(0), 200) << "screen 1's chase plays on entering";
   EXPECT_TRUE(d.chases().running(0));
@@ -290,6 +303,8 @@ TEST_F(RunModeTest, ATakeBringsInTheIncomingScreensButtonsAndHandsItsChasesOver)
   run().Autotake(2);
   EXPECT_EQ(d.chases().Seq_Level_In(1), 200);
   EXPECT_EQ(d.chases().Seq_Level(1), 0);
+  EXPECT_EQ(d.chases().Seq_Level_In(2), 0);
+  EXPECT_EQ(d.chases().Seq_Level_In(3), 11);
   EXPECT_EQ(store().Playback_Run_Out[8], 90);
   EXPECT_EQ(store().Playback_Live_Out[8], 0) << "not on the live desk before the take completes";
   clock().advance(2100);
@@ -306,6 +321,7 @@ TEST_F(RunModeTest, ATakeBringsInTheIncomingScreensButtonsAndHandsItsChasesOver)
   EXPECT_FALSE(d.chases().running(0));
   EXPECT_TRUE(store().Playback_Button_State[5]);
   EXPECT_EQ(store().Playback_Live_Out[8], 90);
+  EXPECT_EQ(d.desk->preset_value(), 75) << "the Preset master follows the incoming screen";
   clock().advance(200);
   EXPECT_EQ(d.seq(12), 200);
   EXPECT_EQ(d.seq(11), 0);
