@@ -85,7 +85,6 @@ class RunMode {
   int Prev_Screen() const { return prev_screen_; }
   bool Next_On_A() const { return next_on_a_; }
   int Last_Crossfade() const { return last_crossfade_; }
-  int Fade_Ticks() const { return fade_ticks_; }
   int Fade_Step() const { return fade_step_; }
   int Delay_Count() const { return delay_count_; }
   Timer& take_timer() { return *take_timer_; }
@@ -106,7 +105,7 @@ class RunMode {
   void new_take(int target);
   void resume();
   void pause();
-  void start_timer(bool resuming);
+  void start_timer();
   void move_take_to(double now_ms);
   void show_side(Side& side, int screen);
   void show_sides(int outgoing, int incoming);
@@ -130,7 +129,6 @@ class RunMode {
   int prev_screen_ = 1;
   bool next_on_a_ = false;
   int last_crossfade_ = 255;
-  int fade_ticks_ = 0;
   int fade_step_ = 0;
   int delay_count_ = 0;
   // When and from which level the automatic take started or resumed.

@@ -70,7 +70,7 @@ void RunMode::resume() {
   autotake_caption_ = kPauseCaption;
   autotake_colour_ = kYellow;
   status(kAutotakeRunning);
-  start_timer(true);
+  start_timer();
   Compute_Run_Output();
 }
 
@@ -91,31 +91,26 @@ void RunMode::new_take(int target) {
   show_sides(prev_screen_, store.Run_Screen);
   show_crossfade();
   last_crossfade_ = crossfader_;
-  start_timer(false);
+  start_timer();
   Compute_Run_Output();
 }
 
 // u = T / 255 s per crossfade unit against the output interval I. Fade time 0
 // is a snap; a resumed take keeps the take's own step and interval.
-void RunMode::start_timer(bool resuming) {
+void RunMode::start_timer() {
   const Store& store = context_.store();
   const int t = store.Screens[store.Run_Screen].Time;
   const int i = std::max(1, desk_.output_interval ? desk_.output_interval() : kDefaultOutputInterval);
   const double u = t / 255.0 * 1000.0;
   int interval = i;
-  if (t <= 0) {
-    fade_ticks_ = 1;
-  } else if (u > i) {
+  int ticks = 1;
+  if (u > i) {
     interval = round_half_even(u);
-    fade_ticks_ = 255;
-  } else {
-    fade_ticks_ = std::max(1, round_half_even(t * 1000.0 / (i + 1)));
+    ticks = 255;
+  } else if (t > 0) {
+    ticks = std::max(1, round_half_even(t * 1000.0 / (i + 1)));
   }
-  fade_step_ = std::max(1, round_half_even(255.0 / fade_ticks_));
-  if (resuming) {
-    const int remaining = std::max(0, kAutoComplete - store.Crossfade_Level);
-    fade_ticks_ = (remaining + fade_step_ - 1) / fade_step_;
-  }
+  fade_step_ = std::max(1, round_half_even(255.0 / ticks));
   take_timer_->set_interval(interval);
   take_timer_->set_enabled(true);
   take_start_ms_ = context_.scheduler().now_ms();
