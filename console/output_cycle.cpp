@@ -71,7 +71,16 @@ int OutputCycle::mix_run_mode(int i) const {
   const int x = store.Crossfade_Level;
   int m = 0;
   if (store.Autotake_Running || store.Take_Manual) {
-    if (!store.Fader_Names[i].Cross_F) {
+    if (!store.Fader_Names[i].Cross_F && context_.output_timing().smooth()) {
+      // Both looks in one sum, rounded once: two separately rounded terms step
+      // a rising channel back by one and wobble one that both looks hold alike.
+      const double looks = static_cast<double>(store.Desk_Level[i]) * (255 - x) * p +
+                           static_cast<double>(screen.Preset[i]) * x * screen.Preset_l;
+      m = round_half_even(looks / (255.0 * 255.0));
+      const int buttons = store.Playback_Live_Out[i] * (255 - x) + store.Playback_Run_Out[i] * x;
+      const int f = round_half_even(buttons / 255.0);
+      if (f > m) m = f;
+    } else if (!store.Fader_Names[i].Cross_F) {
       m = Level_Scale(store.Desk_Level[i], 255 - x, p, 0, 3) +
           Level_Scale(screen.Preset[i], x, screen.Preset_l, 0, 3);
       const int f = Level_Scale(store.Playback_Live_Out[i], 255 - x, 0, 0, 2) +

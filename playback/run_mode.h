@@ -20,7 +20,8 @@ class PlaybackChases;
 //
 // Choices where the desk's rules leave room:
 // - A screen with fade time 0 is a snap: the take completes on its first tick.
-// - A resumed take goes on at the take's own step and interval, so it finishes
+// - A resumed take goes on at the take's own step and interval (with smooth
+//   output, at 255 levels per fade time from where it resumed), so it finishes
 //   the remaining part at the screen's pace.
 // - When a take completes, each chase's incoming level becomes its level
 //   (Seq_Level <- Seq_Level_In) and chases the incoming screen does not hold
@@ -57,10 +58,10 @@ class RunMode {
   void Compute_Run_Output();
   void take_tick();
   void Delay_Timer_Tick();
-  // Smooth output: during an automatic take, Crossfade_Level at `now_ms` runs
-  // straight from the last take tick's level to the next's, so the mix moves at
-  // every frame. The take itself still advances on its own ticks; a pause keeps
-  // the level the frame showed.
+  // Smooth output: an automatic take's Crossfade_Level follows the time since
+  // it started or resumed, at every output frame and every take tick alike, so
+  // each frame carries the level of its moment and the take lasts its fade time.
+  // A pause keeps the level the last frame showed.
   void sample_output(double now_ms);
 
   // What the operator sees.
@@ -84,7 +85,6 @@ class RunMode {
   int Prev_Screen() const { return prev_screen_; }
   bool Next_On_A() const { return next_on_a_; }
   int Last_Crossfade() const { return last_crossfade_; }
-  int Fade_Ticks() const { return fade_ticks_; }
   int Fade_Step() const { return fade_step_; }
   int Delay_Count() const { return delay_count_; }
   Timer& take_timer() { return *take_timer_; }
@@ -105,7 +105,8 @@ class RunMode {
   void new_take(int target);
   void resume();
   void pause();
-  void start_timer(bool resuming);
+  void start_timer();
+  void move_take_to(double now_ms);
   void show_side(Side& side, int screen);
   void show_sides(int outgoing, int incoming);
   void paint_sides(Paint a, Paint b);
@@ -128,13 +129,11 @@ class RunMode {
   int prev_screen_ = 1;
   bool next_on_a_ = false;
   int last_crossfade_ = 255;
-  int fade_ticks_ = 0;
   int fade_step_ = 0;
   int delay_count_ = 0;
-  // When the automatic take last ticked (or started) and the level it left:
-  // smooth output samples Crossfade_Level between two ticks.
-  double take_tick_ms_ = 0;
-  int take_tick_level_ = 0;
+  // When and from which level the automatic take started or resumed.
+  double take_start_ms_ = 0;
+  int take_start_level_ = 0;
   std::string fade_time_text_;
   Side side_a_;
   Side side_b_;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "base/rounding.h"
@@ -69,7 +70,7 @@ void RunMode::resume() {
   autotake_caption_ = kPauseCaption;
   autotake_colour_ = kYellow;
   status(kAutotakeRunning);
-  start_timer(true);
+  start_timer();
   Compute_Run_Output();
 }
 
@@ -90,57 +91,66 @@ void RunMode::new_take(int target) {
   show_sides(prev_screen_, store.Run_Screen);
   show_crossfade();
   last_crossfade_ = crossfader_;
-  start_timer(false);
+  start_timer();
   Compute_Run_Output();
 }
 
 // u = T / 255 s per crossfade unit against the output interval I. Fade time 0
 // is a snap; a resumed take keeps the take's own step and interval.
-void RunMode::start_timer(bool resuming) {
+void RunMode::start_timer() {
   const Store& store = context_.store();
   const int t = store.Screens[store.Run_Screen].Time;
   const int i = std::max(1, desk_.output_interval ? desk_.output_interval() : kDefaultOutputInterval);
   const double u = t / 255.0 * 1000.0;
   int interval = i;
-  if (t <= 0) {
-    fade_ticks_ = 1;
-  } else if (u > i) {
+  int ticks = 1;
+  if (u > i) {
     interval = round_half_even(u);
-    fade_ticks_ = 255;
-  } else {
-    fade_ticks_ = std::max(1, round_half_even(t * 1000.0 / (i + 1)));
+    ticks = 255;
+  } else if (t > 0) {
+    ticks = std::max(1, round_half_even(t * 1000.0 / (i + 1)));
   }
-  fade_step_ = std::max(1, round_half_even(255.0 / fade_ticks_));
-  if (resuming) {
-    const int remaining = std::max(0, kAutoComplete - store.Crossfade_Level);
-    fade_ticks_ = (remaining + fade_step_ - 1) / fade_step_;
-  }
+  fade_step_ = std::max(1, round_half_even(255.0 / ticks));
   take_timer_->set_interval(interval);
   take_timer_->set_enabled(true);
-  take_tick_ms_ = context_.scheduler().now_ms();
-  take_tick_level_ = store.Crossfade_Level;
+  take_start_ms_ = context_.scheduler().now_ms();
+  take_start_level_ = store.Crossfade_Level;
 }
 
 void RunMode::take_tick() {
   Store& store = context_.store();
-  // The take steps on from its own last level, not from one a frame sampled in between.
-  if (store.Autotake_Running) {
-    store.Crossfade_Level = static_cast<std::int16_t>(std::min(255, take_tick_level_ + fade_step_));
+  if (context_.output_timing().smooth()) {
+    move_take_to(context_.scheduler().now_ms());
+  } else {
+    if (store.Autotake_Running) {
+      store.Crossfade_Level = static_cast<std::int16_t>(std::min(255, store.Crossfade_Level + fade_step_));
+    }
+    show_crossfade();
+    if (store.Crossfade_Level >= kAutoComplete) Complete_Take();
   }
-  take_tick_ms_ = context_.scheduler().now_ms();
-  take_tick_level_ = store.Crossfade_Level;
-  show_crossfade();
-  if (store.Crossfade_Level >= kAutoComplete) Complete_Take();
   notify();
 }
 
-void RunMode::sample_output(double now_ms) {
+// 255 levels over the screen's fade time, counted from where and when the take
+// started or resumed; it ends at the first moment that reaches 255.
+void RunMode::move_take_to(double now_ms) {
   Store& store = context_.store();
-  if (!store.Autotake_Running || !take_timer_->enabled()) return;
-  int next = std::min(255, take_tick_level_ + fade_step_);
-  if (next >= kAutoComplete) next = 255;  // that tick completes the take
-  const double progress = std::clamp((now_ms - take_tick_ms_) / take_timer_->interval(), 0.0, 1.0);
-  store.Crossfade_Level = static_cast<std::int16_t>(take_tick_level_ + round_half_even((next - take_tick_level_) * progress));
+  if (!store.Autotake_Running) return;
+  const int seconds = store.Screens[store.Run_Screen].Time;
+  double level = 255;
+  if (seconds > 0) {
+    const double moved = std::max(0.0, now_ms - take_start_ms_) * 255.0 / (seconds * 1000.0);
+    level = std::min(255.0, take_start_level_ + std::floor(moved));
+  }
+  store.Crossfade_Level = static_cast<std::int16_t>(level);
+  show_crossfade();
+  if (store.Crossfade_Level >= 255) Complete_Take();
+}
+
+void RunMode::sample_output(double now_ms) {
+  const int before = context_.store().Crossfade_Level;
+  move_take_to(now_ms);
+  if (context_.store().Crossfade_Level != before) notify();
 }
 
 void RunMode::Run_Crossfade_Change(int value) {

@@ -324,7 +324,6 @@ void BCF::playback_button(int b, bool on) {
 
 void BCF::playback_fader(int index, int level) {
   Store& store = context_.store();
-  if (index >= kPlaybackFaders) return;
   store.Playback_Fader_Level[index] = static_cast<std::int16_t>(level);
   const FaderFunction& fader = store.Fader_Functions[index];
   if (fader.Function == kFunctionSequence) {

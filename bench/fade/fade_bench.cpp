@@ -2,7 +2,8 @@
 // smooth output off and on at two refresh rates, across the phases of the
 // output, Art-Net and fade timers. Three fades: a chase on the sequence desk, a
 // chase played from a playback desk button, and a run-mode take. Prints
-// figures only.
+// figures only: how the levels on the wire moved and how long the fade took
+// from its start until the output first carried 255.
 
 #include <algorithm>
 #include <cstdint>
@@ -33,6 +34,12 @@ struct FadeFigures {
   int repeated = 0;
   bool final_sent = false;
   bool found = false;
+  int lasted_ms = 0;  // from the start until the output carried 255
+};
+
+struct FadeRun {
+  std::vector<int> levels;
+  int lasted_ms = 0;
 };
 
 // The levels of DMX slot 1 in the ArtDmx packets, in the order they left.
@@ -129,7 +136,7 @@ std::function<void()> prepare(Fade fade, Console& console, Store& store) {
   return {};
 }
 
-std::vector<int> run_levels(Fade fade, bool smooth, int refresh_ms, int art_phase, int fade_phase) {
+FadeRun run_levels(Fade fade, bool smooth, int refresh_ms, int art_phase, int fade_phase) {
   FakeUdp udp;
   TestConsole t;
   t.services.art_socket = &udp;
@@ -145,12 +152,20 @@ std::vector<int> run_levels(Fade fade, bool smooth, int refresh_ms, int art_phas
   udp.clear_sent();
   t.scheduler.advance(200);  // dark frames before the fade
   start();
-  t.scheduler.advance(7500);
-  return slot1_levels(udp);
+  FadeRun run;
+  for (int ms = 1; ms <= 7500; ++ms) {
+    t.scheduler.advance(1);
+    if (run.lasted_ms == 0 && t.store().DMX_Out[0] == 255) run.lasted_ms = ms;
+  }
+  run.levels = slot1_levels(udp);
+  return run;
 }
 
 FadeFigures run_once(Fade fade, bool smooth, int refresh_ms, int art_phase, int fade_phase) {
-  return measure(run_levels(fade, smooth, refresh_ms, art_phase, fade_phase));
+  const FadeRun run = run_levels(fade, smooth, refresh_ms, art_phase, fade_phase);
+  FadeFigures f = measure(run.levels);
+  f.lasted_ms = run.lasted_ms;
+  return f;
 }
 
 struct Row {
@@ -159,6 +174,7 @@ struct Row {
   int jump_max = 0;
   int repeated_min = 1 << 30, repeated_max = 0;
   int final_missed = 0;
+  int lasted_min = 1 << 30, lasted_max = 0;
 };
 
 void report(Fade fade, bool smooth, int refresh_ms) {
@@ -174,11 +190,14 @@ void report(Fade fade, bool smooth, int refresh_ms) {
       row.repeated_min = std::min(row.repeated_min, f.repeated);
       row.repeated_max = std::max(row.repeated_max, f.repeated);
       if (!f.final_sent) ++row.final_missed;
+      row.lasted_min = std::min(row.lasted_min, f.lasted_ms);
+      row.lasted_max = std::max(row.lasted_max, f.lasted_ms);
     }
   }
-  std::printf("| %s | %-3s | %3d ms | %5d | %3d-%-3d | %2d | %2d-%-2d | %3d of %d |\n", fade_name(fade),
-              smooth ? "on" : "off", refresh_ms, row.runs, row.distinct_min, row.distinct_max,
-              row.jump_max, row.repeated_min, row.repeated_max, row.final_missed, row.runs);
+  std::printf("| %s | %-3s | %3d ms | %5d | %3d-%-3d | %2d | %2d-%-2d | %3d of %d | %4d-%-4d ms |\n",
+              fade_name(fade), smooth ? "on" : "off", refresh_ms, row.runs, row.distinct_min, row.distinct_max,
+              row.jump_max, row.repeated_min, row.repeated_max, row.final_missed, row.runs, row.lasted_min,
+              row.lasted_max);
 }
 
 }  // namespace
@@ -188,17 +207,16 @@ void report(Fade fade, bool smooth, int refresh_ms) {
 int main(int argc, char** argv) {
   using lumaris::Fade;
   if (argc == 6) {
-    for (const int level : lumaris::run_levels(static_cast<Fade>(std::atoi(argv[1])), std::atoi(argv[2]) != 0,
-                                               std::atoi(argv[3]), std::atoi(argv[4]), std::atoi(argv[5]))) {
-      std::printf("%d ", level);
-    }
-    std::printf("\n");
+    const lumaris::FadeRun run = lumaris::run_levels(static_cast<Fade>(std::atoi(argv[1])), std::atoi(argv[2]) != 0,
+                                                     std::atoi(argv[3]), std::atoi(argv[4]), std::atoi(argv[5]));
+    for (const int level : run.levels) std::printf("%d ", level);
+    std::printf("\nfull after %d ms\n", run.lasted_ms);
     return 0;
   }
   std::printf("5 s 0 -> 255 fades, Art-Net slot 1, 120 timer phases each\n\n");
   std::printf("| fade | smooth | refresh | fades | distinct levels | largest jump | repeated frames "
-              "| 255 never sent |\n");
-  std::printf("| --- | --- | --- | --- | --- | --- | --- | --- |\n");
+              "| 255 never sent | start to 255 on the output |\n");
+  std::printf("| --- | --- | --- | --- | --- | --- | --- | --- | --- |\n");
   for (const Fade fade : {Fade::SequenceChase, Fade::PlaybackChase, Fade::Take}) {
     for (const bool smooth : {false, true}) {
       for (const int refresh : {70, 23}) lumaris::report(fade, smooth, refresh);

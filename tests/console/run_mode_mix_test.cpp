@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "console/output_cycle.h"
+#include "core/desk_context.h"
 #include "playback/playback_desk.h"
 #include "tests/support/test_console.h"
 
@@ -72,6 +73,32 @@ TEST_F(RunModeMix, HandAndAutomaticTakeMixBothLooksAtIntermediateCrossfade) {
     t.console->output_cycle().output_tick();  // the output tick alone: no other timer runs
     expect_take_mix();
   }
+}
+
+// Smooth output mixes each channel's two levels in one rounded step: channel 6
+// rises from 37 to 211 and channel 8's buttons from 37 to 211 without a step
+// back, and channel 7, at 100 in both looks, never moves.
+TEST_F(RunModeMix, WithSmoothOutputATakeNeverStepsBack) {
+  t.console->context().output_timing().set_run_smooth(true);
+  t.console->playback_desk().Preset_Change(0);
+  t.store().Screens[2].Preset_l = 255;
+  t.store().Take_Manual = true;
+  set(6, {37, 211, 0, 0, 0});
+  set(7, {100, 100, 0, 0, 0});
+  set(8, {0, 0, 37, 211, 0});
+  int rising = 37;
+  int buttons = 37;
+  for (int x = 0; x <= 255; ++x) {
+    t.store().Crossfade_Level = static_cast<std::int16_t>(x);
+    t.console->output_cycle().output_tick();
+    ASSERT_GE(slot(6), rising) << "X = " << x;
+    ASSERT_GE(slot(8), buttons) << "X = " << x;
+    ASSERT_EQ(slot(7), 100) << "X = " << x;
+    rising = slot(6);
+    buttons = slot(8);
+  }
+  EXPECT_EQ(rising, 211);
+  EXPECT_EQ(buttons, 211);
 }
 
 TEST_F(RunModeMix, WithoutTakeTheDeskIsScaledByPresetAndTheCrossfadeIgnored) {

@@ -70,11 +70,13 @@ TEST(PlaybackFaders, PresetColourAndSubmixFadersScaleWhatTheyHold) {
 TEST(PlaybackButtons, AColourButtonWithoutAFixedColourAsksAtEveryPressFromOff) {
   PlaybackTestDesk p;
   ButtonFunction& b = PlaybackTestDesk::on_channels(p.set_button(5, kFunctionColour, 0, 0, true), 10, 11, 12);
+  PlaybackTestDesk::on_channels(p.set_button(4, kFunctionPreset, 0, 40, true), 11);
+  p.click(4);
   p.t.dialogs.answer_colour(Rgb{255, 0, 60});
   p.click(5);
   EXPECT_EQ(p.t.dialogs.colour_titles(), std::vector<std::string>{" Choose a Colour"});
   EXPECT_EQ(p.live(10), 255);
-  EXPECT_EQ(p.live(11), 0);
+  EXPECT_EQ(p.live(11), 40) << "a component of 0 leaves its channel to the buttons before";
   EXPECT_EQ(p.live(12), 60);
   EXPECT_EQ(p.panel().buttons()[5].caption_colour, (Rgb{255, 0, 60}));
   p.click(5);  // off: no question

@@ -25,6 +25,7 @@ TEST_F(InstantCuesTest, SlotsFollowScreenOrderWithTooltipsAndColoursFourteenAtMo
   flag(12, "Blue", "16711680");  // 0x00BBGGRR: blue
   flag(3, "Warm");
   flag(7, "Red", "255");
+  flag(40, "Past the show");  // Screen_Count is 40: screens 1..39
   d.desk->Instant_screens_Click();
   EXPECT_TRUE(panel().visible());
   EXPECT_EQ(panel().Instant_Map(0), 3);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "console/output_cycle.h"
 #include "core/desk_context.h"
 #include "playback/run_mode.h"
@@ -113,12 +115,11 @@ TEST(SmoothPlaybackChase, AChaseTheOperatorStopsGoesDarkAtTheNextFrameThoughAFad
   EXPECT_EQ(on.mixed(10), 0);
 }
 
-// Screen 2 brings channel 1 to full over 5 s. At a 70 ms output interval the
-// take ticks every 70 ms by 4 (70 ticks), out of phase with the frames when
-// the take starts between two of them.
+// Screen 2 brings channel 1 to full over 5 s (a level every 19.6 ms); the
+// output runs every 23 ms and the take starts at 35, between two frames.
 struct SmoothTake : SmoothPlayback {
-  explicit SmoothTake(bool smooth) : SmoothPlayback(smooth) {
-    output_interval(70);
+  SmoothTake() : SmoothPlayback(true) {
+    output_interval(23);
     for (int n = 1; n <= 2; ++n) {
       store().Screens[n].Name = "Look " + std::to_string(n);
       store().Screens[n].Time = 5;
@@ -130,39 +131,46 @@ struct SmoothTake : SmoothPlayback {
     advance(35);
     desk->run_mode().Run_Autotake_Click();
   }
+  std::int64_t now() { return t.scheduler.now(); }
   int crossfade() { return store().Crossfade_Level; }
+  // Frame by frame until channel 1 is full: the time that took and how many
+  // frames repeated the level before them.
+  std::pair<std::int64_t, int> frames_to_full() {
+    const std::int64_t start = now();
+    int repeats = 0;
+    for (int last = mixed(1); mixed(1) < 255 && now() - start < 10000; last = mixed(1)) {
+      advance(23);
+      if (mixed(1) <= last) ++repeats;
+    }
+    return {now() - start, repeats};
+  }
 };
 
-TEST(SmoothRunModeTake, TheCrossfadeMovesAtEveryFrameBetweenTakeTicks) {
-  SmoothTake off(false);
-  SmoothTake on(true);
-  ASSERT_EQ(on.desk->run_mode().Fade_Step(), 4);
-  ASSERT_EQ(on.desk->run_mode().take_timer().interval(), 70);
-  off.advance(105);  // frame at 140: one take tick (105), halfway to the next
-  on.advance(105);
-  EXPECT_EQ(off.crossfade(), 4);
-  EXPECT_EQ(on.crossfade(), 6);
-  EXPECT_GT(on.mixed(1), off.mixed(1));
-  // The take's own ticks are unchanged: at 175 both stand at 8.
-  off.advance(35);
-  on.advance(35);
-  EXPECT_EQ(off.crossfade(), 8);
-  EXPECT_EQ(on.crossfade(), 8);
-
-  on.advance(70 * 70);
+TEST(SmoothRunModeTake, TheTakeLastsItsFadeTimeAndEveryFrameCarriesANewLevel) {
+  SmoothTake on;
+  on.advance(11);  // the first frame, at 46
+  const auto [lasted, repeats] = on.frames_to_full();
+  EXPECT_GE(lasted + 11, 5000);
+  EXPECT_LT(lasted + 11, 5000 + 23) << "at most one frame late";
+  EXPECT_EQ(repeats, 0);
   EXPECT_FALSE(on.store().Autotake_Running);
   EXPECT_EQ(on.crossfade(), 255);
-  on.advance(70);
-  EXPECT_EQ(on.mixed(1), 255);
 }
 
-TEST(SmoothRunModeTake, APauseKeepsTheLevelTheLastFrameShowed) {
-  SmoothTake on(true);
-  on.advance(105);  // 140: the frame shows 6
+TEST(SmoothRunModeTake, APauseHoldsTheLastFrameAndTheResumedTakeKeepsThePace) {
+  SmoothTake on;
+  on.advance(977);  // the frame at 1012
   on.desk->run_mode().Run_Autotake_Click();
-  EXPECT_FALSE(on.store().Autotake_Running);
-  on.advance(700);
-  EXPECT_EQ(on.crossfade(), 6);
+  const int paused = on.crossfade();
+  EXPECT_EQ(paused, on.mixed(1));
+  on.advance(2001);  // the frame at 3013
+  EXPECT_EQ(on.crossfade(), paused);
+  on.desk->run_mode().Run_Autotake_Click();
+  const auto [lasted, repeats] = on.frames_to_full();
+  const double rest_ms = (255 - paused) * 5000.0 / 255;
+  EXPECT_GE(lasted, rest_ms);
+  EXPECT_LT(lasted, rest_ms + 23);
+  EXPECT_EQ(repeats, 0);
 }
 
 }  // namespace

@@ -103,20 +103,19 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
 // bigger steps, and fade time 0 is a snap on the first tick.
 TEST_F(RunModeTest, AutotakeTimingFollowsTheFadeTimeAndTheOutputTick) {
   struct Case {
-    int seconds, output_ms, interval, ticks, step;
+    int seconds, output_ms, interval, step;
     std::int64_t duration;
   };
-  for (const Case& c : {Case{30, 20, 118, 255, 1, 252 * 118},  // u = 117.6 ms > 20
-                        Case{5, 20, 20, 238, 1, 252 * 20},     // u = 19.6 ms: 5000 / 21 ticks
-                        Case{1, 70, 70, 14, 18, 14 * 70},      // 1000 / 71 ticks, 255 / 14 = 18.2
-                        Case{0, 20, 20, 1, 255, 20}}) {
+  for (const Case& c : {Case{30, 20, 118, 1, 252 * 118},  // u = 117.6 ms > 20
+                        Case{5, 20, 20, 1, 252 * 20},     // u = 19.6 ms: 5000 / 21 = 238 ticks
+                        Case{1, 70, 70, 18, 14 * 70},     // 1000 / 71 = 14 ticks, 255 / 14 = 18.2
+                        Case{0, 20, 20, 255, 20}}) {
     SCOPED_TRACE(c.seconds);
     output_interval(c.output_ms);
     screen(2, "Two", c.seconds).Preset[0] = 200;
     enter();
     run().Autotake(2);
     EXPECT_EQ(run().take_timer().interval(), c.interval);
-    EXPECT_EQ(run().Fade_Ticks(), c.ticks);
     EXPECT_EQ(run().Fade_Step(), c.step);
     EXPECT_EQ(run_until_complete(), c.duration);
     EXPECT_EQ(store().Crossfade_Level, 255);
@@ -135,6 +134,8 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   EXPECT_EQ(run().side_a_colour(), kYellow);
   EXPECT_EQ(run().Run_A(), "Look 1") << "the outgoing screen on the side the crossfader leaves";
   EXPECT_EQ(run().Run_B(), "Ten");
+  run().Run_screen_sel_Change(4);
+  EXPECT_EQ(run().Run_A(), "Look 1") << "choosing the next screen repaints no side during a take";
   ASSERT_EQ(run().take_timer().interval(), 39);  // u = 39.2 ms
   clock().advance(39 * 102);                 // 40 %
   ASSERT_EQ(store().Crossfade_Level, 102);
@@ -157,7 +158,6 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   run().Run_Autotake_Click();
   EXPECT_EQ(d.status(), " Autotake Running ");
   EXPECT_EQ(store().Run_Screen, 2) << "resumed, not a new take";
-  EXPECT_EQ(run().Fade_Ticks(), 97);
   EXPECT_EQ(run_until_complete(), 97 * 39) << "the rest of the way at the take's own pace";
   EXPECT_EQ(d.status(), " Autotake Complete ");
   EXPECT_EQ(store().Desk_Level[0], 255);
@@ -265,6 +265,12 @@ TEST_F(RunModeTest, AHandTakeFollowsTheCrossfaderBothWaysAndCompletesOnlyPast240
   EXPECT_TRUE(store().Take_Manual) << "up past 35 takes";
   EXPECT_EQ(store().Run_Screen, 3);
   EXPECT_EQ(run().Next_Screen(), 4) << "a take started upward chooses the next screen at once";
+
+  run().Run_Crossfade_Change(250);
+  run().Run_screen_sel_Change(6);
+  run().Run_Crossfade_Change(200);
+  ASSERT_TRUE(store().Take_Manual);
+  EXPECT_EQ(store().Run_Screen, 3) << "a next screen past the show retakes the live one";
 }
 
 // The incoming screen's buttons reach the run output at once and the live desk
@@ -282,6 +288,11 @@ TEST_F(RunModeTest, ATakeBringsInTheIncomingScreensButtonsAndHandsItsChasesOver)
   PlaybackTestDesk::on_channels(d.set_button(5, kFunctionPreset, 0, 90), 9);
   store().Screens[1].But_Sel[0] = true;
   store().Screens[2].But_Sel[1] = store().Screens[2].But_Sel[5] = true;
+  store().Screens[2].Preset_l = 180;
+  d.set_fader(0, kFunctionSequence, 2);
+  d.set_fader(1, kFunctionSequence, 3);
+  store().Screens[2].Fad_Sel[0] = 10;  // Sequence faders start their chase above 10
+  store().Screens[2].Fad_Sel[1] = 11;
   enter();
   EXPECT_EQ(d.chases().Seq_Level(0), 200) << "screen 1's chase plays on entering";
   EXPECT_TRUE(d.chases().running(0));
@@ -290,6 +301,8 @@ TEST_F(RunModeTest, ATakeBringsInTheIncomingScreensButtonsAndHandsItsChasesOver)
   run().Autotake(2);
   EXPECT_EQ(d.chases().Seq_Level_In(1), 200);
   EXPECT_EQ(d.chases().Seq_Level(1), 0);
+  EXPECT_EQ(d.chases().Seq_Level_In(2), 0);
+  EXPECT_EQ(d.chases().Seq_Level_In(3), 11);
   EXPECT_EQ(store().Playback_Run_Out[8], 90);
   EXPECT_EQ(store().Playback_Live_Out[8], 0) << "not on the live desk before the take completes";
   clock().advance(2100);
@@ -306,6 +319,7 @@ TEST_F(RunModeTest, ATakeBringsInTheIncomingScreensButtonsAndHandsItsChasesOver)
   EXPECT_FALSE(d.chases().running(0));
   EXPECT_TRUE(store().Playback_Button_State[5]);
   EXPECT_EQ(store().Playback_Live_Out[8], 90);
+  EXPECT_EQ(d.desk->preset_value(), 75) << "the Preset master follows the incoming screen";
   clock().advance(200);
   EXPECT_EQ(d.seq(12), 200);
   EXPECT_EQ(d.seq(11), 0);

@@ -38,11 +38,11 @@ TEST_F(PlaybackSurfaceTest, SurfaceButtonsPlayThePlaybackButtonsWhileHeld) {
   store.Button_Functions[3].Level = 255;
   store.Submix[0].Chan[0] = 5;
   store.Submix[0].Level[0] = 180;
-  t.cc(68, 127);  // button 4 pressed
+  t.cc(68, 64);  // button 4 pressed: 64 and up is "on"
   EXPECT_TRUE(store.Playback_Button_State[3]);
   EXPECT_EQ(t.surface().monitor_box(), " 3 On");
   EXPECT_GT(store.Playback_Live_Out[4], 0) << "the live output is recomputed";
-  t.cc(68, 0);
+  t.cc(68, 63);
   EXPECT_FALSE(store.Playback_Button_State[3]);
   EXPECT_EQ(t.surface().monitor_box(), " 3 Off");
   EXPECT_EQ(store.Playback_Live_Out[4], 0);
