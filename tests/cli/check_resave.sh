@@ -40,6 +40,11 @@ if ! cmp -s "$work/expected.xml" "$work/actual.xml"; then
   failures=$((failures + 1))
 fi
 expect_code 0 --check "$work/resaved.xml"
+# The demo show's Cue buttons 7 and 8 survive a resave.
+expect_code 0 --resave "$data/../../examples/demo_show.xml" "$work/demo.xml"
+if [ "$(grep -ao '<Function>5</Function>' "$work/demo.xml" | wc -l)" -ne 2 ]; then
+  echo "FAIL: --resave lost the demo show's Cue buttons"; failures=$((failures + 1))
+fi
 expect_code 2 --resave "$data/not_a_show.xml" "$work/never.xml"
 [ ! -e "$work/never.xml" ] || { echo "FAIL: --resave wrote a file for a non-show"; failures=$((failures + 1)); }
 

@@ -36,7 +36,7 @@ TEST_F(ReaderTest, FullShowLoadsEveryItemItHolds) {
   EXPECT_EQ(store.Submix[3].Name, "Caf\u00e9");
   EXPECT_EQ(store.Patch[512], 2);
   EXPECT_EQ(store.Chase_Table[2].Time[1], 2.5);
-  EXPECT_EQ(store.Button_Functions[18].Function, kFunctionOff);  // Cue buttons are not saved
+  EXPECT_EQ(store.Button_Functions[18].Function, kFunctionCue);
 
   // Everything else as the show was built before saving.
   Store expected;

@@ -18,7 +18,7 @@ TEST(ShowCheck, ACleanShowListsWhatItHolds) {
   EXPECT_EQ(run_show_check(test_data("full_show.xml"), out, err), 0);
   EXPECT_EQ(out.str(), "Show: " + test_data("full_show.xml") +
                            "\nName: Winter Gala\nVersion: 7\nDate: 22/11/2026\nSubmixes: 3\n"
-                           "Patched slots: 66\nNamed channels: 3\nButtons: 18\nFaders: 13\nChases: 1\n"
+                           "Patched slots: 66\nNamed channels: 3\nButtons: 19\nFaders: 13\nChases: 1\n"
                            "Screens: 4\nPages: 2\nArt-Net rows: 2\nSkipped blocks: 0\nClamped values: 0\n");
   EXPECT_EQ(err.str(), "");
 }
