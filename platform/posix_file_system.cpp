@@ -36,7 +36,8 @@ std::string folder_of(const std::string& path) {
 FileStatus PosixFileSystem::read_file(const std::string& path, std::size_t limit,
                                       std::string& contents) {
   contents.clear();
-  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  // Without O_NONBLOCK, opening a fifo waits for a writer that may never come.
+  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
   if (fd < 0) return from_errno(errno);
   struct stat info {};
   if (::fstat(fd, &info) != 0) {
@@ -49,6 +50,7 @@ FileStatus PosixFileSystem::read_file(const std::string& path, std::size_t limit
     ::close(fd);
     return FileStatus::failure(S_ISDIR(info.st_mode) ? std::strerror(EISDIR) : kNotAFile);
   }
+  ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
   char buffer[65536];
   for (;;) {
     const ssize_t got = ::read(fd, buffer, sizeof buffer);
