@@ -22,6 +22,13 @@ std::string base_name_of(const std::string& path) {
   return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
+// "8 MB", or the bytes of a limit that is no whole number of megabytes.
+std::string limit_text(std::size_t limit) {
+  constexpr std::size_t kMegabyte = 1024u * 1024u;
+  if (limit % kMegabyte == 0) return std::to_string(limit / kMegabyte) + " MB";
+  return std::to_string(limit) + " bytes";
+}
+
 std::atomic<unsigned> temporary_counter{0};
 
 }  // namespace
@@ -66,7 +73,7 @@ FileStatus PosixFileSystem::read_file(const std::string& path, std::size_t limit
     if (contents.size() > limit) {
       ::close(fd);
       contents.clear();
-      return FileStatus::failure(kTooLarge);
+      return FileStatus::failure(std::string(kTooLarge) + " (more than " + limit_text(limit) + ")");
     }
   }
   ::close(fd);

@@ -41,6 +41,14 @@ TEST(ShowCheck, ADamagedShowListsAHundredProblemsOfEachKindAndWhereItStopped) {
   EXPECT_NE(listing.find("Clamped values: 1\n  Chase block 1: Steps 0 set to 1\n"), std::string::npos);
 }
 
+TEST(ShowCheck, AFileBeyondTheLargestShowIsRefusedWithItsReason) {
+  TempFolder folder;
+  std::ofstream(folder.file("huge.xml"), std::ios::binary) << std::string(8u << 20, ' ') << "<Lumaris_XML>";
+  std::ostringstream out, err;
+  EXPECT_EQ(run_show_check(folder.file("huge.xml"), out, err), 2);
+  EXPECT_NE(err.str().find(": File too large (more than 8 MB)\n"), std::string::npos) << err.str();
+}
+
 TEST(ShowResave, AnUnwritableTargetIsReported) {
   TempFolder folder;
   std::ostringstream out, err;
