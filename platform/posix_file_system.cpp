@@ -1,11 +1,14 @@
 #include "platform/posix_file_system.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 
 namespace lumaris {
@@ -30,6 +33,26 @@ std::string limit_text(std::size_t limit) {
 }
 
 std::atomic<unsigned> temporary_counter{0};
+
+constexpr const char* kSavingMark = ".saving-";
+
+// Removes what saves of `target` killed half-way left behind: its temporaries
+// whose process no longer runs. A save still running in another desk keeps its own.
+void remove_stale_temporaries(const std::string& folder, const std::string& target) {
+  const std::string prefix = "." + base_name_of(target) + kSavingMark;
+  DIR* listing = ::opendir(folder.c_str());
+  if (listing == nullptr) return;
+  while (const dirent* entry = ::readdir(listing)) {
+    const std::string name = entry->d_name;
+    if (name.compare(0, prefix.size(), prefix) != 0) continue;
+    char* end = nullptr;
+    const long pid = std::strtol(name.c_str() + prefix.size(), &end, 10);
+    if (pid <= 0 || *end != '-') continue;
+    if (::kill(static_cast<pid_t>(pid), 0) == 0 || errno != ESRCH) continue;
+    ::unlink((folder + "/" + name).c_str());
+  }
+  ::closedir(listing);
+}
 
 }  // namespace
 
@@ -101,7 +124,8 @@ FileStatus PosixFileSystem::create_temporary(const std::string& target, std::str
   const std::string folder = folder_of(target);
   struct stat existing {};
   const bool replaces = ::stat(target.c_str(), &existing) == 0;
-  const std::string stem = folder + "/." + base_name_of(target) + ".saving-" +
+  remove_stale_temporaries(folder, target);
+  const std::string stem = folder + "/." + base_name_of(target) + kSavingMark +
                            std::to_string(::getpid()) + "-";
   for (int attempt = 0; attempt < 100; ++attempt) {
     temp_path = stem + std::to_string(temporary_counter.fetch_add(1));
