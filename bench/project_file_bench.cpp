@@ -79,5 +79,22 @@ void BM_LoadMaximalShowFromDisk(benchmark::State& state) {
 }
 BENCHMARK(BM_LoadMaximalShowFromDisk)->Unit(benchmark::kMillisecond);
 
+// A hostile file of blocks that open again before they close, of 256 kB to 8 MB
+// (the largest file a load accepts): the time grows with the size, not its square.
+void BM_ReadUnclosedBlocks(benchmark::State& state) {
+  std::string text = "<Lumaris_XML>";
+  while (text.size() < static_cast<std::size_t>(state.range(0))) text += "<Submix><Chase><Step>";
+  text += "</Step></Chase></Submix></Lumaris_XML>";
+  Store store;
+  for (auto _ : state) {
+    reset_store(store);
+    const LoadReport report = read_project(store, text);
+    benchmark::DoNotOptimize(report.submixes);
+  }
+  state.SetComplexityN(state.range(0));
+}
+BENCHMARK(BM_ReadUnclosedBlocks)->RangeMultiplier(4)->Range(256 << 10, 8 << 20)->Complexity()
+    ->Unit(benchmark::kMillisecond);
+
 }  // namespace
 }  // namespace lumaris

@@ -1,11 +1,14 @@
 #include "platform/posix_file_system.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 
 namespace lumaris {
@@ -22,7 +25,34 @@ std::string base_name_of(const std::string& path) {
   return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
+// "8 MB", or the bytes of a limit that is no whole number of megabytes.
+std::string limit_text(std::size_t limit) {
+  constexpr std::size_t kMegabyte = 1024u * 1024u;
+  if (limit % kMegabyte == 0) return std::to_string(limit / kMegabyte) + " MB";
+  return std::to_string(limit) + " bytes";
+}
+
 std::atomic<unsigned> temporary_counter{0};
+
+constexpr const char* kSavingMark = ".saving-";
+
+// Removes what saves of `target` killed half-way left behind: its temporaries
+// whose process no longer runs. A save still running in another desk keeps its own.
+void remove_stale_temporaries(const std::string& folder, const std::string& target) {
+  const std::string prefix = "." + base_name_of(target) + kSavingMark;
+  DIR* listing = ::opendir(folder.c_str());
+  if (listing == nullptr) return;
+  while (const dirent* entry = ::readdir(listing)) {
+    const std::string name = entry->d_name;
+    if (name.compare(0, prefix.size(), prefix) != 0) continue;
+    char* end = nullptr;
+    const long pid = std::strtol(name.c_str() + prefix.size(), &end, 10);
+    if (pid <= 0 || *end != '-') continue;
+    if (::kill(static_cast<pid_t>(pid), 0) == 0 || errno != ESRCH) continue;
+    ::unlink((folder + "/" + name).c_str());
+  }
+  ::closedir(listing);
+}
 
 }  // namespace
 
@@ -36,7 +66,8 @@ std::string folder_of(const std::string& path) {
 FileStatus PosixFileSystem::read_file(const std::string& path, std::size_t limit,
                                       std::string& contents) {
   contents.clear();
-  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  // Without O_NONBLOCK, opening a fifo waits for a writer that may never come.
+  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
   if (fd < 0) return from_errno(errno);
   struct stat info {};
   if (::fstat(fd, &info) != 0) {
@@ -49,6 +80,7 @@ FileStatus PosixFileSystem::read_file(const std::string& path, std::size_t limit
     ::close(fd);
     return FileStatus::failure(S_ISDIR(info.st_mode) ? std::strerror(EISDIR) : kNotAFile);
   }
+  ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
   char buffer[65536];
   for (;;) {
     const ssize_t got = ::read(fd, buffer, sizeof buffer);
@@ -64,7 +96,7 @@ FileStatus PosixFileSystem::read_file(const std::string& path, std::size_t limit
     if (contents.size() > limit) {
       ::close(fd);
       contents.clear();
-      return FileStatus::failure(kTooLarge);
+      return FileStatus::failure(std::string(kTooLarge) + " (more than " + limit_text(limit) + ")");
     }
   }
   ::close(fd);
@@ -92,7 +124,8 @@ FileStatus PosixFileSystem::create_temporary(const std::string& target, std::str
   const std::string folder = folder_of(target);
   struct stat existing {};
   const bool replaces = ::stat(target.c_str(), &existing) == 0;
-  const std::string stem = folder + "/." + base_name_of(target) + ".saving-" +
+  remove_stale_temporaries(folder, target);
+  const std::string stem = folder + "/." + base_name_of(target) + kSavingMark +
                            std::to_string(::getpid()) + "-";
   for (int attempt = 0; attempt < 100; ++attempt) {
     temp_path = stem + std::to_string(temporary_counter.fetch_add(1));

@@ -25,9 +25,17 @@ dpkg --root="$root" --force-depends --force-not-root --force-script-chrootless \
 "$root/usr/bin/lumaris" --version | grep -qE '^Lumaris [0-9]' || fail "installed lumaris --version"
 for file in usr/share/applications/lumaris.desktop usr/share/icons/hicolor/scalable/apps/lumaris.svg \
   usr/share/mime/packages/lumaris.xml usr/share/man/man1/lumaris.1 \
-  usr/lib/udev/rules.d/60-lumaris-opendmx.rules usr/share/doc/lumaris/examples/demo_show.xml; do
+  usr/lib/udev/rules.d/60-lumaris-opendmx.rules usr/share/doc/lumaris/examples/demo_show.xml \
+  usr/share/doc/lumaris/examples/moving_spot.fxt usr/share/doc/lumaris/copyright; do
   [ -s "$root/$file" ] || fail "not installed: /$file"
 done
+grep -q '^Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/' \
+  "$root/usr/share/doc/lumaris/copyright" || fail "the copyright file is not in Debian's format"
+# Installed without the package, under the default prefix, udev still finds the rule.
+DESTDIR="$root/plain" cmake --install "$build_dir" --prefix /usr/local >/dev/null
+[ -s "$root/plain/usr/lib/udev/rules.d/60-lumaris-opendmx.rules" ] ||
+  fail "cmake --install did not put the udev rule where udev reads it"
+[ -s "$root/plain/usr/local/share/doc/lumaris/examples/moving_spot.fxt" ] || fail "cmake --install left out moving_spot.fxt"
 if command -v desktop-file-validate >/dev/null 2>&1; then
   desktop-file-validate "$root/usr/share/applications/lumaris.desktop"
 fi

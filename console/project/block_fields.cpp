@@ -19,23 +19,34 @@ void each_element(std::string_view text, std::string_view tag,
                   const std::function<void(std::string_view content)>& element,
                   const std::function<void(std::size_t at, bool at_end)>& unclosed) {
   const std::string opening = "<" + std::string(tag) + ">";
+  const std::string closing = "</" + std::string(tag) + ">";
+  // Elements that run into one another all end at the same closing tag: it is
+  // searched once for all of them, so that a file of a million unclosed tags
+  // is read in one pass and not in a million.
+  std::size_t close_at = 0;
+  bool close_known = false;
   std::size_t from = 0;
   for (;;) {
     const std::size_t at = text.find(opening, from);
     if (at == std::string_view::npos) return;
-    const std::optional<TagSpan> span = find_tag(text, at, tag);
-    if (!span) {
+    const std::size_t begin = at + opening.size();
+    if (!close_known || close_at < begin) {
+      close_at = text.find(closing, begin);
+      close_known = true;
+    }
+    if (close_at == std::string_view::npos) {
       unclosed(at, true);
       return;
     }
-    const std::size_t nested = between(text, *span).find(opening);
+    const std::string_view content = text.substr(begin, close_at - begin);
+    const std::size_t nested = content.find(opening);
     if (nested != std::string_view::npos) {
       unclosed(at, false);
-      from = span->content_begin + nested;
+      from = begin + nested;
       continue;
     }
-    element(between(text, *span));
-    from = span->after;
+    element(content);
+    from = close_at + closing.size();
   }
 }
 

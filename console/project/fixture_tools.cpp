@@ -58,6 +58,12 @@ int run_fixture_check(const std::string& path, std::ostream& out, std::ostream& 
   if (!load(path, loaded, err)) return kNotAFixtureFile;
   out << "Fixture file: " << path << "\n";
   out << "Kind: " << (loaded.read.kind == FxtKind::Single ? kFxtSingle : kFxtAll) << "\n";
+  if (loaded.read.byte_order_mark) {
+    out << "Note: the UTF-8 byte-order mark in front was skipped; a resave leaves it out\n";
+  }
+  if (loaded.read.end_of_file_mark) {
+    out << "Note: the Ctrl-Z at the end was skipped; a resave leaves it out\n";
+  }
   if (!loaded.read.loaded()) {
     print_damage(loaded.read, out);
     return kDamaged;

@@ -14,8 +14,9 @@ class Console;
 // sequence desk's Load/Save Sequence.
 class ProjectFile final : public ShowFiles {
  public:
-  // A show file is a few hundred kilobytes; anything far beyond is not one.
-  static constexpr std::size_t kLargestShow = 64u * 1024u * 1024u;
+  // The fullest show the desk can hold is some 1.5 MB; anything far beyond is not
+  // a show, and refusing it keeps a load short enough not to hold up the desk.
+  static constexpr std::size_t kLargestShow = 8u * 1024u * 1024u;
 
   explicit ProjectFile(Console& console);
   bool available() const override { return true; }

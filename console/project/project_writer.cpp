@@ -212,7 +212,7 @@ std::string Button_Section(const Store& store) {
   Lines out;
   for (int b = 0; b < kPlaybackButtons; ++b) {
     const ButtonFunction& button = store.Button_Functions[b];
-    if (button.Function >= kFunctionOff) continue;
+    if (button.Function == kFunctionOff) continue;
     Lines fields;
     identity_fields(fields, button);
     fields.flag_if_set(2, "Latch", button.Latch);
@@ -227,7 +227,7 @@ std::string Fader_Section(const Store& store) {
   Lines out;
   for (int f = 0; f < kPlaybackFaders; ++f) {
     const FaderFunction& fader = store.Fader_Functions[f];
-    if (fader.Function >= kFunctionOff) continue;
+    if (fader.Function == kFunctionOff) continue;
     Lines fields;
     identity_fields(fields, fader);
     routing_fields(fields, fader);

@@ -30,6 +30,13 @@ for kind in single all; do
   cmp -s "$data/fixture_$kind.fxt" "$work/out_$kind.fxt" || fail "--resave did not reproduce fixture_$kind.fxt"
 done
 
+# As an editor leaves it: a byte-order mark in front, a Ctrl-Z at the end; a resave drops both.
+{ printf '\357\273\277'; cat "$data/fixture_single.fxt"; printf '\032'; } >"$work/edited.fxt"
+expect_code 0 --check "$work/edited.fxt"
+grep -q 'byte-order mark' "$work/out" && grep -q 'Ctrl-Z' "$work/out" || fail "--check did not name the editor's marks"
+expect_code 0 --resave "$work/edited.fxt" "$work/plain.fxt"
+cmp -s "$data/fixture_single.fxt" "$work/plain.fxt" || fail "--resave kept the editor's marks"
+
 head -c 1000 "$data/fixture_single.fxt" >"$work/cut.fxt"
 expect_code 1 --check "$work/cut.fxt"
 grep -q 'Damaged at line' "$work/out" || fail "--check did not say where the cut file is damaged"

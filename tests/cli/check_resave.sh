@@ -40,8 +40,23 @@ if ! cmp -s "$work/expected.xml" "$work/actual.xml"; then
   failures=$((failures + 1))
 fi
 expect_code 0 --check "$work/resaved.xml"
+# The demo show's Cue buttons 7 and 8 survive a resave.
+expect_code 0 --resave "$data/../../examples/demo_show.xml" "$work/demo.xml"
+if [ "$(grep -ao '<Function>5</Function>' "$work/demo.xml" | wc -l)" -ne 2 ]; then
+  echo "FAIL: --resave lost the demo show's Cue buttons"; failures=$((failures + 1))
+fi
 expect_code 2 --resave "$data/not_a_show.xml" "$work/never.xml"
 [ ! -e "$work/never.xml" ] || { echo "FAIL: --resave wrote a file for a non-show"; failures=$((failures + 1)); }
+
+# A pipe given as the show is refused at once, with the reason, never waited on.
+mkfifo "$work/pipe.xml"
+for run in "--check $work/pipe.xml" "--resave $work/pipe.xml $work/from_pipe.xml"; do
+  timeout 10 "$lumaris" $run >"$work/out" 2>"$work/err"
+  code=$?
+  if [ "$code" -ne 2 ] || ! grep -q 'Not a regular file' "$work/err"; then
+    echo "FAIL: lumaris $run exited $code"; cat "$work/err"; failures=$((failures + 1))
+  fi
+done
 
 if [ "$failures" -eq 0 ]; then echo "check_resave: all passed"; fi
 exit "$failures"

@@ -33,10 +33,18 @@ class AtomicSaveTest : public ::testing::Test {
 };
 
 TEST_F(AtomicSaveTest, ReplacesTheFileAndLeavesNothingBehind) {
+  // What a save killed half-way left: gone with the next save of that show only.
+  const pid_t gone_desk = fork();
+  if (gone_desk == 0) _exit(0);
+  waitpid(gone_desk, nullptr, 0);
+  const std::string stale = ".show.xml.saving-" + std::to_string(gone_desk) + "-3";
+  write_bytes(folder.file(stale), "half");
+  const std::string other_show = ".other.xml.saving-" + std::to_string(gone_desk) + "-0";
+  write_bytes(folder.file(other_show), "half");
   const FileStatus status = save_file_atomically(files, path, "new bytes");
   EXPECT_TRUE(status.ok) << status.reason;
   EXPECT_EQ(file_contents(path), "new bytes");
-  EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
+  EXPECT_EQ(folder.names(), (std::vector<std::string>{other_show, "show.xml"}));
   // Flushed before the rename, and the rename made durable after it.
   EXPECT_EQ(files.calls(), (std::vector<std::string>{"create temporary", "write", "sync", "close",
                                                      "rename", "sync folder"}));

@@ -18,7 +18,7 @@ TEST(ShowCheck, ACleanShowListsWhatItHolds) {
   EXPECT_EQ(run_show_check(test_data("full_show.xml"), out, err), 0);
   EXPECT_EQ(out.str(), "Show: " + test_data("full_show.xml") +
                            "\nName: Winter Gala\nVersion: 7\nDate: 22/11/2026\nSubmixes: 3\n"
-                           "Patched slots: 66\nNamed channels: 3\nButtons: 18\nFaders: 13\nChases: 1\n"
+                           "Patched slots: 66\nNamed channels: 3\nButtons: 19\nFaders: 13\nChases: 1\n"
                            "Screens: 4\nPages: 2\nArt-Net rows: 2\nSkipped blocks: 0\nClamped values: 0\n");
   EXPECT_EQ(err.str(), "");
 }
@@ -39,6 +39,14 @@ TEST(ShowCheck, ADamagedShowListsAHundredProblemsOfEachKindAndWhereItStopped) {
   EXPECT_NE(listing.find("  Page block 99: Num is missing\n  ... and 51 more\n"),
             std::string::npos);
   EXPECT_NE(listing.find("Clamped values: 1\n  Chase block 1: Steps 0 set to 1\n"), std::string::npos);
+}
+
+TEST(ShowCheck, AFileBeyondTheLargestShowIsRefusedWithItsReason) {
+  TempFolder folder;
+  std::ofstream(folder.file("huge.xml"), std::ios::binary) << std::string(8u << 20, ' ') << "<Lumaris_XML>";
+  std::ostringstream out, err;
+  EXPECT_EQ(run_show_check(folder.file("huge.xml"), out, err), 2);
+  EXPECT_NE(err.str().find(": File too large (more than 8 MB)\n"), std::string::npos) << err.str();
 }
 
 TEST(ShowResave, AnUnwritableTargetIsReported) {
