@@ -101,6 +101,7 @@ void CLI::clear_tokens() {
 void CLI::CLI_Clear() {
   clear_tokens();
   string_in_.clear();
+  refusing_ = false;
 }
 
 void CLI::end_line(const std::string& shown) {
@@ -142,6 +143,10 @@ void CLI::Laptop_Keys_Click(bool checked) {
 
 void CLI::CLI_Key(int key_code) {
   Form_Load();  // keys from the main desk load the window without showing it
+  if (refusing_) {
+    refused_key(key_code);
+    return;
+  }
   lamp_ = kLampTyping;
   if (key_code >= keys::kPad0 && key_code <= keys::kPad9) {
     digit(static_cast<char>('0' + key_code - keys::kPad0));
@@ -183,6 +188,19 @@ void CLI::CLI_Key(int key_code) {
   }
 }
 
+// The rest of a refused line: only Enter or Clear end it, and the lamp stays red
+// until then so that the keys doing nothing do not look accepted.
+void CLI::refused_key(int key_code) {
+  if (key_code == keys::kNumLock) CLI_Set_NumLock(true);
+  const bool point = key_code == keys::kPadPoint;
+  if (key_code == keys::kEnter || (point && refused_point_)) {
+    refusing_ = false;
+    lamp_ = kLampTyping;
+    CLI_Clear();
+  }
+  refused_point_ = point && !refused_point_;
+}
+
 void CLI::digit(char d) {
   std::string& t = tokens_[index_];
   t += d;
@@ -195,6 +213,8 @@ void CLI::digit(char d) {
 void CLI::append_word(const char* word) {
   if (index_ + 2 >= kTokens) {
     error();
+    refusing_ = true;
+    refused_point_ = false;
     return;
   }
   tokens_[index_ + 1] = word;
@@ -214,6 +234,8 @@ void CLI::full_level_shortcut() {
   if (tokens_[index_] != "000" || index_ < 2) return;
   if (tokens_[index_ - 1] != kAt) {
     error();
+    refusing_ = true;
+    refused_point_ = false;
     return;
   }
   tokens_[index_] = "100";

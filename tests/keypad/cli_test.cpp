@@ -137,11 +137,15 @@ TEST_F(CommandLine, ALineLongerThanTheTokenArrayIsRefused) {
   type("+");
   EXPECT_EQ(cli().Token_Index(), 100) << "token 100 is the last one";
   type("2.");
-  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "an @ would need token 101";
-  EXPECT_EQ(cli().Token_Index(), 0);
-  type("50\n");
-  EXPECT_TRUE(cli().history_list().empty());
-  EXPECT_EQ(channel(1), 0);
+  EXPECT_EQ(cli().Token_Index(), 0) << "an @ would need token 101";
+  type("52.50+3.50");
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "the rest of the line does nothing until Enter";
+  type("\n3.50\n");
+  EXPECT_EQ(cli().history_list(), History{"3 @ 50 "});
+  EXPECT_EQ(channel(52) + channel(1), 0);
+  for (int i = 0; i < 50; ++i) type("1+");
+  type("4.50..4.50\n");
+  EXPECT_EQ(channel(4), 128) << "Clear also ends a refused line";
 
   type("c");  // a line begun with C types on odd tokens
   for (int i = 0; i < 49; ++i) type("1+");
