@@ -69,6 +69,10 @@ class CLI : public Window {
   bool CLI_Error() const { return error_; }
   // A line refused before its Enter: keys are ignored until Enter or Clear.
   bool refusing() const { return refusing_; }
+  // Why the last line (or an item of it) was refused; empty once a key starts
+  // the next line. The desk's status texts do not say it, the window and the
+  // terminal do.
+  const std::string& refusal() const { return refusal_; }
 
   // Every line that ended (executed, refused, a query or a selection) counts one,
   // and the line as it was shown is kept, so a terminal can report each of them.
@@ -82,7 +86,8 @@ class CLI : public Window {
   void enter();
   void query_or_select();
   void full_level_shortcut();
-  void error();
+  void error(const std::string& reason);
+  void refuse(const std::string& reason);
   void refused_key(int key_code);
   void clear_tokens();
   void redisplay();
@@ -110,6 +115,8 @@ class CLI : public Window {
   bool error_ = false;
   bool refusing_ = false;
   bool refused_point_ = false;
+  bool line_over_ = false;
+  std::string refusal_;
   std::string string_in_;
   Rgb lamp_ = kLampTyping;
   std::vector<std::string> history_;

@@ -140,6 +140,7 @@ TEST_F(CommandLine, ALineLongerThanTheTokenArrayIsRefused) {
   EXPECT_EQ(cli().Token_Index(), 0) << "an @ would need token 101";
   type("52.50+3.50");
   EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "the rest of the line does nothing until Enter";
+  EXPECT_EQ(cli().refusal(), "line too long: a line holds 101 numbers and words");
   type("\n3.50\n");
   EXPECT_EQ(cli().history_list(), History{"3 @ 50 "});
   EXPECT_EQ(channel(52) + channel(1), 0);
