@@ -43,6 +43,9 @@ CliWindow::CliWindow(DeskApp& app)
   line->addWidget(string_in_, 1);
   line->addWidget(lamp_);
   layout->addLayout(line);
+  refusal_ = new QLabel(this);  // why the lamp is red
+  refusal_->setWordWrap(true);
+  layout->addWidget(refusal_);
 
   history_list_ = new QComboBox(this);
   history_list_->setFocusPolicy(Qt::NoFocus);
@@ -90,6 +93,7 @@ void CliWindow::sync() {
   sync::title(this, c.caption());
   sync::text(string_in_, c.String_In());
   sync::background(lamp_, c.CLI_Status(), "QFrame");
+  sync::text(refusal_, c.refusal().empty() ? std::string() : "Refused: " + c.refusal());
   sync::checked(laptop_keys_, c.Laptop_Keys());
   const std::vector<std::string>& history = c.history_list();
   bool same = history_list_->count() == static_cast<int>(history.size());

@@ -5,6 +5,7 @@
 #include "keypad/cli.h"
 
 class QCheckBox;
+class QLabel;
 class QComboBox;
 class QKeyEvent;
 class QLineEdit;
@@ -30,6 +31,7 @@ class CliWindow final : public ToolWindow, public DeskWindow {
   std::vector<ScreenshotVariant> screenshot_variants() override;
 
   QLineEdit* String_In() const { return string_in_; }
+  QLabel* refusal() const { return refusal_; }
   ColourBox* CLI_Status() const { return lamp_; }
   QComboBox* history_list() const { return history_list_; }
   QPushButton* hide_button() const { return hide_button_; }
@@ -44,6 +46,7 @@ class CliWindow final : public ToolWindow, public DeskWindow {
   DeskApp& app_;
   QLineEdit* string_in_ = nullptr;
   ColourBox* lamp_ = nullptr;
+  QLabel* refusal_ = nullptr;
   QComboBox* history_list_ = nullptr;
   QPushButton* hide_button_ = nullptr;
   QCheckBox* laptop_keys_ = nullptr;

@@ -101,16 +101,23 @@ void CLI::clear_tokens() {
 void CLI::CLI_Clear() {
   clear_tokens();
   string_in_.clear();
+  refusing_ = false;
 }
 
 void CLI::end_line(const std::string& shown) {
+  line_over_ = true;
   ++lines_ended_;
   ended_line_ = shown;
 }
 
-void CLI::error() {
+void CLI::refuse(const std::string& reason) {
   error_ = true;
   lamp_ = kLampError;
+  if (refusal_.empty()) refusal_ = reason;
+}
+
+void CLI::error(const std::string& reason) {
+  refuse(reason);
   const std::string shown = string_in_;
   clear_tokens();
   end_line(shown);
@@ -142,7 +149,18 @@ void CLI::Laptop_Keys_Click(bool checked) {
 
 void CLI::CLI_Key(int key_code) {
   Form_Load();  // keys from the main desk load the window without showing it
+  if (refusing_) {
+    refused_key(key_code);
+    return;
+  }
   lamp_ = kLampTyping;
+  refusal_.clear();
+  // The line that ended stays shown until the next key, which starts a new one:
+  // a bare Enter then is an empty line, never the last one again.
+  if (line_over_) {
+    line_over_ = false;
+    string_in_.clear();
+  }
   if (key_code >= keys::kPad0 && key_code <= keys::kPad9) {
     digit(static_cast<char>('0' + key_code - keys::kPad0));
     if (key_code == keys::kPad0) full_level_shortcut();
@@ -183,6 +201,20 @@ void CLI::CLI_Key(int key_code) {
   }
 }
 
+// The rest of a refused line: only Enter or Clear end it, and the lamp stays red
+// until then so that the keys doing nothing do not look accepted.
+void CLI::refused_key(int key_code) {
+  if (key_code == keys::kNumLock) CLI_Set_NumLock(true);
+  const bool point = key_code == keys::kPadPoint;
+  if (key_code == keys::kEnter || (point && refused_point_)) {
+    refusing_ = false;
+    lamp_ = kLampTyping;
+    refusal_.clear();
+    CLI_Clear();
+  }
+  refused_point_ = point && !refused_point_;
+}
+
 void CLI::digit(char d) {
   std::string& t = tokens_[index_];
   t += d;
@@ -194,7 +226,9 @@ void CLI::digit(char d) {
 // that would need more tokens than the line holds is refused.
 void CLI::append_word(const char* word) {
   if (index_ + 2 >= kTokens) {
-    error();
+    error("line too long: a line holds " + std::to_string(kTokens) + " numbers and words");
+    refusing_ = true;
+    refused_point_ = false;
     return;
   }
   tokens_[index_ + 1] = word;
@@ -213,7 +247,9 @@ void CLI::point() {
 void CLI::full_level_shortcut() {
   if (tokens_[index_] != "000" || index_ < 2) return;
   if (tokens_[index_ - 1] != kAt) {
-    error();
+    error("000 is full level and comes only after @");
+    refusing_ = true;
+    refused_point_ = false;
     return;
   }
   tokens_[index_] = "100";
@@ -224,8 +260,16 @@ void CLI::full_level_shortcut() {
 
 void CLI::enter() {
   if (index_ > 1) {
-    if (!token_numeric(index_) || tokens_[index_ - 1] != kAt || token_value(index_) > 100) {
-      error();
+    if (tokens_[index_ - 1] != kAt) {
+      error("no level: a line ends with @ and a level");
+      return;
+    }
+    if (!token_numeric(index_)) {
+      error("no level after @");
+      return;
+    }
+    if (token_value(index_) > 100) {
+      error("level over 100%");
       return;
     }
     level_ = token_value(index_);

@@ -24,7 +24,9 @@ class NumLock;
 //   as well: started at 1, the walk would begin at the empty token 0 and the
 //   first assignment (or a first "C n") would silently do nothing.
 // - A line that needs more than the 101 tokens is refused like a malformed line
-//   (red lamp, nothing set, not in the history).
+//   (red lamp, nothing set, not in the history). A line refused before its Enter
+//   stays refused: the keys that follow do nothing until Enter or Clear (the
+//   decimal key twice), so its rest never runs as a line of its own.
 // - A level above 100 % is refused the same way: a channel never goes beyond full.
 // - A "Thru" item that ends the line lights the lamp green like a single number.
 // - Number 0 before "@" or "+" fails the item's check like a number above 60.
@@ -65,6 +67,12 @@ class CLI : public Window {
   int Token_Index() const { return index_; }
   int CLI_Level() const { return level_; }
   bool CLI_Error() const { return error_; }
+  // A line refused before its Enter: keys are ignored until Enter or Clear.
+  bool refusing() const { return refusing_; }
+  // Why the last line (or an item of it) was refused; empty once a key starts
+  // the next line. The desk's status texts do not say it, the window and the
+  // terminal do.
+  const std::string& refusal() const { return refusal_; }
 
   // Every line that ended (executed, refused, a query or a selection) counts one,
   // and the line as it was shown is kept, so a terminal can report each of them.
@@ -78,7 +86,9 @@ class CLI : public Window {
   void enter();
   void query_or_select();
   void full_level_shortcut();
-  void error();
+  void error(const std::string& reason);
+  void refuse(const std::string& reason);
+  void refused_key(int key_code);
   void clear_tokens();
   void redisplay();
   void end_line(const std::string& shown);
@@ -103,6 +113,10 @@ class CLI : public Window {
   int index_ = 0;
   int level_ = 0;
   bool error_ = false;
+  bool refusing_ = false;
+  bool refused_point_ = false;
+  bool line_over_ = false;
+  std::string refusal_;
   std::string string_in_;
   Rgb lamp_ = kLampTyping;
   std::vector<std::string> history_;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdint>
+#include <string>
 
 #include "base/rounding.h"
 #include "core/desk_context.h"
@@ -48,8 +49,7 @@ void CLI::CLI_Execute() {
       if (after == "+") {
         i += 4;
       } else {
-        lamp_ = kLampError;
-        error_ = true;
+        refuse("a Thru range is followed by + or @");
         i += 3;
       }
     } else {
@@ -73,8 +73,9 @@ void CLI::CLI_Execute() {
 bool CLI::single(int i, bool& any_set) {
   const int n = token_numeric(i) ? token_value(i) : 0;
   if (n < 1 || n > kLastSingleNumber) {
-    lamp_ = kLampError;
-    error_ = true;
+    const std::string what = marks_[i] ? "fader" : "channel";
+    refuse(token(i).empty() ? "no " + what + " number"
+                            : what + " " + token(i) + " out of range (1 to " + std::to_string(kLastSingleNumber) + ")");
     return false;
   }
   set_number(n, marks_[i]);
@@ -84,8 +85,7 @@ bool CLI::single(int i, bool& any_set) {
 
 bool CLI::range(int i, bool& any_set) {
   if (!token_numeric(i) || !token_numeric(i + 2)) {
-    lamp_ = kLampError;
-    error_ = true;
+    refuse("Thru needs a number on each side");
     return false;
   }
   const int typed_a = token_value(i);

@@ -110,6 +110,9 @@ void TerminalKeypad::report() {
     out_ << "shows: " << cli_.String_In() << '\n';
   }
   out_ << lamp_word(cli_.CLI_Status()) << '\n';
+  if (!cli_.refusal().empty()) {
+    out_ << "refused: " << cli_.refusal() << (cli_.refusing() ? "; keys do nothing until Enter" : "") << '\n';
+  }
   out_ << "status: " << status_.main() << '\n';
   if (status_.playback() != status_.main()) out_ << "playback status: " << status_.playback() << '\n';
 }

@@ -18,6 +18,7 @@ class StatusLines;
 //   lamp green
 //   status: CLI -5 @ 50
 //
+// A refused line (or item) adds why, e.g. "refused: level over 100%".
 // Bytes of no key are skipped, and so are the escape sequences of other keys
 // (arrows, Delete); a keypad in application mode (ESC O p .. ESC O y, ESC O M
 // for Enter, ...) types its keys. With `live`, the line being typed is redrawn

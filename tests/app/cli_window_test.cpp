@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -37,6 +38,9 @@ TEST_F(CliWindowTest, TheMenuOpensTheWindowAndItsKeysReachTheLine) {
   EXPECT_EQ(window().String_In()->text(), QString());
   EXPECT_EQ(window().history_list()->currentText(), QStringLiteral("5 @ 50 "));
   EXPECT_TRUE(window().CLI_Status()->styleSheet().contains(QStringLiteral("rgb(0, 255, 0)")));
+  EXPECT_EQ(window().refusal()->text(), QString());
+  keys(&window(), {Qt::Key_5, Qt::Key_Period, Qt::Key_1, Qt::Key_5, Qt::Key_0, Qt::Key_Enter});
+  EXPECT_EQ(window().refusal()->text(), QStringLiteral("Refused: level over 100%"));
 
   QTest::mouseClick(window().hide_button(), Qt::LeftButton);
   EXPECT_FALSE(window().isVisible());

@@ -43,6 +43,8 @@ TEST(CommandLineLines, ItemsAndThruRangesSetTheirLevels) {
       {"8*3.10\n", {{2, 2, 0}, {3, 8, 26}, {9, 9, 0}}, {}, done},
       {"0*999.20\n", {{1, 1, 51}, {64, 64, 51}, {65, 65, 0}}, {}, done},
       {"99*60.40\n", {{59, 59, 0}, {60, 64, 102}}, {}, done},
+      {"5*0.50\n", {{1, 5, 128}, {6, 6, 0}}, {}, done},  // swapped as typed, then held to 1
+      {"1*0.50\n", {{1, 2, 128}, {3, 3, 0}}, {}, done},  // an end below 1 becomes 2
       {"50/*64.100\n", {}, {{49, 49, 0}, {50, 61, 255}}, done},
       {"2+61.40\n", {{2, 2, 102}}, {}, error},
       {"1*3*5.60\n", {{1, 3, 153}, {5, 5, 0}}, {}, error},  // Thru after a Thru item ends the usable line
@@ -51,7 +53,11 @@ TEST(CommandLineLines, ItemsAndThruRangesSetTheirLevels) {
   for (const LineCase& c : cases) {
     SCOPED_TRACE(c.keys);
     KeypadDesk d;
+    // What follows the playback fader levels in the store must stay untouched.
+    const auto* past_faders = reinterpret_cast<const char*>(d.store().Playback_Fader_Level.data() + kPlaybackFaders);
+    const std::string after_faders(past_faders, 8);
     d.type(c.keys);
+    EXPECT_EQ(std::string(past_faders, 8), after_faders);
     for (const Span& s : c.channels) {
       for (int n = s.first; n <= s.last; ++n) EXPECT_EQ(d.channel(n), s.level) << "channel " << n;
     }
@@ -137,11 +143,16 @@ TEST_F(CommandLine, ALineLongerThanTheTokenArrayIsRefused) {
   type("+");
   EXPECT_EQ(cli().Token_Index(), 100) << "token 100 is the last one";
   type("2.");
-  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "an @ would need token 101";
-  EXPECT_EQ(cli().Token_Index(), 0);
-  type("50\n");
-  EXPECT_TRUE(cli().history_list().empty());
-  EXPECT_EQ(channel(1), 0);
+  EXPECT_EQ(cli().Token_Index(), 0) << "an @ would need token 101";
+  type("52.50+3.50");
+  EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "the rest of the line does nothing until Enter";
+  EXPECT_EQ(cli().refusal(), "line too long: a line holds 101 numbers and words");
+  type("\n3.50\n");
+  EXPECT_EQ(cli().history_list(), History{"3 @ 50 "});
+  EXPECT_EQ(channel(52) + channel(1), 0);
+  for (int i = 0; i < 50; ++i) type("1+");
+  type("4.50..4.50\n");
+  EXPECT_EQ(channel(4), 128) << "Clear also ends a refused line";
 
   type("c");  // a line begun with C types on odd tokens
   for (int i = 0; i < 49; ++i) type("1+");

@@ -28,7 +28,12 @@ TEST_F(Terminal, APipedLineSetsLevelsAndReportsEachLineThatEnds) {
 
 TEST_F(Terminal, ErrorsQueriesAndDifferingStatusLinesAreReported) {
   terminal.feed("61.20\r\n");
-  EXPECT_EQ(out.str(), "line: 61 @ 20 \nlamp red\nstatus: CLI -61 @ 20 \n") << "CR LF is one Enter";
+  EXPECT_EQ(out.str(), "line: 61 @ 20 \nlamp red\nrefused: channel 61 out of range (1 to 60)\n"
+                       "status: CLI -61 @ 20 \n") << "CR LF is one Enter";
+  out.str("");
+  terminal.feed("5.150\n\n");
+  EXPECT_EQ(out.str(), "line: 5 @ 150 \nlamp red\nrefused: level over 100%\nstatus: CLI -61 @ 20 \n"
+                       "line: \nlamp grey\nstatus: CLI -61 @ 20 \n") << "a bare Enter is an empty line";
   out.str("");
   store().Desk_Level[6] = 255;
   terminal.feed("7\r");
@@ -36,7 +41,8 @@ TEST_F(Terminal, ErrorsQueriesAndDifferingStatusLinesAreReported) {
   out.str("");
   t.console->status().show(" main", " playback");
   terminal.feed("5*\n");
-  EXPECT_EQ(out.str(), "line: 5 Thru  \nlamp red\nstatus:  main\nplayback status:  playback\n");
+  EXPECT_EQ(out.str(), "line: 5 Thru  \nlamp red\nrefused: no level: a line ends with @ and a level\n"
+                       "status:  main\nplayback status:  playback\n");
 }
 
 TEST_F(Terminal, EscapeSequencesOfOtherKeysAreSkippedAndAnApplicationKeypadTypes) {
