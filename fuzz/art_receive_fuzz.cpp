@@ -26,7 +26,7 @@ struct Node {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static Node node;  // one desk for the whole run, like the real program
   node.udp.clear_sent();
-  node.desk.console->art_net().Art_Receive(std::span<const std::uint8_t>(data, size));
+  node.desk.console->art_net().Art_Receive(std::span<const std::uint8_t>(data, size), "192.168.1.20");
   for (const auto& sent : node.udp.sent()) {
     if (sent.bytes.size() != 239) std::abort();
   }
