@@ -1,5 +1,6 @@
 #include "app/art_net_setup_window.h"
 
+#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -20,6 +21,9 @@ constexpr const char* kUniverseHeading = "Universe";
 constexpr const char* kDestinationLabel = "Destination";
 constexpr const char* kDestinationHint = "IPv4 address of one node; empty = broadcast (automatic)";
 constexpr const char* kSetCaption = "Set";
+constexpr const char* kInterfaceLabel = "Interface";
+constexpr const char* kInterfaceHint =
+    "The address of this computer that Art-Net is sent from and listened on (kept on this computer)";
 constexpr const char* kCloseCaption = "Close";
 }  // namespace
 
@@ -70,6 +74,15 @@ ArtNetSetupWindow::ArtNetSetupWindow(DeskApp& app)
   connect(destination_set_, &QPushButton::clicked, apply);
   connect(destination_, &QLineEdit::returnPressed, apply);
 
+  auto* interface_box = new QGroupBox(QString::fromUtf8(kInterfaceLabel), this);
+  auto* interface_layout = new QVBoxLayout(interface_box);
+  interface_list_ = new QComboBox(interface_box);
+  interface_list_->setToolTip(QString::fromUtf8(kInterfaceHint));
+  interface_layout->addWidget(interface_list_);
+  layout->addWidget(interface_box);
+  connect(interface_list_, &QComboBox::activated,
+          [this](int index) { app_.handle([&] { config().Interface_Click(index); }); });
+
   close_button_ = new QPushButton(QString::fromUtf8(kCloseCaption), this);
   layout->addWidget(close_button_, 0, Qt::AlignRight);
   connect(close_button_, &QPushButton::clicked, [this] { app_.handle([&] { config().close_clicked(); }); });
@@ -91,6 +104,8 @@ void ArtNetSetupWindow::sync() {
   sync::text(state_box_, c.state_box());
   sync::text(destination_, c.Destination());
   sync::text(destination_status_, c.Destination_Status());
+  sync::items(interface_list_, c.Interface_Items());
+  sync::current(interface_list_, c.Interface_Index());
 }
 
 }  // namespace lumaris

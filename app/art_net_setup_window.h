@@ -6,6 +6,7 @@
 #include "app/widgets/tool_window.h"
 #include "net/art_net_setup.h"
 
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -15,7 +16,7 @@ namespace lumaris {
 class DeskApp;
 
 // "Art Net Setup": eight output rows with their Enable/Disable buttons, the node's
-// state, and the Destination field.
+// state, the Destination field and the Interface list.
 class ArtNetSetupWindow final : public ToolWindow, public DeskWindow {
  public:
   explicit ArtNetSetupWindow(DeskApp& app);
@@ -32,6 +33,7 @@ class ArtNetSetupWindow final : public ToolWindow, public DeskWindow {
   QLineEdit* state_box() const { return state_box_; }
   QLineEdit* Destination() const { return destination_; }
   QPushButton* Destination_Set() const { return destination_set_; }
+  QComboBox* interface_list() const { return interface_list_; }
   QPushButton* close_button() const { return close_button_; }
 
  private:
@@ -44,6 +46,7 @@ class ArtNetSetupWindow final : public ToolWindow, public DeskWindow {
   QLineEdit* destination_ = nullptr;
   QPushButton* destination_set_ = nullptr;
   QLabel* destination_status_ = nullptr;
+  QComboBox* interface_list_ = nullptr;
   QPushButton* close_button_ = nullptr;
 };
 

@@ -73,12 +73,14 @@ bool load_and_run(lumaris::Console& console, const ProgramOptions& line) {
 }
 
 // --smooth and --refresh-ms: output pacing for this run, never saved.
+// --artnet-bind: the address Art-Net uses for this run, never saved.
 // --artnet-target: where Art-Net goes for this run, never saved. The parser has
 // checked the text; the broadcast addresses of this computer's networks are
 // known only here. False (with the reason on stderr) when it is refused.
 bool apply_run_options(lumaris::Console& console, const ProgramOptions& line) {
   if (line.smooth) console.context().output_timing().set_run_smooth(true);
   if (line.refresh_ms) console.output_cycle().output_timer().set_interval(*line.refresh_ms);
+  if (line.artnet_bind) console.art_net().set_run_interface(*line.artnet_bind);
   if (!line.artnet_target) return true;
   using Check = lumaris::ArtNetNode::DestinationCheck;
   const Check check = console.art_net().set_run_destination(*line.artnet_target);
@@ -114,6 +116,8 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
     last_status = text;
     if (!keypad.feeding()) std::cout << text << std::endl;
   });
+
+  console.art_net().on_port_report([](const std::string& text) { std::cerr << "lumaris: " << text << std::endl; });
 
   QTimer stop_watch;
   watch_for_stop_signals(stop_watch);

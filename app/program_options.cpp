@@ -17,6 +17,8 @@ std::string usage_text() {
          "  --run                   with a show: enter run mode at start, so Auto screens play by themselves\n"
          "  --artnet-target ADDR    this run only: send Art-Net to ADDR instead of the broadcast\n"
          "                          address (\"\" = broadcast); Art-Net Setup keeps a lasting one\n"
+         "  --artnet-bind ADDR      this run only: send Art-Net from and listen on this computer's\n"
+         "                          address ADDR; Art-Net Setup keeps a lasting one\n"
          "  --sacn-target ADDR      this run only: send the sACN rows (or universe 1) to ADDR\n"
          "  --ola-universe N        this run only: send the frame to universe N of the local olad\n"
          "  --smooth                this run only: smooth output (fades at every frame, Art-Net every frame)\n"
@@ -98,6 +100,13 @@ ProgramOptions parse_program_options(const std::vector<std::string>& args) {
         return fail(artnet_target_not_an_address(*target));
       }
       line.artnet_target = *target;
+    } else if (arg == "--artnet-bind") {
+      const auto address = next();
+      if (!address || !is_unicast_target(*address)) {
+        return fail("--artnet-bind needs an IPv4 address of this computer such as 127.0.0.1, not \"" +
+                    address.value_or("") + "\"");
+      }
+      line.artnet_bind = *address;
     } else if (arg == "--sacn-target") {
       const auto target = next();
       if (!target || !is_unicast_target(*target)) {

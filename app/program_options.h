@@ -15,6 +15,7 @@ struct ProgramOptions {
   std::string screenshot_dir;   // --screenshot DIR
   std::string resave_out;       // --resave IN OUT
   std::optional<std::string> artnet_target;
+  std::optional<std::string> artnet_bind;     // --artnet-bind ADDR, this run only
   std::optional<std::string> sacn_target;     // --sacn-target ADDR, this run only
   std::optional<std::uint32_t> ola_universe;  // --ola-universe N, this run only
   bool smooth = false;                  // --smooth, this run only

@@ -23,7 +23,6 @@ constexpr const char* kLogStarted = "Art-Net Node Started...";
 constexpr const char* kLogInitError = "! Art-Net Init Error: ";
 constexpr const char* kLogPoll = "ArtPoll Recieved";
 constexpr const char* kLogUnknownOpCode = "Art-Net: NYI OpCode : 0x";
-constexpr const char* kLogDestination = "Art-Net destination: ";
 constexpr const char* kLogBadSetting = "Art-Net destination setting ignored, not an address: ";
 constexpr const char* kNoSocket = "no network socket on this computer";
 constexpr const char* kSendFailed = " Art-Net Sending Failed: ";
@@ -32,13 +31,10 @@ constexpr const char* kIndicatorFailed = "Art-Net sending fails: ";
 
 constexpr const char* kLogBroadcastSetting =
     "Art-Net destination setting ignored, a broadcast address: ";
-constexpr const char* kDeskDestination = "to ";
-constexpr const char* kDeskThisRun = " (this run)";
-constexpr const char* kDeskDestinationTip =
-    "Art-Net packets go to this address only (Setup > Art-Net Setup > Destination)";
-constexpr const char* kDeskThisRunTip =
-    "Art-Net packets go to this address only, given with --artnet-target for this run; "
-    "it is not saved";
+constexpr const char* kPortTaken = " Art-Net cannot use port 6454: ";
+constexpr const char* kPortTakenWhy =
+    " (another program holds it and does not share it); trying again every 3 s";
+constexpr const char* kPortFree = " Art-Net port 6454 is free again: Art-Net started";
 
 constexpr const char* kBroadcast10 = "10.255.255.255";
 constexpr const char* kBroadcast2 = "2.255.255.255";
@@ -49,14 +45,19 @@ ArtNetNode::ArtNetNode(DeskContext& context, UdpSocket* socket, MainDesk& main_d
     : context_(context),
       main_desk_(main_desk),
       socket_(socket),
-      art_time_(context.scheduler().create_timer(true)) {
+      art_time_(context.scheduler().create_timer(true)),
+      bind_retry_(context.scheduler().create_timer()) {
   art_time_->on_tick([this] { Art_Time_Tick(); });
+  bind_retry_->set_interval(kBindRetryInterval);
+  bind_retry_->on_tick([this] {
+    if (Art_Init() == 1) set_Art_Net_OK(true);
+  });
   if (socket_ != nullptr) {
     // Datagrams become desk events of their own, whatever thread the socket uses.
-    socket_->on_datagram([this](std::span<const std::uint8_t> datagram) {
+    socket_->on_datagram([this](std::span<const std::uint8_t> datagram, const std::string& sender) {
       context_.scheduler().post(
-          [this, bytes = std::vector<std::uint8_t>(datagram.begin(), datagram.end())] {
-            Art_Receive(bytes);
+          [this, sender, bytes = std::vector<std::uint8_t>(datagram.begin(), datagram.end())] {
+            Art_Receive(bytes, sender);
           });
     });
   }
@@ -67,6 +68,10 @@ ArtNetNode::ArtNetNode(DeskContext& context, UdpSocket* socket, MainDesk& main_d
       case DestinationCheck::NotAnAddress: Art_Log(kLogBadSetting + stored); break;
       case DestinationCheck::Broadcast: Art_Log(kLogBroadcastSetting + stored); break;
     }
+  }
+  if (Settings* settings = context.settings()) {
+    const std::string stored = settings->read(kInterfaceSetting).value_or("");
+    if (stored.empty() || parse_ipv4(stored)) interface_ = stored;
   }
   show_destination_on_desk();
 }
@@ -85,7 +90,9 @@ void ArtNetNode::send_rows(const DmxFrame& frame) {
 
 // A failing send holds the indicator red; it blinks again once packets leave.
 void ArtNetNode::blink() {
-  if (!send_error_) {
+  if (bind_error_) {
+    main_desk_.set_art_net_lamp(kPortTakenLamp);
+  } else if (!send_error_) {
     main_desk_.set_art_net_lamp(main_desk_.art_net_lamp() == Paint{kBlack} ? Paint{kGreen} : Paint{kBlack});
   }
 }
@@ -109,6 +116,7 @@ void ArtNetNode::take_frame(const DmxFrame& frame) {
 
 std::string ArtNetNode::status() const {
   if (!art_time_->enabled()) return "Art-Net off";
+  if (bind_error_) return "Art-Net waiting for port 6454: " + *bind_error_;
   // Art_Net_OK only says whether the next opening of the set-up initialises
   // again; packets go out whenever there is a destination.
   if (art_broadcast_.empty() || socket_ == nullptr) return "Art-Net not started";
@@ -129,12 +137,16 @@ int ArtNetNode::Art_Init() {
   }
   // Broadcast stays off until a broadcast destination is chosen below.
   socket_->set_broadcast(false);
-  if (const auto error = socket_->bind(artnet::kPort)) {
+  const std::string& bound_to = interface_in_force();
+  const auto error = socket_->bind(artnet::kPort, bound_to);
+  note_bind_result(error);
+  if (error) {
     Art_Log(kLogInitError + *error);
     return 0;
   }
   socket_->set_remote_port(artnet::kPort);
-  const std::string local = socket_->local_address();
+  // The automatic broadcast address follows the interface the node is bound to.
+  const std::string local = bound_to.empty() ? socket_->local_address() : bound_to;
   const std::string first = local.substr(0, local.find('.'));
   if (first == "10") {
     automatic_broadcast_ = kBroadcast10;
@@ -152,67 +164,32 @@ int ArtNetNode::Art_Init() {
   return 1;
 }
 
-void ArtNetNode::apply_destination() {
-  show_destination_on_desk();
-  if (automatic_broadcast_.empty()) return;  // not started: nothing is sent
-  const std::string& destination = destination_in_force();
-  if (destination.empty()) {
-    art_broadcast_ = automatic_broadcast_;
-    socket_->set_broadcast(true);
-  } else {
-    art_broadcast_ = destination;
-    socket_->set_broadcast(false);
-    Art_Log(kLogDestination + destination);
+// A taken port is said once, and once when it is had again; meanwhile the lamp
+// stays amber with the reason and binding is tried again on a timer of its own.
+void ArtNetNode::note_bind_result(std::optional<std::string> error) {
+  const bool was_taken = bind_error_.has_value();
+  bind_error_ = std::move(error);
+  bind_retry_->set_enabled(bind_error_.has_value());
+  std::string said;
+  if (bind_error_ && !was_taken) {
+    said = kPortTaken + *bind_error_ + kPortTakenWhy;
+    main_desk_.set_art_net_lamp(kPortTakenLamp);
+    main_desk_.set_art_net_lamp_tooltip(said.substr(1));
+  } else if (!bind_error_ && was_taken) {
+    said = kPortFree;
+    main_desk_.set_art_net_lamp(kBlack);
+    main_desk_.set_art_net_lamp_tooltip(MainDesk::kArtNetLampToolTip);
   }
-  socket_->set_remote_host(art_broadcast_);
+  if (said.empty()) return;
+  context_.status().show_both(said);
+  if (port_report_) port_report_(said.substr(1));
 }
 
-void ArtNetNode::show_destination_on_desk() {
-  const std::string& destination = destination_in_force();
-  if (destination.empty()) {
-    main_desk_.set_Art_Destination({}, {});
-  } else if (run_destination_) {
-    main_desk_.set_Art_Destination(kDeskDestination + destination + kDeskThisRun, kDeskThisRunTip);
-  } else {
-    main_desk_.set_Art_Destination(kDeskDestination + destination, kDeskDestinationTip);
-  }
-}
-
-ArtNetNode::DestinationCheck ArtNetNode::check_destination(const std::string& text) const {
-  if (text.empty()) return DestinationCheck::Accepted;
-  if (is_known_broadcast(text)) return DestinationCheck::Broadcast;
-  if (!is_unicast_target(text)) return DestinationCheck::NotAnAddress;
-  if (socket_ != nullptr) {
-    const auto broadcasts = socket_->broadcast_addresses();
-    if (std::find(broadcasts.begin(), broadcasts.end(), text) != broadcasts.end()) {
-      return DestinationCheck::Broadcast;
-    }
-  }
-  return DestinationCheck::Accepted;
-}
-
-ArtNetNode::DestinationCheck ArtNetNode::set_destination(const std::string& text) {
-  const DestinationCheck check = check_destination(text);
-  if (check != DestinationCheck::Accepted) return check;
-  destination_ = text;
-  run_destination_.reset();
-  if (Settings* settings = context_.settings()) {
-    if (text.empty()) {
-      settings->remove(kDestinationSetting);
-    } else {
-      settings->write(kDestinationSetting, text);
-    }
-  }
-  apply_destination();
-  return check;
-}
-
-ArtNetNode::DestinationCheck ArtNetNode::set_run_destination(const std::string& text) {
-  const DestinationCheck check = check_destination(text);
-  if (check != DestinationCheck::Accepted) return check;
-  run_destination_ = text;
-  apply_destination();
-  return check;
+void ArtNetNode::stop_retrying() {
+  bind_retry_->set_enabled(false);
+  if (!bind_error_) return;
+  bind_error_.reset();
+  main_desk_.set_art_net_lamp_tooltip(MainDesk::kArtNetLampToolTip);
 }
 
 void ArtNetNode::send(std::span<const std::uint8_t> packet) {
@@ -260,7 +237,7 @@ void ArtNetNode::Art_Send_Poll_Reply() {
   send(artnet::build_poll_reply(fields));
 }
 
-void ArtNetNode::Art_Receive(std::span<const std::uint8_t> packet) {
+void ArtNetNode::Art_Receive(std::span<const std::uint8_t> packet, const std::string& sender) {
   if (packet.size() < artnet::header::kSize || !artnet::has_id(packet)) return;
   const std::uint16_t op = artnet::opcode(packet);
   if (packet.size() < artnet::minimum_size(op)) return;
@@ -269,7 +246,7 @@ void ArtNetNode::Art_Receive(std::span<const std::uint8_t> packet) {
     Art_Log(kLogPoll);
     last_poll_.fill(0);
     std::copy_n(packet.begin(), std::min(packet.size(), last_poll_.size()), last_poll_.begin());
-    Art_Send_Poll_Reply();
+    if (may_answer_poll(sender)) Art_Send_Poll_Reply();
   } else if (op == artnet::kOpDmx) {
     if (artnet::dmx_universe(packet) == art_node_universe_) art_dmx_seen_ = true;
   } else {

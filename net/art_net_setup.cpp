@@ -32,6 +32,8 @@ constexpr const char* kBroadcastDestination =
     "receive Art-Net, such as 127.0.0.1, or leave the field empty to broadcast to the whole "
     "network automatically.";
 constexpr const char* kThisRun = " (this run only, --artnet-target)";
+constexpr const char* kEveryAddress = "Every address (automatic)";
+constexpr const char* kBindThisRun = " (this run only, --artnet-bind)";
 // Rows 0..8 count, as they always have; only 0..7 have buttons.
 constexpr int kRowsThatRun = 9;
 }  // namespace
@@ -39,13 +41,42 @@ constexpr int kRowsThatRun = 9;
 ArtNetSetup::ArtNetSetup(DeskContext& context, ArtNetNode& node, MainDesk& main_desk)
     : Window(kCaption), context_(context), node_(node), main_desk_(main_desk) {
   destination_text_ = node_.destination();
+  list_interfaces();
 }
 
 void ArtNetSetup::Form_Load() {
   for (Row& row : rows_) row.caption = kEnable;
   Refresh_Buttons();
   destination_text_ = node_.destination();
+  list_interfaces();
   start_node();
+}
+
+void ArtNetSetup::list_interfaces() {
+  interface_choices_ = {""};
+  for (const std::string& address : node_.local_addresses()) interface_choices_.push_back(address);
+  // A kept or given address that is not up now still shows as the one chosen.
+  const std::string& chosen = node_.interface_in_force();
+  if (Interface_Index() < 0) interface_choices_.push_back(chosen);
+  interface_items_.clear();
+  for (const std::string& address : interface_choices_) {
+    std::string item = address.empty() ? kEveryAddress : address;
+    if (address == chosen && node_.interface_for_this_run()) item += kBindThisRun;
+    interface_items_.push_back(item);
+  }
+}
+
+int ArtNetSetup::Interface_Index() const {
+  for (std::size_t i = 0; i < interface_choices_.size(); ++i) {
+    if (interface_choices_[i] == node_.interface_in_force()) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+void ArtNetSetup::Interface_Click(int index) {
+  if (index < 0 || index >= static_cast<int>(interface_choices_.size())) return;
+  node_.set_interface(interface_choices_[static_cast<std::size_t>(index)]);
+  list_interfaces();
 }
 
 void ArtNetSetup::start_node() {
@@ -92,11 +123,12 @@ void ArtNetSetup::Update_Send_Timer() {
   if (any) {
     art_time.set_interval(ArtNetNode::kArtInterval);
     art_time.set_enabled(true);
-    desk.set_art_net_lamp(kBlack);
+    desk.set_art_net_lamp(node_.idle_lamp());
     desk.set_Art_Label_enabled(true);
   } else {
     art_time.set_enabled(false);
     node_.forget_send_error();
+    node_.stop_retrying();
     desk.set_art_net_lamp(Paint{});
     desk.set_Art_Label_enabled(false);
     node_.set_Art_Net_OK(false);  // the next opening initialises again

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "base/colour.h"
 #include "core/window.h"
@@ -35,6 +36,13 @@ class ArtNetSetup : public Window {
   void Destination_Change(const std::string& text) { destination_text_ = text; }
   void Destination_Set_Click();
 
+  // The Interface list: every address (automatic) first, then this computer's
+  // addresses as they were when the window opened. Choosing one keeps it with
+  // this computer's settings and binds the running node to it at once.
+  const std::vector<std::string>& Interface_Items() const { return interface_items_; }
+  int Interface_Index() const;
+  void Interface_Click(int index);
+
   // The universe row i sends on: the one in its ArtDmx header while it is enabled,
   // its own index (what enabling it gives) while it is not.
   std::string universe_box(int i) const;
@@ -52,6 +60,7 @@ class ArtNetSetup : public Window {
   };
 
   void start_node();
+  void list_interfaces();
   void Refresh_Buttons();
   void Update_Send_Timer();
 
@@ -61,6 +70,8 @@ class ArtNetSetup : public Window {
   std::array<Row, kRows> rows_{};
   std::string state_box_;
   std::string destination_text_;
+  std::vector<std::string> interface_items_;
+  std::vector<std::string> interface_choices_;  // the address behind each item; "" = every address
 };
 
 }  // namespace lumaris

@@ -16,6 +16,8 @@ constexpr const char* kNotBuilt =
     "OLA is not built into this program (libola-dev was missing when it was built)";
 constexpr const char* kLost = " OLA: ";
 constexpr const char* kReconnected = " OLA connected again";
+constexpr const char* kNotAnswering =
+    "olad is not answering (it takes the connection but not the frames)";
 
 std::optional<std::uint32_t> parse_universe(const std::string& text) {
   if (text.empty() || text.size() > 10) return std::nullopt;
@@ -87,6 +89,8 @@ void OlaOutput::update_retry() {
     retry_->set_enabled(false);
     if (connected_) client_->disconnect();
     connected_ = false;
+    not_answering_ = false;
+    retry_->set_interval(kRetryInterval);
     problem_.clear();
     return;
   }
@@ -99,6 +103,7 @@ void OlaOutput::update_retry() {
 void OlaOutput::try_connect() {
   if (client_ == nullptr) return;
   if (const auto error = client_->connect()) {
+    if (not_answering_) return;  // one steady state until olad answers again
     if (problem_ != *error) {
       problem_ = *error;
       context_.status().show_both(kLost + problem_);
@@ -106,16 +111,36 @@ void OlaOutput::try_connect() {
     return;
   }
   connected_ = true;
+  connected_at_ms_ = context_.scheduler().now_ms();
   retry_->set_enabled(false);
+  if (not_answering_) return;  // it answers once frames have gone for kSettleTime
   if (!problem_.empty()) context_.status().show_both(kReconnected);
   problem_.clear();
 }
 
+void OlaOutput::retry_after(int interval_ms) {
+  retry_->set_interval(interval_ms);
+  retry_->set_enabled(true);
+}
+
+// A connection lost soon after it was made is a hung olad: waiting twice as long
+// each time spares it and the operator; one that carried frames a while is
+// simply gone, and tried again every second.
 void OlaOutput::lose_connection(const std::string& why) {
   connected_ = false;
+  if (context_.scheduler().now_ms() - connected_at_ms_ < kSettleTime) {
+    if (!not_answering_) {
+      not_answering_ = true;
+      problem_ = kNotAnswering;
+      context_.status().show_both(kLost + problem_);
+    }
+    retry_after(std::min(retry_->interval() * 2, kLongestRetryInterval));
+    return;
+  }
+  not_answering_ = false;
   problem_ = why;
   context_.status().show_both(kLost + why);
-  retry_->set_enabled(true);  // the first retry comes a second later
+  retry_after(kRetryInterval);  // the first retry comes a second later
 }
 
 void OlaOutput::take_frame(const DmxFrame& frame) {
@@ -123,6 +148,12 @@ void OlaOutput::take_frame(const DmxFrame& frame) {
   if (const auto error = client_->send_dmx(universe(), std::span<const std::uint8_t>(
                                                            frame.data(), kDmxSlots))) {
     lose_connection(*error);
+  } else if (not_answering_ &&
+             context_.scheduler().now_ms() - connected_at_ms_ >= kSettleTime) {
+    not_answering_ = false;
+    problem_.clear();
+    retry_->set_interval(kRetryInterval);
+    context_.status().show_both(kReconnected);
   }
 }
 
@@ -132,6 +163,7 @@ std::string OlaOutput::status() const {
   const std::string universe_text =
       "universe " + std::to_string(universe()) + (run_only() ? " (this run only)" : "");
   if (!running_) return "OLA stopped (" + universe_text + ")";
+  if (not_answering_) return "OLA " + universe_text + ": " + kNotAnswering + "; trying again";
   if (connected_) return "OLA sending " + universe_text;
   return "OLA " + universe_text + ": " + (problem_.empty() ? "connecting" : problem_) +
          "; trying again every second";

@@ -17,12 +17,17 @@ class Timer;
 // there to every device and protocol OLA drives. The universe and whether it is
 // on are this computer's settings. When olad is not there, or goes away, the desk
 // runs on, the status says so, and a reconnect is tried once a second on a timer
-// of its own, never inside an output tick.
+// of its own, never inside an output tick. An olad that takes the connection but
+// not the frames (hung) loses each connection soon after it is made: it is shown
+// once as not answering, and tried again less and less often, until a
+// connection carries frames for kSettleTime.
 class OlaOutput final : public OutputSink {
  public:
   static constexpr const char* kUniverseSetting = "ola/universe";
   static constexpr const char* kEnabledSetting = "ola/enabled";
   static constexpr int kRetryInterval = 1000;
+  static constexpr int kLongestRetryInterval = 30000;
+  static constexpr int kSettleTime = 5000;
   static constexpr std::uint32_t kDefaultUniverse = 1;
 
   // A null client: this program was built without OLA; enabling it is refused.
@@ -54,6 +59,7 @@ class OlaOutput final : public OutputSink {
   void try_connect();
   void lose_connection(const std::string& why);
   void update_retry();
+  void retry_after(int interval_ms);
 
   DeskContext& context_;
   OlaClient* client_ = nullptr;
@@ -63,6 +69,8 @@ class OlaOutput final : public OutputSink {
   std::optional<std::uint32_t> run_universe_;
   bool running_ = false;
   bool connected_ = false;
+  bool not_answering_ = false;
+  double connected_at_ms_ = 0;
   std::string problem_;
 };
 

@@ -9,10 +9,18 @@
 
 namespace lumaris {
 
+// One IPv4 network this computer is on: an interface's address and netmask, as dotted quads.
+struct LocalNetwork {
+  std::string address;
+  std::string netmask;
+};
+
 // One IPv4 UDP socket, as the Art-Net node needs it.
 class UdpSocket {
  public:
-  using DatagramHandler = std::function<void(std::span<const std::uint8_t>)>;
+  // A datagram and the address it came from, as a dotted quad.
+  using DatagramHandler =
+      std::function<void(std::span<const std::uint8_t>, const std::string& sender)>;
 
   virtual ~UdpSocket() = default;
 
@@ -28,6 +36,8 @@ class UdpSocket {
   virtual std::string local_address() const = 0;
   // The broadcast address of every IPv4 interface that has one, as dotted quads.
   virtual std::vector<std::string> broadcast_addresses() const = 0;
+  // Every IPv4 network of an interface that is up, loopback included.
+  virtual std::vector<LocalNetwork> local_networks() const = 0;
 
   virtual void set_remote_host(const std::string& host) = 0;
   virtual void set_remote_port(std::uint16_t port) = 0;

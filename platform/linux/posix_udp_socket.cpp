@@ -20,6 +20,13 @@ constexpr const char* kNoDestination = "no destination address";
 // subnet's broadcast address (10.255.255.255 on a /8) looks like any other.
 constexpr const char* kBroadcastRefused = "the destination is a broadcast address";
 
+std::string dotted(const sockaddr* address) {
+  std::array<char, INET_ADDRSTRLEN> text{};
+  const auto* v4 = reinterpret_cast<const sockaddr_in*>(address);
+  if (inet_ntop(AF_INET, &v4->sin_addr, text.data(), text.size()) == nullptr) return {};
+  return text.data();
+}
+
 std::string send_error(int error) {
   if (error == EACCES) return std::string(kBroadcastRefused) + " (" + std::strerror(error) + ")";
   return std::strerror(error);
@@ -47,6 +54,11 @@ std::optional<std::string> PosixUdpSocket::bind(std::uint16_t port,
   }
   const int fd = ::socket(AF_INET, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
   if (fd < 0) return std::string(std::strerror(errno));
+  // Other Art-Net programs on this computer (a visualiser, a second tool) listen
+  // on the same port; a program that does not share it still makes bind fail.
+  const int on = 1;
+  ::setsockopt(fd, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+  ::setsockopt(fd, SOL_SOCKET, SO_REUSEPORT, &on, sizeof on);
   if (::bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
     const int error = errno;
     ::close(fd);
@@ -109,6 +121,21 @@ std::vector<std::string> PosixUdpSocket::broadcast_addresses() const {
   return addresses;
 }
 
+std::vector<LocalNetwork> PosixUdpSocket::local_networks() const {
+  std::vector<LocalNetwork> networks;
+  ifaddrs* list = nullptr;
+  if (getifaddrs(&list) != 0) return networks;
+  for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next) {
+    if ((entry->ifa_flags & IFF_UP) == 0 || entry->ifa_addr == nullptr ||
+        entry->ifa_addr->sa_family != AF_INET || entry->ifa_netmask == nullptr) {
+      continue;
+    }
+    networks.push_back({dotted(entry->ifa_addr), dotted(entry->ifa_netmask)});
+  }
+  freeifaddrs(list);
+  return networks;
+}
+
 void PosixUdpSocket::set_remote_host(const std::string& host) {
   in_addr address{};
   if (inet_pton(AF_INET, host.c_str(), &address) == 1) {
@@ -148,12 +175,18 @@ std::optional<std::string> PosixUdpSocket::send(std::span<const std::uint8_t> da
 void PosixUdpSocket::read_pending() {
   std::array<std::uint8_t, kReceiveBuffer> buffer{};
   while (fd_ >= 0) {
-    const ssize_t size = ::recv(fd_, buffer.data(), buffer.size(), 0);
+    sockaddr_in from{};
+    socklen_t from_size = sizeof from;
+    const ssize_t size = ::recvfrom(fd_, buffer.data(), buffer.size(), 0,
+                                    reinterpret_cast<sockaddr*>(&from), &from_size);
     if (size < 0) {
       if (errno == EINTR) continue;
       return;  // EAGAIN: all read; other errors are dropped like the datagram
     }
-    if (handler_) handler_(std::span<const std::uint8_t>(buffer.data(), static_cast<std::size_t>(size)));
+    if (handler_) {
+      handler_(std::span<const std::uint8_t>(buffer.data(), static_cast<std::size_t>(size)),
+               dotted(reinterpret_cast<const sockaddr*>(&from)));
+    }
   }
 }
 

@@ -20,10 +20,10 @@ struct InterfaceAddress {
 // The first non-loopback IPv4 address of an interface that is up; empty when none.
 std::string choose_local_address(const std::vector<InterfaceAddress>& interfaces);
 
-// The Art-Net socket on Linux: a non-blocking IPv4 UDP socket. It is never bound
-// with SO_REUSEADDR, so a port another program holds makes bind fail, and it
-// sends to broadcast addresses only while broadcast is allowed (the kernel
-// refuses them otherwise). Arrived datagrams are read by read_pending(), which
+// The Art-Net socket on Linux: a non-blocking IPv4 UDP socket, bound with address
+// reuse so that other programs can listen on the same port (one that holds the
+// port without sharing it still makes bind fail). It sends to broadcast
+// addresses only while broadcast is allowed (the kernel refuses them otherwise). Arrived datagrams are read by read_pending(), which
 // the owner calls when the descriptor is readable.
 class PosixUdpSocket final : public UdpSocket {
  public:
@@ -36,6 +36,7 @@ class PosixUdpSocket final : public UdpSocket {
   void close() override;
   std::string local_address() const override;
   std::vector<std::string> broadcast_addresses() const override;
+  std::vector<LocalNetwork> local_networks() const override;
   void set_remote_host(const std::string& host) override;
   void set_remote_port(std::uint16_t port) override { remote_port_ = port; }
   void set_broadcast(bool allowed) override;

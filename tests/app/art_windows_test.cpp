@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -46,6 +47,11 @@ TEST_F(ArtWindows, TheSetupRowButtonAndDestinationReachTheNode) {
   emit window.Destination()->textEdited(window.Destination()->text());
   window.Destination_Set()->click();
   EXPECT_EQ(art_net().Art_Broadcast(), "127.0.0.1");
+
+  ASSERT_EQ(window.interface_list()->count(), 3);  // every address, 192.168.1.5, 127.0.0.1
+  emit window.interface_list()->activated(2);
+  EXPECT_EQ(udp.bound_address(), "127.0.0.1");
+  EXPECT_EQ(window.interface_list()->currentIndex(), 2);
 
   window.close_button()->click();
   EXPECT_FALSE(window.isVisible());

@@ -36,6 +36,15 @@ TEST(ProgramOptions, SmoothAndRefreshMsAreTakenWithAnyOtherOptionsInAnyOrder) {
   }
 }
 
+TEST(ProgramOptions, ArtNetBindTakesOneAddressOfThisComputerAndRefusesAnythingElse) {
+  EXPECT_EQ(parse_program_options({"--artnet-bind", "127.0.0.1", "--headless"}).artnet_bind, "127.0.0.1");
+  for (const Args& bad : {Args{"--artnet-bind"}, Args{"--artnet-bind", "0.0.0.0"}, Args{"--artnet-bind", "lo"}}) {
+    const ProgramOptions line = parse_program_options(bad);
+    EXPECT_EQ(line.mode, Mode::Error);
+    EXPECT_NE(line.error.find("--artnet-bind needs an IPv4 address"), std::string::npos);
+  }
+}
+
 TEST(ProgramOptions, ARefreshThatIsNoWholeNumberOf10To750MsOrMissingIsRefusedWithWhatWasGiven) {
   for (const char* bad : {"9", "751", "0", "-20", "2.5", " 40", "", "abc", "99999999999", "--smooth"}) {
     const ProgramOptions line = parse_program_options({"--refresh-ms", bad, "show.xml"});

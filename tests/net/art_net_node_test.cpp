@@ -203,6 +203,34 @@ TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtN
   EXPECT_EQ(said.size(), 3u);
 }
 
+TEST(ArtNetNode, ATakenPortHoldsTheLampAmberWithItsReasonAndIsTriedAgainUntilFree) {
+  ArtNetDesk t;
+  t.build();
+  std::vector<std::string> reported;
+  t.node().on_port_report([&](const std::string& text) { reported.push_back(text); });
+  t.udp.hold_port("Address already in use");
+  ASSERT_TRUE(t.load_show_with_rows({0}));
+  const std::string taken = "Art-Net cannot use port 6454: Address already in use (another program "
+                            "holds it and does not share it); trying again every 3 s";
+  EXPECT_EQ(t.main_desk().art_net_lamp_tooltip(), taken);
+  EXPECT_EQ(t.node().status(), "Art-Net waiting for port 6454: Address already in use");
+  t.desk.scheduler.advance(10000);
+  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{ArtNetNode::kPortTakenLamp}) << "held, not blinking";
+  EXPECT_EQ(reported, std::vector<std::string>{taken}) << "said once, not at every retry";
+  EXPECT_TRUE(t.udp.sent().empty());
+
+  t.udp.release_port();
+  t.desk.scheduler.advance(ArtNetNode::kBindRetryInterval);
+  EXPECT_EQ(t.udp.bound_port(), 6454);
+  EXPECT_EQ(t.console().status().main(), " Art-Net port 6454 is free again: Art-Net started");
+  EXPECT_EQ(reported.size(), 2u);
+  EXPECT_EQ(t.main_desk().art_net_lamp_tooltip(), "Art-Net output");
+  t.udp.clear_sent();
+  t.desk.scheduler.advance(100);
+  EXPECT_EQ(t.udp.sent().size(), 1u);
+  EXPECT_NE(t.main_desk().art_net_lamp(), Paint{ArtNetNode::kPortTakenLamp});
+}
+
 // With smooth output Art-Net carries every frame the output cycle builds, as it
 // builds it, and Art_Time sends nothing of its own.
 TEST(ArtNetNode, SmoothOutputSendsEachFrameRightAfterItsTick) {

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
+#include <vector>
 
 #include "net/ipv4_address.h"
 #include "tests/net/art_net_desk.h"
@@ -42,6 +44,28 @@ TEST(ArtConfig, OpeningStartsTheNodeAndButtonsToggleTheirRowWithItsOwnUniverse) 
   EXPECT_EQ(t.config().enable_button_colour(4), Paint{kRed});
   t.open_setup();
   EXPECT_EQ(t.config().state_box(), " Art-Net Initialized") << "every row was off: initialised again";
+}
+
+TEST(ArtConfig, TheInterfaceChosenIsKeptAndBoundAtOnceAndOneForThisRunIsNeverSaved) {
+  ArtNetDesk t;
+  t.udp.set_networks({{"10.0.0.7", "255.0.0.0"}, {"127.0.0.1", "255.0.0.0"}});
+  t.build();
+  ASSERT_TRUE(t.node().set_run_interface("127.0.0.1"));
+  EXPECT_FALSE(t.node().set_run_interface("10.0.0"));
+  t.open_setup();
+  EXPECT_EQ(t.udp.bound_address(), "127.0.0.1");
+  EXPECT_EQ(t.config().Interface_Items(),
+            (std::vector<std::string>{"Every address (automatic)", "10.0.0.7",
+                                      "127.0.0.1 (this run only, --artnet-bind)"}));
+  EXPECT_EQ(t.config().Interface_Index(), 2);
+  EXPECT_FALSE(t.settings.read(ArtNetNode::kInterfaceSetting).has_value());
+
+  t.config().Interface_Click(1);
+  EXPECT_EQ(std::tuple(t.udp.bound_address(), t.node().Art_Broadcast()), std::tuple("10.0.0.7", "10.255.255.255"));
+  EXPECT_EQ(t.settings.read(ArtNetNode::kInterfaceSetting), "10.0.0.7");
+  t.config().Interface_Click(0);
+  EXPECT_EQ(t.udp.bound_address(), "");
+  EXPECT_FALSE(t.settings.read(ArtNetNode::kInterfaceSetting).has_value());
 }
 
 TEST(ArtDestination, CommandLineDestinationHoldsForThisRunOnlyUntilSetKeepsOneForEveryPacket) {

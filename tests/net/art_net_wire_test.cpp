@@ -105,4 +105,25 @@ TEST(ArtNetWire, ArtPollIsAnsweredWithAPollReplyNamingTheMainDeskAsCaptionedNow)
             poll_reply_expected("Theatre of the Long Name - Act One - Scene Two - Evening Perform"));
 }
 
+TEST(ArtNetWire, PollsAreAnsweredAFewTimesASecondAndOnlyFromTheNodesOwnNetworks) {
+  ArtNetDesk t;
+  t.build();
+  t.open_setup();
+  t.udp.deliver(art_packet(0x2000, 14), "203.0.113.9");  // a forged or far-away source
+  t.udp.deliver(art_packet(0x2000, 14), "192.168.2.20");
+  t.udp.deliver(art_packet(0x2000, 14), "not an address");
+  t.desk.scheduler.run_posted();
+  EXPECT_TRUE(t.udp.sent().empty());
+  t.arrive(art_packet(0x2000, 14));
+  for (int i = 0; i < 10; ++i) t.udp.deliver(art_packet(0x2000, 14), i % 2 ? "127.0.0.1" : "192.168.1.77");
+  t.desk.scheduler.run_posted();
+  EXPECT_EQ(t.udp.sent().size(), 3u);
+  t.desk.scheduler.advance(999);
+  t.arrive(art_packet(0x2000, 14));
+  EXPECT_EQ(t.udp.sent().size(), 3u);
+  t.desk.scheduler.advance(1);
+  t.arrive(art_packet(0x2000, 14));
+  EXPECT_EQ(t.udp.sent().size(), 4u) << "again a second after the first";
+}
+
 }  // namespace lumaris

@@ -4,6 +4,7 @@
 // and no socket is opened at all.
 #include <gtest/gtest.h>
 #include <net/if.h>
+#include <netinet/in.h>
 #include <poll.h>
 #include <sched.h>
 #include <sys/ioctl.h>
@@ -94,13 +95,24 @@ TEST(RealSocket, LocalAddressIsTheFirstUpNonLoopbackIpv4) {
 }
 
 // Datagrams themselves travel in the desk's tests below.
-TEST(RealSocket, APortIsBoundOnceAndBroadcastIsRefusedWhileOff) {
+TEST(RealSocket, APortIsSharedUnlessHeldAndBroadcastIsRefusedWhileOff) {
   run_in_own_network([]() -> std::string {
+    const int holder = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    sockaddr_in any{};
+    any.sin_family = AF_INET;
+    any.sin_port = htons(6454);
+    if (::bind(holder, reinterpret_cast<const sockaddr*>(&any), sizeof any) != 0) return "holder bind";
+    const auto held = PosixUdpSocket().bind(6454, {});
+    ::close(holder);
+    if (!held || held->empty()) return "a port held without sharing should refuse the bind";
     PosixUdpSocket socket;
     if (socket.local_address() != "") return "only loopback should be up in the namespace";
+    const auto networks = socket.local_networks();
+    if (networks.size() != 1 || networks[0].address != "127.0.0.1" || networks[0].netmask != "255.0.0.0") {
+      return "the namespace's one network is 127.0.0.1/8";
+    }
     if (socket.bind(6454, {})) return "bind 6454 failed";
-    const auto taken = PosixUdpSocket().bind(6454, {});
-    if (!taken || taken->empty()) return "a second bind to 6454 should fail";
+    if (PosixUdpSocket().bind(6454, "127.0.0.1")) return "another Art-Net program should share 6454";
     socket.set_remote_port(6454);
     socket.set_broadcast(false);
     // The kernel refuses the loopback network's broadcast address; the limited one is refused before it.
@@ -179,7 +191,7 @@ TEST(RealSocket, SacnReachesLoopbackAndEndsWithTermination) {
     PosixUdpSocket receiver;
     if (receiver.bind(sacn::kPort, "127.0.0.1")) return "bind 5568 failed";
     std::vector<std::vector<std::uint8_t>> received;
-    receiver.on_datagram([&](std::span<const std::uint8_t> d) { received.emplace_back(d.begin(), d.end()); });
+    receiver.on_datagram([&](std::span<const std::uint8_t> d, const std::string&) { received.emplace_back(d.begin(), d.end()); });
     PosixUdpSocket sender;
     TestConsole desk;
     desk.services.sacn_socket = &sender;

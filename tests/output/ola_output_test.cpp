@@ -83,6 +83,31 @@ TEST_F(OlaDesk, MissingOrVanishingOladIsRetriedOnceASecondWhileTheDeskRuns) {
   EXPECT_FALSE(olad.frames.empty());
 }
 
+TEST_F(OlaDesk, AHungOladIsShownOnceAsNotAnsweringAndTriedLessOftenUntilItAnswers) {
+  olad.olad_hung = true;
+  build(&olad);
+  std::vector<std::string> said;
+  desk.console->status().on_main_change([&](const std::string& s) { said.push_back(s); });
+  ASSERT_FALSE(output().set_enabled(true));
+  desk.scheduler.advance(10000);
+  const std::string steady = output().status();
+  EXPECT_EQ(steady, "OLA universe 1: olad is not answering (it takes the connection but not the "
+                    "frames); trying again");
+  desk.scheduler.advance(80000);
+  EXPECT_EQ(said, std::vector<std::string>{" OLA: olad is not answering (it takes the connection but not the frames)"});
+  EXPECT_EQ(output().status(), steady);
+  EXPECT_LE(olad.connect_attempts, 8) << "backing off: 1, 2, 4, 8, 16, 30 s";
+
+  olad.olad_hung = false;
+  for (int waited = 0; !olad.connected && waited < OlaOutput::kLongestRetryInterval; waited += 100) {
+    desk.scheduler.advance(100);
+  }
+  EXPECT_EQ(output().status(), steady) << "not answering until frames have gone a while";
+  desk.scheduler.advance(OlaOutput::kSettleTime);
+  EXPECT_EQ(said.back(), " OLA connected again");
+  EXPECT_EQ(output().status(), "OLA sending universe 1");
+}
+
 TEST_F(OlaDesk, RunUniverseSendsAndIsNeverSaved) {
   desk.services.ola_universe = 7;
   build(&olad);

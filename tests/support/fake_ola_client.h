@@ -9,13 +9,14 @@
 
 namespace lumaris {
 
-// An olad the test starts and stops: records every frame it is sent.
+// An olad the test starts, stops or hangs: records every frame it is sent.
 class FakeOlaClient final : public OlaClient {
  public:
   std::optional<std::string> connect() override {
     ++connect_attempts;
     if (!olad_running) return "olad is not running";
     connected = true;
+    frames_waiting = 0;
     return std::nullopt;
   }
   void disconnect() override { connected = false; }
@@ -26,6 +27,10 @@ class FakeOlaClient final : public OlaClient {
       connected = false;
       return "olad went away";
     }
+    if (olad_hung && ++frames_waiting > kSocketFrames) {
+      connected = false;
+      return "olad takes no frames (its socket is full)";
+    }
     frames.push_back({universe, std::vector<std::uint8_t>(slots.begin(), slots.end())});
     return std::nullopt;
   }
@@ -35,6 +40,10 @@ class FakeOlaClient final : public OlaClient {
     std::vector<std::uint8_t> slots;
   };
   bool olad_running = true;
+  // Hung: takes the connection and reads nothing, so the socket fills after a few frames.
+  bool olad_hung = false;
+  static constexpr int kSocketFrames = 40;
+  int frames_waiting = 0;
   bool connected = false;
   int connect_attempts = 0;
   std::vector<Frame> frames;

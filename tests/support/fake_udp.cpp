@@ -2,8 +2,10 @@
 
 namespace lumaris {
 
-std::optional<std::string> FakeUdp::bind(std::uint16_t port, const std::string&) {
+std::optional<std::string> FakeUdp::bind(std::uint16_t port, const std::string& local_address) {
   bound_port_.reset();
+  bound_address_ = local_address;
+  if (port_held_) return port_held_;
   if (bind_error_) {
     std::string error = std::move(*bind_error_);
     bind_error_.reset();
@@ -21,8 +23,8 @@ std::optional<std::string> FakeUdp::send(std::span<const std::uint8_t> datagram)
   return std::nullopt;
 }
 
-void FakeUdp::deliver(const std::vector<std::uint8_t>& datagram) {
-  if (handler_) handler_(datagram);
+void FakeUdp::deliver(const std::vector<std::uint8_t>& datagram, const std::string& sender) {
+  if (handler_) handler_(datagram, sender);
 }
 
 }  // namespace lumaris

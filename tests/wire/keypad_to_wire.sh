@@ -1,33 +1,26 @@
 #!/usr/bin/env bash
 # From the keypad to the wire: the real program, headless, reads a key line from
-# a pipe and its ArtDmx reaches a receiver on another host. The two hosts are
-# network namespaces this test makes, joined by a veth pair (10.77.1.1 and
-# 10.77.1.2); nothing leaves them. Without the right to make namespaces the test
-# is skipped.
+# a pipe and its ArtDmx reaches a receiver on the same loopback, in a network
+# namespace this test makes (own_network.sh).
 set -u
 lumaris=$1
 receiver=$2
 show_source=$3
-. "$(dirname "$0")/two_hosts.sh"
-make_two_hosts keys 10.77.1
+. "$(dirname "$0")/own_network.sh" "$@"
 
 sed 's#<Universe>0</Universe>#<Universe>9</Universe>#' "$show_source" >"$work/show.xml"
 grep -q '<Universe>9</Universe>' "$work/show.xml" || fail "the show has no Art-Net row"
 
 # Ten slots lit: channels 1..8 and 12 at full, 9 at half.
-ip netns exec "$host_b" "$receiver" 10.77.1.2 6454 20 10 12 >"$work/receiver.log" 2>&1 &
-receiver_pid=$!
-pids+=("$receiver_pid")
-wait_listening "$work/receiver.log"
-
+start_receiver 20 10 12
 mkdir -p "$work/home"
 printf '9.50\n1*8+12.000' |
   HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config" \
-  ip netns exec "$host_a" "$lumaris" --headless --artnet-target 10.77.1.2 "$work/show.xml" \
+  "$lumaris" --headless --artnet-bind 127.0.0.1 --artnet-target 127.0.0.2 "$work/show.xml" \
   >"$work/lumaris.log" 2>&1 &
 pids+=($!)
 
-wait "$receiver_pid" || fail "the keyed levels never reached the other host"
+wait "$receiver_pid" || fail "the keyed levels never reached the receiver"
 line=$(grep '^universe' "$work/receiver.log")
 [ "$line" = "universe 9 length 512 levels 10 first 255 255 255 255 255 255 255 255 128 0 0 255" ] ||
   fail "received: $line"

@@ -1,6 +1,6 @@
-# Two hosts for a wire test: network namespaces joined by a veth pair, the
+# Two hosts for a wire harness: network namespaces joined by a veth pair, the
 # program's host at ${subnet}.1 and the receiver's at ${subnet}.2. Nothing leaves
-# them. Sourced by the wire tests and harnesses:
+# them. Sourced by harnesses that need a real wire between two hosts:
 #   . two_hosts.sh; make_two_hosts NAME 10.77.0   (skips with 77 where namespaces cannot be made)
 # Sets host_a, host_b and work; `pids+=(...)` processes are stopped on exit.
 work=$(mktemp -d)
@@ -25,13 +25,13 @@ make_two_hosts() {  # name subnet
     echo "SKIP: this machine does not let the test make network namespaces"
     exit 77
   fi
-  ip -n "$host_a" link add wire_a type veth peer name wire_b netns "$host_b" || fail "veth pair"
-  ip -n "$host_a" link set lo up
-  ip -n "$host_b" link set lo up
-  ip -n "$host_a" addr add "$subnet.1/24" dev wire_a
-  ip -n "$host_b" addr add "$subnet.2/24" dev wire_b
-  ip -n "$host_a" link set wire_a up
-  ip -n "$host_b" link set wire_b up
+  # Any failure while making the wire is a skip with its reason, never a failure.
+  { ip -n "$host_a" link add wire_a type veth peer name wire_b netns "$host_b" &&
+    ip -n "$host_a" link set lo up && ip -n "$host_b" link set lo up &&
+    ip -n "$host_a" addr add "$subnet.1/24" dev wire_a &&
+    ip -n "$host_b" addr add "$subnet.2/24" dev wire_b &&
+    ip -n "$host_a" link set wire_a up && ip -n "$host_b" link set wire_b up; } 2>"$work/setup.err" ||
+    { echo "SKIP: the test's network could not be set up: $(cat "$work/setup.err")"; exit 77; }
 }
 
 # Waits until the receiver's log says it listens, at most 5 s.
