@@ -1,11 +1,90 @@
 #include "app/desk_app.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <functional>
 
 #include "app/main_desk_window.h"
 #include "app/widgets/sync.h"
 
 namespace lumaris {
+
+namespace {
+
+// Typed text reaches the desk where a person expects it to. A box the operator
+// is typing into holds an edit until it is committed (QLineEdit::isModified);
+// re-syncs leave such a box alone (sync::text), so neither a timer nor the
+// network ever replaces what is being typed. The edit is committed
+// - when the operator presses any other control of the same window (OK, Apply,
+//   <, >, Record, a slider): the window's pending edits are committed first, as
+//   Tab would, so a button that never takes the focus still acts on them;
+// - by Return, or by leaving the box: the box then shows the desk's value again
+//   (a refused edit is undone) and the windows are re-synced.
+class EditCommits final : public QObject {
+ public:
+  explicit EditCommits(std::function<void()> refresh) : refresh_(std::move(refresh)) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto* edit = qobject_cast<QLineEdit*>(watched);
+    switch (event->type()) {
+      case QEvent::MouseButtonPress:
+        if (auto* widget = qobject_cast<QWidget*>(watched); widget != nullptr && edit == nullptr) {
+          commit_pending(widget->window());
+        }
+        break;
+      case QEvent::KeyPress: {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (edit != nullptr && (key == Qt::Key_Return || key == Qt::Key_Enter)) end_later(edit);
+        break;
+      }
+      case QEvent::FocusOut:
+        if (edit != nullptr && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
+          end_later(edit);
+        }
+        break;
+      default:
+        break;
+    }
+    return false;
+  }
+
+ private:
+  // Boxes inside spin boxes and combo boxes belong to those controls.
+  static bool own_box(const QLineEdit* edit) {
+    const QWidget* parent = edit->parentWidget();
+    return qobject_cast<const QAbstractSpinBox*>(parent) == nullptr &&
+           qobject_cast<const QComboBox*>(parent) == nullptr;
+  }
+
+  static void commit_pending(QWidget* window) {
+    for (QLineEdit* edit : window->findChildren<QLineEdit*>()) {
+      if (!edit->isModified() || edit->isReadOnly() || !own_box(edit)) continue;
+      edit->setModified(false);
+      emit edit->editingFinished();
+    }
+  }
+
+  // Qt commits the box itself (editingFinished) while it handles the key or the
+  // focus change; afterwards the box follows the desk again.
+  void end_later(QLineEdit* edit) {
+    QPointer<QLineEdit> box(edit);
+    QMetaObject::invokeMethod(
+        this,
+        [this, box] {
+          if (box != nullptr) box->setModified(false);
+          refresh_();
+        },
+        Qt::QueuedConnection);
+  }
+
+  std::function<void()> refresh_;
+};
+
+}  // namespace
 
 DeskApp::DeskApp(PlatformServices services) {
   services.scheduler = &scheduler_;
@@ -16,10 +95,18 @@ DeskApp::DeskApp(PlatformServices services) {
   main_window_ = static_cast<MainDeskWindow*>(windows_.front().get());
   synced_.resize(windows_.size());
   dialogs_.set_parent_provider([] { return QApplication::activeWindow(); });
-  scheduler_.set_after_event([this] { refresh(scheduler_.event_was_tick()); });
+  scheduler_.set_after_event([this] { refresh(!scheduler_.event_was_operator()); });
+  edit_commits_ = std::make_unique<EditCommits>([this] { refresh_windows(); });
+  if (QCoreApplication* qt = QCoreApplication::instance()) qt->installEventFilter(edit_commits_.get());
 }
 
-DeskApp::~DeskApp() = default;
+// Closing: no event reaches the engine and no window re-syncs while the windows
+// go, whatever a box that loses its focus on the way says.
+DeskApp::~DeskApp() {
+  closing_ = true;
+  edit_commits_.reset();
+  windows_.clear();
+}
 
 void DeskApp::start() {
   scheduler_.run_event([this] { console_->start(); });
@@ -32,12 +119,14 @@ void DeskApp::show_main_window() {
 
 void DeskApp::refresh_windows() { refresh(false); }
 
-// A window is walked only while it is shown and not minimised. After a timer's
-// tick a part of its walk is skipped when a dry pass finds the values it would
-// write unchanged; after the operator's events the walk always runs in full, so
-// a widget the operator edited shows the model again even when the model
-// refused the edit.
-void DeskApp::refresh(bool timer_tick) {
+// A window is walked only while it is shown and not minimised. After an event
+// that is not the operator's (a timer's tick, a datagram, a MIDI message, the
+// terminal) a part of its walk is skipped when a dry pass finds the values it
+// would write unchanged; after the operator's events the walk always runs in
+// full, so a widget the operator moved shows the model again even when the
+// model refused the move. A box with an edit under way is left alone either way.
+void DeskApp::refresh(bool background) {
+  if (closing_) return;
   for (std::size_t i = 0; i < windows_.size(); ++i) {
     DeskWindow& window = *windows_[i];
     QWidget* widget = window.widget();
@@ -51,7 +140,7 @@ void DeskApp::refresh(bool timer_tick) {
         window.sync_part(part);
         fingerprints_[static_cast<std::size_t>(part)] = dry.value();
       }
-      if (!timer_tick || synced.size() != fingerprints_.size()) {
+      if (!background || synced.size() != fingerprints_.size()) {
         window.sync();
         ++walks_;
       } else if (synced != fingerprints_) {

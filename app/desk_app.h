@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <QObject>
+
 #include "app/desk_window.h"
 #include "console/console.h"
 #include "platform/clock.h"
@@ -29,10 +31,12 @@ class DeskApp {
   Console& console() { return *console_; }
   QtScheduler& scheduler() { return scheduler_; }
 
-  // Runs an operator event on the engine, then re-syncs the windows.
+  // Runs an operator event from a window on the engine, then re-syncs the
+  // windows. Nothing runs once the desk is closing.
   template <typename Work>
   void handle(Work&& work) {
-    scheduler_.run_event(std::forward<Work>(work));
+    if (closing_) return;
+    scheduler_.run_operator_event(std::forward<Work>(work));
   }
   // Re-syncs every shown window in full.
   void refresh_windows();
@@ -43,6 +47,7 @@ class DeskApp {
   MainDeskWindow& main_window() { return *main_window_; }
 
  private:
+  bool closing_ = false;
   QtScheduler scheduler_;
   QtDialogs dialogs_;
   SystemClock clock_;
@@ -54,8 +59,9 @@ class DeskApp {
   std::vector<std::vector<std::uint64_t>> synced_;
   std::vector<std::uint64_t> fingerprints_;  // of the window being refreshed
   long walks_ = 0;
+  std::unique_ptr<QObject> edit_commits_;
 
-  void refresh(bool timer_tick);
+  void refresh(bool background);
 };
 
 // Creates every Qt window of the console; the main desk comes first.

@@ -92,7 +92,10 @@ inline bool dry(const void* widget, double value) {
 
 inline QString q(const std::string& text) { return QString::fromStdString(text); }
 
+// A box with an edit under way keeps what the operator typed until the edit is
+// committed (see DeskApp); then it shows the model's value again.
 inline void text(QLineEdit* edit, const std::string& value) {
+  if (edit->isModified()) return;
   if (dry(edit, value)) return;
   const QString wanted = q(value);
   if (edit->text() == wanted) return;

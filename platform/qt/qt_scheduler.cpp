@@ -67,6 +67,12 @@ void QtScheduler::post(std::function<void()> work) {
 }
 
 bool QtScheduler::run_event(const std::function<void()>& work, const void* source) {
+  return run(work, source, false);
+}
+
+void QtScheduler::run_operator_event(const std::function<void()>& work) { run(work, nullptr, true); }
+
+bool QtScheduler::run(const std::function<void()>& work, const void* source, bool from_operator) {
   if (source != nullptr &&
       std::find(running_.begin(), running_.end(), source) != running_.end()) {
     return false;
@@ -74,7 +80,7 @@ bool QtScheduler::run_event(const std::function<void()>& work, const void* sourc
   running_.push_back(source);
   work();
   running_.pop_back();
-  event_was_tick_ = source != nullptr;
+  event_was_operator_ = from_operator;
   if (after_event_) after_event_();
   return true;
 }

@@ -19,18 +19,21 @@ class QtScheduler final : public Scheduler {
   double now_ms() const override;
 
   void set_after_event(std::function<void()> after_event) { after_event_ = std::move(after_event); }
-  // While the after-event hook runs: whether the event was a timer's tick rather
-  // than the operator's (or posted) work.
-  bool event_was_tick() const { return event_was_tick_; }
+  // While the after-event hook runs: whether the event was the operator's, from a
+  // window, rather than a timer's tick, a datagram, a MIDI message or the terminal.
+  bool event_was_operator() const { return event_was_operator_; }
 
   // Runs one engine event to completion, unless an event of the same source
   // (a timer) is still running further up; then it is skipped and false returned.
   bool run_event(const std::function<void()>& work, const void* source = nullptr);
+  // Runs the operator's event from a window: never skipped.
+  void run_operator_event(const std::function<void()>& work);
 
  private:
   std::function<void()> after_event_;
   std::vector<const void*> running_;
-  bool event_was_tick_ = false;
+  bool event_was_operator_ = false;
+  bool run(const std::function<void()>& work, const void* source, bool from_operator);
 };
 
 }  // namespace lumaris

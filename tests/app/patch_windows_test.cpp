@@ -28,12 +28,12 @@ TEST_F(PatchAndMonitorWindows, TypedPatchIsStoredAndPagingRedrawsTheBoxes) {
 
   window.channel_box(0)->selectAll();
   QTest::keyClicks(window.channel_box(0), QStringLiteral("12"));
-  window.Update()->click();
+  QTest::mouseClick(window.Update(), Qt::LeftButton);
   EXPECT_EQ(store().Patch[0], 12);
   EXPECT_EQ(app.main_window().Status()->text(), QStringLiteral(" Patches Updated"));
 
   store().Patch[32] = 40;
-  window.next_page()->click();
+  QTest::mouseClick(window.next_page(), Qt::LeftButton);
   EXPECT_EQ(window.channel_box(0)->text(), QStringLiteral("40"));
   EXPECT_EQ(window.channel_box(0)->toolTip(), QStringLiteral(" Select Desh Channel for DMX ch33"));
 }
