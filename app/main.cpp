@@ -31,12 +31,13 @@ std::atomic<bool> stop_requested{false};
 
 void request_stop(int) { stop_requested = true; }
 
-// SIGINT and SIGTERM end the event loop; the caller then runs the exit path.
-// The handler only sets a flag: nothing else is safe inside a signal handler.
-// It is installed first thing, so that a signal during start-up is not lost.
+// SIGINT, SIGTERM, SIGQUIT (Ctrl-\) and SIGHUP (the terminal went away) end the
+// event loop; the caller then runs the exit path, which also gives the terminal
+// its own settings back. The handler only sets a flag: nothing else is safe
+// inside a signal handler. It is installed first thing, so that a signal during
+// start-up is not lost.
 void catch_stop_signals() {
-  std::signal(SIGINT, request_stop);
-  std::signal(SIGTERM, request_stop);
+  for (const int signal : {SIGINT, SIGTERM, SIGQUIT, SIGHUP}) std::signal(signal, request_stop);
 }
 
 void watch_for_stop_signals(QTimer& watch) {

@@ -17,6 +17,8 @@ namespace lumaris {
 namespace {
 
 constexpr char kEndOfText = '\x04';  // Ctrl+D
+constexpr const char* kInputEnded =
+    "Keypad input has ended (Ctrl-D); the show goes on. Ctrl-C ends the console.";
 
 }  // namespace
 
@@ -64,7 +66,7 @@ void TerminalInput::read() {
     });
   }
   if (end) {
-    if (raw_->active()) out_ << '\n' << std::flush;
+    if (raw_->active()) out_ << '\n' << kInputEnded << '\n' << std::flush;
     stop();
   }
 }

@@ -8,7 +8,7 @@ packages=(
   libftdi1-dev librtmidi-dev
   libola-dev ola
   clang libclang-rt-14-dev
-  xvfb xauth iproute2 util-linux
+  xvfb xauth iproute2 util-linux python3
 )
 missing=()
 for p in "${packages[@]}"; do
