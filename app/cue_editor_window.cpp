@@ -68,6 +68,9 @@ void CueEditorWindow::handle(Work work) {
 
 CueEditorWindow::CueEditorWindow(DeskApp& app)
     : ToolWindow([this] { handle([](CueEditor& e) { e.Hide(); }); }), app_(app) {
+  // Modal wherever it is opened from (the Cues menu, an instant cue), as the
+  // button and fader set-up windows are: it edits the screens the desk plays.
+  setWindowModality(Qt::ApplicationModal);
   auto* layout = new QHBoxLayout(this);
 
   screen_list_ = new QListWidget(this);

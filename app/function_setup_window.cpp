@@ -57,6 +57,8 @@ FunctionSetupWindow::FunctionSetupWindow(DeskApp& app, Kind kind)
   const auto entries = kind == Kind::Buttons ? app.console().playback_desk().button_setup().Fun_set_entries()
                                              : app.console().playback_desk().fader_setup().Fun_set_entries();
   for (const std::string& entry : entries) fun_set_->addItem(sync::q(entry));
+  element_label_ = new QLabel(kind == Kind::Buttons ? QStringLiteral("Button") : QStringLiteral("Fader"), this);
+  top->addWidget(element_label_);
   top->addWidget(fader_num_);
   top->addWidget(f_name_, 1);
   top->addWidget(fun_set_);
@@ -129,6 +131,9 @@ FunctionSetupWindow::FunctionSetupWindow(DeskApp& app, Kind kind)
   level_fader_->setMinimumHeight(120);
   level_layout->addWidget(new QLabel(QStringLiteral("Level"), level_box_));
   level_layout->addWidget(level_fader_);
+  level_readout_ = new QLabel(level_box_);
+  level_readout_->setMinimumWidth(32);
+  level_layout->addWidget(level_readout_);
   level_layout->addStretch(1);
   layout->addWidget(level_box_);
   level_fader_->on_model_change([this](int v) { handle([v](auto& w) { w.level_fader_changed(v); }); });
@@ -186,6 +191,7 @@ void FunctionSetupWindow::sync() {
   auto show = [this](auto& w) {
     sync::title(this, w.caption());
     sync::text(fader_num_, w.Fader_Num());
+    sync::text(level_readout_, w.level_readout());
     sync::text(f_name_, w.F_Name());
     if (fun_set_->currentIndex() != w.Fun_set()) {
       const QSignalBlocker block(fun_set_);

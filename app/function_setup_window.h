@@ -42,6 +42,8 @@ class FunctionSetupWindow final : public ToolWindow, public DeskWindow {
   QPushButton* OK() const { return ok_; }
   QPushButton* Plus() const { return plus_; }
   QLineEdit* Number() const { return number_; }
+  QLineEdit* Element() const { return fader_num_; }
+  QLabel* Level_readout() const { return level_readout_; }
 
  private:
   // Runs `work` on the model shown, whichever of the two it is.
@@ -50,6 +52,7 @@ class FunctionSetupWindow final : public ToolWindow, public DeskWindow {
 
   DeskApp& app_;
   Kind kind_;
+  QLabel* element_label_ = nullptr;
   QLineEdit* fader_num_ = nullptr;
   QLineEdit* f_name_ = nullptr;
   QComboBox* fun_set_ = nullptr;
@@ -62,6 +65,7 @@ class FunctionSetupWindow final : public ToolWindow, public DeskWindow {
   std::array<QScrollBar*, 3> components_{};
   std::array<QLabel*, 3> component_labels_{};
   LevelSlider* level_fader_ = nullptr;
+  QLabel* level_readout_ = nullptr;
   ColourBox* colour_box_ = nullptr;
   QCheckBox* latch_ = nullptr;
   QCheckBox* preset_col_ = nullptr;

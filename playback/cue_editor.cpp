@@ -58,6 +58,17 @@ void CueEditor::select(int screen) {
   fill_contents();
 }
 
+namespace {
+
+// Buttons, faders, submixes and sequences counted from 1, as the playback desk's
+// captions count them ("Submix 1" is submix 0); screens are numbered as they are.
+std::string shown_value(int function, int value) {
+  const bool counted_from_zero = function == kFunctionSubmix || function == kFunctionSequence;
+  return std::to_string(counted_from_zero ? value + 1 : value);
+}
+
+}  // namespace
+
 std::string CueEditor::item_line(const Item& item) const {
   const Store& store = context_.store();
   const Screen& s = store.Screens[selected_];
@@ -66,13 +77,13 @@ std::string CueEditor::item_line(const Item& item) const {
       return "Preset Channel " + std::to_string(item.index + 1) + " @ " + std::to_string(s.Preset[item.index]);
     case Item::Button: {
       const ButtonFunction& b = store.Button_Functions[item.index];
-      return "Button " + std::to_string(item.index) + " " + function_name(b.Function) + " " +
-             std::to_string(b.Value) + " " + b.Name + " ON";
+      return "Button " + std::to_string(item.index + 1) + " " + function_name(b.Function) + " " +
+             shown_value(b.Function, b.Value) + " " + b.Name + " ON";
     }
     case Item::Fader: {
       const FaderFunction& f = store.Fader_Functions[item.index];
-      return "Fader " + std::to_string(item.index) + " " + function_name(f.Function) + " " +
-             std::to_string(f.Value) + " " + f.Name + " @ " + std::to_string(s.Fad_Sel[item.index]);
+      return "Fader " + std::to_string(item.index + 1) + " " + function_name(f.Function) + " " +
+             shown_value(f.Function, f.Value) + " " + f.Name + " @ " + std::to_string(s.Fad_Sel[item.index]);
     }
   }
   return {};
@@ -116,11 +127,11 @@ void CueEditor::show_item() {
       level_fader_ = 255 - s.Preset[item.index];
       break;
     case Item::Button:
-      item_label_ = "Button " + std::to_string(item.index);
+      item_label_ = "Button " + std::to_string(item.index + 1);
       level_box_.clear();
       break;
     case Item::Fader:
-      item_label_ = "Fader " + std::to_string(item.index);
+      item_label_ = "Fader " + std::to_string(item.index + 1);
       level_box_ = std::to_string(s.Fad_Sel[item.index]);
       level_fader_ = 255 - s.Fad_Sel[item.index];
       break;

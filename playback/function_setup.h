@@ -50,7 +50,10 @@ class FunctionSetup : public Window {
   void Cancel_Click() { Hide(); }
 
   int element() const { return element_; }
-  std::string Fader_Num() const { return std::to_string(element_); }
+  // The element as the desk's own texts count it: the first button is 1.
+  std::string Fader_Num() const { return std::to_string(element_ + 1); }
+  // The level the Level fader stands at, as the main desk's level boxes show one.
+  std::string level_readout() const { return std::to_string(255 - level_fader_); }
   const std::string& F_Name() const { return name_; }
   int Fun_set() const { return function_; }
   std::vector<std::string> Fun_set_entries() const;

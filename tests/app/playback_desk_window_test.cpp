@@ -80,6 +80,8 @@ TEST_F(PlaybackDeskWindowTest, TheFunctionSetupShowsTheElementAndStoresOnOk) {
   auto& window = window_named<FunctionSetupWindow>(app, "button-setup");
   ASSERT_TRUE(window.isVisible());
   EXPECT_EQ(window.Fun_set()->currentText(), QStringLiteral("Submix"));
+  EXPECT_EQ(window.Element()->text(), QStringLiteral("1")) << "counted as the desk's captions count";
+  EXPECT_EQ(window.Level_readout()->text(), QStringLiteral("255"));
   window.Plus()->click();
   EXPECT_EQ(window.Number()->text(), QStringLiteral("2"));
   window.OK()->click();
@@ -96,6 +98,7 @@ TEST_F(PlaybackDeskWindowTest, EditCuesListsTheScreensAndItsSliderWritesTheLevel
   playback_window().menu_action("cue-editor")->trigger();
   auto& window = window_named<CueEditorWindow>(app, "cue-editor");
   ASSERT_TRUE(window.isVisible());
+  EXPECT_TRUE(window.isModal());
   ASSERT_EQ(window.screen_list()->count(), 3);
   EXPECT_EQ(window.Next_Scn()->count(), 3);
 

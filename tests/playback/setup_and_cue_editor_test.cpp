@@ -117,14 +117,14 @@ TEST(CueEditor, ListsTheScreensAndWhatTheSelectedOneHoldsAndItsSliderWritesBack)
   EXPECT_EQ(e.name_box(), "One");
   EXPECT_EQ(e.fade_time_box(), "20");
   EXPECT_EQ(e.Next_Scn_index(), 1);
-  EXPECT_EQ(e.content_list(), (std::vector<std::string>{"Preset Channel 3 @ 100", "Button 2 Submix 2  ON",
-                                                 "Fader 1 Submix 1  @ 128"}));
+  EXPECT_EQ(e.content_list(), (std::vector<std::string>{"Preset Channel 3 @ 100", "Button 3 Submix 3  ON",
+                                                 "Fader 2 Submix 2  @ 128"}));
   e.content_list_clicked(2);
-  EXPECT_EQ(e.item_label(), "Fader 1");
+  EXPECT_EQ(e.item_label(), "Fader 2");
   EXPECT_EQ(e.level_fader(), 127);
   e.level_fader_changed(55);
   EXPECT_EQ(p.store().Screens[1].Fad_Sel[1], 200);
-  EXPECT_EQ(e.content_list()[2], "Fader 1 Submix 1  @ 200");
+  EXPECT_EQ(e.content_list()[2], "Fader 2 Submix 2  @ 200");
   e.content_list_clicked(0);
   e.level_fader_changed(0);
   EXPECT_EQ(p.store().Screens[1].Preset[2], 255);
