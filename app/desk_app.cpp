@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <cmath>
 #include <functional>
 
 #include "app/main_desk_window.h"
@@ -95,7 +96,9 @@ DeskApp::DeskApp(PlatformServices services) {
   main_window_ = static_cast<MainDeskWindow*>(windows_.front().get());
   synced_.resize(windows_.size());
   dialogs_.set_parent_provider([] { return QApplication::activeWindow(); });
-  scheduler_.set_after_event([this] { refresh(!scheduler_.event_was_operator()); });
+  scheduler_.set_after_event([this] { after_event(); });
+  background_due_.setSingleShot(true);
+  QObject::connect(&background_due_, &QTimer::timeout, [this] { flush_background_refresh(); });
   edit_commits_ = std::make_unique<EditCommits>([this] { refresh_windows(); });
   if (QCoreApplication* qt = QCoreApplication::instance()) qt->installEventFilter(edit_commits_.get());
 }
@@ -118,6 +121,32 @@ void DeskApp::show_main_window() {
 }
 
 void DeskApp::refresh_windows() { refresh(false); }
+
+void DeskApp::after_event() {
+  if (scheduler_.event_was_operator()) {
+    background_pending_ = false;
+    background_due_.stop();
+    refresh(false);
+    return;
+  }
+  const double now = scheduler_.now_ms();
+  const double wait = last_background_ms_ + background_interval_ms_ - now;
+  if (wait <= 0) {
+    last_background_ms_ = now;
+    refresh(true);
+  } else if (!background_pending_) {
+    background_pending_ = true;
+    background_due_.start(static_cast<int>(std::ceil(wait)));
+  }
+}
+
+void DeskApp::flush_background_refresh() {
+  if (!background_pending_) return;
+  background_pending_ = false;
+  background_due_.stop();
+  last_background_ms_ = scheduler_.now_ms();
+  refresh(true);
+}
 
 // A window is walked only while it is shown and not minimised. After an event
 // that is not the operator's (a timer's tick, a datagram, a MIDI message, the

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <QObject>
+#include <QTimer>
 
 #include "app/desk_window.h"
 #include "console/console.h"
@@ -43,6 +44,16 @@ class DeskApp {
   // The walks of windows (in full or of some parts) so far; a wiring test counts them.
   long walks() const { return walks_; }
 
+  // Events that are not the operator's (ticks, datagrams, MIDI) re-sync the
+  // windows at most once in this many ms: the first at once, the rest of a burst
+  // together at the end of the interval. Another console's ArtDmx at 44 Hz, or
+  // a fader flood from the surface, then costs no more than the desk's own ticks.
+  static constexpr int kBackgroundRefreshMs = 40;
+  // 0 re-syncs after every event (tests that look right after a tick).
+  void set_background_refresh_interval(int ms) { background_interval_ms_ = ms; }
+  // Runs a re-sync held back by the interval now, if one is due.
+  void flush_background_refresh();
+
   const std::vector<std::unique_ptr<DeskWindow>>& windows() const { return windows_; }
   MainDeskWindow& main_window() { return *main_window_; }
 
@@ -60,7 +71,12 @@ class DeskApp {
   std::vector<std::uint64_t> fingerprints_;  // of the window being refreshed
   long walks_ = 0;
   std::unique_ptr<QObject> edit_commits_;
+  int background_interval_ms_ = kBackgroundRefreshMs;
+  double last_background_ms_ = -1e300;
+  QTimer background_due_;
+  bool background_pending_ = false;
 
+  void after_event();
   void refresh(bool background);
 };
 

@@ -312,8 +312,8 @@ void MainDeskWindow::sync() {
   sync::enabled(dec_channels_, d.Dec_Channels_enabled());
   sync::enabled(sequence_button_, d.button_enabled("sequence-desk"));
   sync::enabled(playback_button_, d.button_enabled("playback-desk"));
-  sync::background(dmx_lamp_, d.dmx_lamp(), "QFrame");
-  sync::background(art_net_lamp_, d.art_net_lamp(), "QFrame");
+  sync::fill(dmx_lamp_, d.dmx_lamp());
+  sync::fill(art_net_lamp_, d.art_net_lamp());
   sync::tooltip(art_net_lamp_, d.art_net_lamp_tooltip());
   sync::enabled(art_label_, d.Art_Label_enabled());
   sync::text(art_destination_, d.Art_Destination());

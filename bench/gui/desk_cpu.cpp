@@ -4,9 +4,19 @@
 // and prints the process CPU time spent as a share of one core. It prints
 // figures only; nothing is asserted.
 //   lumaris_desk_cpu idle [SECONDS]   main desk, playback desk and output monitor shown
+//   lumaris_desk_cpu artnet [SECONDS] the same with Art-Net universe 0 enabled
+//   lumaris_desk_cpu foreign [SECONDS] the same, and another console (a child process)
+//                                     sending ArtDmx at 44 Hz and ArtPoll every 2.5 s
 //   lumaris_desk_cpu chase [SECONDS]  a 5 s fade chase running, sequence desk open
 //   lumaris_desk_cpu steps [STEPS]    step lengths of a 0.3 s chase: p50, p99, max
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <signal.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QPushButton>
@@ -25,6 +35,7 @@
 #include "app/real_platform.h"
 #include "console/output_cycle.h"
 #include "net/art_net_node.h"
+#include "net/art_net_setup.h"
 #include "core/output_monitor.h"
 #include "playback/playback_desk.h"
 #include "sequence/chase_runtime.h"
@@ -64,6 +75,36 @@ void make_fade_chase(lumaris::DeskApp& app, double step_s) {
   });
 }
 
+// Another console on the same network: ArtDmx of a changing universe 0 at 44 Hz
+// and an ArtPoll every 2.5 s, to the node's port on 127.0.0.1. It runs in a
+// child process so that its own CPU time is not counted as the desk's.
+pid_t start_foreign_console() {
+  const pid_t child = fork();
+  if (child != 0) return child;
+  const int fd = socket(AF_INET, SOCK_DGRAM, 0);
+  sockaddr_in node{};
+  node.sin_family = AF_INET;
+  node.sin_port = htons(6454);
+  node.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  std::vector<unsigned char> dmx = {'A', 'r', 't', '-', 'N', 'e', 't', 0, 0x00, 0x50, 0, 14, 0, 0, 0, 0, 2, 0};
+  dmx.resize(18 + 512);
+  const unsigned char poll[] = {'A', 'r', 't', '-', 'N', 'e', 't', 0, 0x00, 0x20, 0, 14, 0, 0};
+  timespec next{};
+  clock_gettime(CLOCK_MONOTONIC, &next);
+  for (long frame = 0;; ++frame) {
+    dmx[12] = static_cast<unsigned char>(frame);
+    dmx[18] = static_cast<unsigned char>(frame * 3);
+    sendto(fd, dmx.data(), dmx.size(), 0, reinterpret_cast<const sockaddr*>(&node), sizeof node);
+    if (frame % 110 == 0) sendto(fd, poll, sizeof poll, 0, reinterpret_cast<const sockaddr*>(&node), sizeof node);
+    next.tv_nsec += 1000000000L / 44;
+    if (next.tv_nsec >= 1000000000L) {
+      next.tv_nsec -= 1000000000L;
+      ++next.tv_sec;
+    }
+    clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &next, nullptr);
+  }
+}
+
 double percentile(std::vector<double> values, double p) {
   std::sort(values.begin(), values.end());
   const auto at = static_cast<std::size_t>(std::ceil(p * static_cast<double>(values.size()))) - 1;
@@ -75,6 +116,7 @@ double percentile(std::vector<double> values, double p) {
 int main(int argc, char** argv) {
   const std::string scenario = argc > 1 ? argv[1] : "idle";
   const int amount = argc > 2 ? std::atoi(argv[2]) : (scenario == "steps" ? 100 : 60);
+  const pid_t foreign = scenario == "foreign" ? start_foreign_console() : 0;
   QApplication qt(argc, argv);
   lumaris::apply_stage_palette(qt);
   lumaris::ProgramOptions line;
@@ -88,10 +130,15 @@ int main(int argc, char** argv) {
   app.show_main_window();
 
   std::vector<double> steps;
-  if (scenario == "idle") {
+  if (scenario == "idle" || scenario == "artnet" || scenario == "foreign") {
     app.handle([&] {
       app.console().playback_desk().Show();
       app.console().output_monitor().Show();
+      if (scenario != "idle") {
+        // As a show with universe 0 enabled starts it.
+        app.console().store().Art_Universes[0] = {true, 0};
+        app.console().art_net_setup().Start_From_Show();
+      }
     });
   } else if (scenario == "chase" || scenario == "steps") {
     make_fade_chase(app, scenario == "steps" ? 0.3 : 5.0);
@@ -101,7 +148,7 @@ int main(int argc, char** argv) {
       return 1;
     }
   } else {
-    std::fprintf(stderr, "usage: lumaris_desk_cpu idle|chase [SECONDS] | steps [STEPS]\n");
+    std::fprintf(stderr, "usage: lumaris_desk_cpu idle|artnet|foreign|chase [SECONDS] | steps [STEPS]\n");
     return 2;
   }
 
@@ -142,5 +189,9 @@ int main(int argc, char** argv) {
     qt.exec();
   }
   app.console().shutdown();
+  if (foreign > 0) {
+    kill(foreign, SIGKILL);
+    waitpid(foreign, nullptr, 0);
+  }
   return 0;
 }

@@ -22,6 +22,7 @@ W& window_named(DeskApp& app, const std::string& name) {
 class DeskAppTest : public ::testing::Test {
  protected:
   DeskAppTest() {
+    app.set_background_refresh_interval(0);
     app.start();
     app.show_main_window();
   }

@@ -66,5 +66,29 @@ TEST_F(DeskAppRefreshTest, TheOperatorsEventsAlwaysWalkTheShownWindows) {
   EXPECT_EQ(desk().level_box(3)->text(), QString::number(store().Desk_Level[3]));
 }
 
+// Another console's ArtDmx at 44 Hz must not walk the windows 44 times a
+// second: ticks soon after a re-sync are held back and shown together.
+TEST_F(DeskAppRefreshTest, TicksSoonAfterAReSyncAreShownTogether) {
+  app.set_background_refresh_interval(3'600'000);
+  const auto set_level = [&](int level) {
+    tick([&] {
+      store().Desk_Level[7] = static_cast<std::int16_t>(level);
+      app.console().main_desk().Refresh_Desk_Panel();
+    });
+  };
+  const long walks = app.walks();
+  for (int level = 11; level <= 60; ++level) set_level(level);
+  EXPECT_NE(desk().level_box(7)->text(), QStringLiteral("60"));
+  EXPECT_EQ(app.walks(), walks);
+
+  app.flush_background_refresh();
+  EXPECT_EQ(desk().level_box(7)->text(), QStringLiteral("60")) << "the burst's end shows";
+  EXPECT_EQ(app.walks(), walks + 1);
+
+  set_level(61);
+  app.handle([] {});
+  EXPECT_EQ(desk().level_box(7)->text(), QStringLiteral("61")) << "the operator's event shows at once";
+}
+
 }  // namespace
 }  // namespace lumaris
