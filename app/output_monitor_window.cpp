@@ -1,8 +1,10 @@
 #include "app/output_monitor_window.h"
 
 #include <QGridLayout>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "app/desk_app.h"
@@ -53,6 +55,21 @@ OutputMonitorWindow::OutputMonitorWindow(DeskApp& app)
 Window& OutputMonitorWindow::model() { return monitor(); }
 OutputMonitor& OutputMonitorWindow::monitor() { return app_.console().output_monitor(); }
 
+// A bar's tooltip is made when the mouse rests on it: 144 texts built on every
+// re-sync would cost more than the rest of the window.
+bool OutputMonitorWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    for (int i = 0; i < OutputMonitor::kBars; ++i) {
+      if (bars_[i]->isVisible() && bars_[i]->geometry().contains(help->pos())) {
+        QToolTip::showText(help->globalPos(), sync::q(monitor().bar_tooltip(i)), bars_[i]);
+        return true;
+      }
+    }
+  }
+  return ToolWindow::event(event);
+}
+
 void OutputMonitorWindow::sync() {
   const OutputMonitor& m = monitor();
   sync::title(this, m.caption());
@@ -66,7 +83,6 @@ void OutputMonitorWindow::sync() {
   }
   for (int i = 0; i < OutputMonitor::kBars; ++i) {
     sync::visible(bars_[i], m.bar_visible(i));
-    sync::tooltip(bars_[i], m.bar_tooltip(i));
     bars_[i]->sync();
   }
 }

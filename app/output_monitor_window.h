@@ -28,6 +28,9 @@ class OutputMonitorWindow final : public ToolWindow, public DeskWindow {
   QLabel* range_label() const { return range_label_; }
   QPushButton* next_page() const { return next_page_; }
 
+ protected:
+  bool event(QEvent* event) override;
+
  private:
   OutputMonitor& monitor();
 

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
+#include <QToolTip>
 
 #include "app/main_desk_window.h"
 #include "app/output_monitor_window.h"
@@ -64,6 +65,11 @@ TEST_F(PatchAndMonitorWindows, MonitorBarsRepaintOnlyWhenTheFrameChanges) {
             bar->palette().color(QPalette::Highlight));
   window.next_page()->click();
   EXPECT_EQ(window.range_label()->text(), QStringLiteral(" Real DMX Output  Ch144   -  Ch287"));
+  // The mouse resting on a bar of the page on show names its output.
+  const QPoint centre = window.bar(1)->geometry().center();
+  QHelpEvent help(QEvent::ToolTip, centre, window.mapToGlobal(centre));
+  QApplication::sendEvent(&window, &help);
+  EXPECT_EQ(QToolTip::text(), QStringLiteral(" Output 145 From Desk Channel 0"));
 }
 
 TEST(ProgBarWidget, PaintsTheModelAndReportsClicks) {
