@@ -60,6 +60,7 @@ MainDeskWindow::MainDeskWindow(DeskApp& app) : app_(app) {
   auto* strip_scroll = new QScrollArea(central);
   strip_scroll->setObjectName(QStringLiteral("channel-strips"));
   strip_scroll->setFrameShape(QFrame::NoFrame);
+  strip_scroll->setFocusPolicy(Qt::NoFocus);  // the desk's keys stay with the desk
   strip_scroll->setWidgetResizable(true);
   strip_scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   strip_scroll->setWidget(strips);
