@@ -13,6 +13,7 @@
 #include "app/palette.h"
 #include "app/real_platform.h"
 #include "app/terminal_input.h"
+#include "app/widgets/screen_fit.h"
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
 #include "console/project/project_file.h"
@@ -164,7 +165,9 @@ int run_desktop(int argc, char** argv, const ProgramOptions& line) {
 
 // Renders every window offscreen to DIR/<window name>.png (and <window name>_<variant>.png).
 int run_screenshots(int argc, char** argv, const ProgramOptions& line) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // A 1920x1080 screen unless QT_QPA_PLATFORM names another offscreen set-up
+  // (e.g. "offscreen:configfile=laptop.json" for a laptop's screen).
+  const auto screen = lumaris::use_offscreen_screen({1920, 1080});
   QApplication app(argc, argv);
   lumaris::apply_stage_palette(app);
   if (!QDir().mkpath(QString::fromStdString(line.screenshot_dir))) {

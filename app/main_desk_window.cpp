@@ -1,6 +1,7 @@
 #include "app/main_desk_window.h"
 
 #include <QAction>
+#include <algorithm>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -10,6 +11,8 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -51,14 +54,32 @@ MainDeskWindow::MainDeskWindow(DeskApp& app) : app_(app) {
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);
   auto* top = new QHBoxLayout;
-  top->addWidget(build_strips(), 1);
+  // The channel strips scroll sideways on a narrow screen; the masters and
+  // CLEAR stay in reach beside them.
+  QWidget* strips = build_strips();
+  auto* strip_scroll = new QScrollArea(central);
+  strip_scroll->setObjectName(QStringLiteral("channel-strips"));
+  strip_scroll->setFrameShape(QFrame::NoFrame);
+  strip_scroll->setFocusPolicy(Qt::NoFocus);  // the desk's keys stay with the desk
+  strip_scroll->setWidgetResizable(true);
+  strip_scroll->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  strip_scroll->setWidget(strips);
+  strip_scroll->viewport()->setAutoFillBackground(false);
+  strips->setAutoFillBackground(false);
+  strip_scroll->setMinimumHeight(strips->minimumSizeHint().height() +
+                                 strip_scroll->horizontalScrollBar()->sizeHint().height());
+  top->addWidget(strip_scroll, 1);
   top->addWidget(build_masters());
   layout->addLayout(top, 1);
   layout->addWidget(build_submix_row());
   layout->addWidget(build_bottom_row());
   setCentralWidget(central);
   build_menus();
-  resize(1500, 560);
+  // Wide enough for every strip where the screen allows (see ScreenFit).
+  const QMargins margins = layout->contentsMargins();
+  const int unscrolled = top->sizeHint().width() - strip_scroll->sizeHint().width() + strips->sizeHint().width() +
+                         margins.left() + margins.right();
+  resize(std::max({1500, unscrolled, central->sizeHint().width()}), 560);
 }
 
 Window& MainDeskWindow::model() { return desk(); }

@@ -162,7 +162,6 @@ QWidget* PlaybackDeskWindow::build_screen_panel() {
   fade_time_ = new LogSliderWidget(desk().screens().Screen_Fade_Time(), panel);
   fade_time_->setToolTip(QStringLiteral("Fade In Time"));
   screen_intxt_ = new QLineEdit(panel);
-  screen_intxt_->setReadOnly(true);
   screen_intxt_->setToolTip(QStringLiteral("Fade In Time"));
   screen_intxt_->setMaximumWidth(48);
   auto_next_ = new QCheckBox(QStringLiteral("Auto next"), panel);
@@ -198,6 +197,11 @@ QWidget* PlaybackDeskWindow::build_screen_panel() {
     handle([&](PlaybackDesk& d) { d.screens().screen_txt_Change(text.toStdString()); });
   });
   fade_time_->on_position([this](double p) { handle([p](PlaybackDesk& d) { d.screens().Screen_Fade_Time().Set_From_Position(p); }); });
+  fade_time_->on_step([this](double f) { handle([f](PlaybackDesk& d) { d.screens().Screen_Fade_Time().Step_By(f); }); });
+  connect(screen_intxt_, &QLineEdit::editingFinished, [this] {
+    const std::string text = screen_intxt_->text().toStdString();
+    handle([&](PlaybackDesk& d) { d.screens().Screen_intxt_Change(text); });
+  });
   connect(auto_next_, &QCheckBox::clicked, [this](bool c) { handle([c](PlaybackDesk& d) { d.screens().Auto_next_Click(c); }); });
   connect(instant_, &QCheckBox::clicked, [this](bool c) { handle([c](PlaybackDesk& d) { d.screens().Screen_instant_box_Click(c); }); });
   cue_colour_->on_click([this] { handle([](PlaybackDesk& d) { d.screens().Cue_Colour_Click(); }); });

@@ -47,6 +47,8 @@ class PlaybackDeskWindow final : public ToolWindow, public DeskWindow {
   QPushButton* Screen_Prog() const { return screen_prog_; }
   QSpinBox* Screen_Num_sel() const { return screen_sel_; }
   QLineEdit* screen_txt() const { return screen_txt_; }
+  QLineEdit* screen_intxt() const { return screen_intxt_; }
+  LogSliderWidget* Screen_Fade_Time() const { return fade_time_; }
   QLineEdit* Status() const { return status_; }
   QPushButton* Run_Switch() const { return run_switch_; }
   QPushButton* Run_Autotake() const { return run_autotake_; }

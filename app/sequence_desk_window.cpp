@@ -115,15 +115,17 @@ QWidget* SequenceDeskWindow::build_times() {
   auto* panel = new QWidget(this);
   auto* grid = new QGridLayout(panel);
   auto add_time = [&](int column, const QString& caption, LogSlider& model, LogSliderWidget*& slider,
-                      QLabel*& text) {
+                      QLineEdit*& text) {
     slider = new LogSliderWidget(model, panel);
     slider->setToolTip(caption);
     auto* label = new QLabel(caption, panel);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignCenter);
     label->setMaximumWidth(70);
-    text = new QLabel(panel);
+    text = new QLineEdit(panel);
     text->setAlignment(Qt::AlignCenter);
+    text->setToolTip(caption);
+    text->setMaximumWidth(64);
     grid->addWidget(label, 0, column);
     grid->addWidget(slider, 1, column);
     grid->addWidget(text, 2, column);
@@ -132,6 +134,18 @@ QWidget* SequenceDeskWindow::build_times() {
   add_time(1, QStringLiteral("Fade In Time"), desk().fade_slider(), fade_slider_, fade_text_);
   speed_slider_->on_position([this](double p) { handle([p](SequenceDesk& d) { d.speed_slider().Set_From_Position(p); }); });
   fade_slider_->on_position([this](double p) { handle([p](SequenceDesk& d) { d.fade_slider().Set_From_Position(p); }); });
+  speed_slider_->on_step([this](double f) { handle([f](SequenceDesk& d) { d.speed_slider().Step_By(f); }); });
+  fade_slider_->on_step([this](double f) { handle([f](SequenceDesk& d) { d.fade_slider().Step_By(f); }); });
+  // Typed seconds go to the slider as a hand would move it; a refused text
+  // shows the step's time again once editing ends.
+  connect(speed_text_, &QLineEdit::editingFinished, [this] {
+    const std::string text = speed_text_->text().toStdString();
+    handle([&](SequenceDesk& d) { d.speed_slider().Set_From_Text(text); });
+  });
+  connect(fade_text_, &QLineEdit::editingFinished, [this] {
+    const std::string text = fade_text_->text().toStdString();
+    handle([&](SequenceDesk& d) { d.fade_slider().Set_From_Text(text); });
+  });
 
   master_fader_ = new LevelSlider(panel);
   master_fader_->setToolTip(QStringLiteral("Main Level"));

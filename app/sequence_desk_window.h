@@ -50,6 +50,9 @@ class SequenceDeskWindow final : public ToolWindow, public DeskWindow {
   QPushButton* Ch_Function(int i) const { return channels_[i].function; }
   QPushButton* Chase_Go_Button() const { return go_; }
   LogSliderWidget* speed_slider() const { return speed_slider_; }
+  LogSliderWidget* fade_slider() const { return fade_slider_; }
+  QLineEdit* speed_box() const { return speed_text_; }
+  QLineEdit* fade_box() const { return fade_text_; }
   QLineEdit* Chase_Name() const { return chase_name_; }
   ColourBox* indicator(int i) const { return channels_[i].indicator; }
   ProgBarWidget* Fade_Bar() const { return fade_bar_; }
@@ -99,8 +102,8 @@ class SequenceDeskWindow final : public ToolWindow, public DeskWindow {
   QCheckBox* auto_increment_ = nullptr;
   LogSliderWidget* speed_slider_ = nullptr;
   LogSliderWidget* fade_slider_ = nullptr;
-  QLabel* speed_text_ = nullptr;
-  QLabel* fade_text_ = nullptr;
+  QLineEdit* speed_text_ = nullptr;
+  QLineEdit* fade_text_ = nullptr;
   QCheckBox* global_speed_ = nullptr;
   QCheckBox* global_fade_ = nullptr;
   QCheckBox* speed_fade_lock_ = nullptr;

@@ -17,6 +17,7 @@
 #include "app/output_device_setup_window.h"
 #include "app/ola_setup_window.h"
 #include "app/sacn_setup_window.h"
+#include "app/widgets/screen_fit.h"
 
 namespace lumaris {
 
@@ -41,6 +42,7 @@ std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app) {
   windows.push_back(std::make_unique<InstantCuesWindow>(app));
   windows.push_back(std::make_unique<BcfSetupWindow>(app));
   windows.push_back(std::make_unique<BcfWindow>(app));
+  for (const auto& window : windows) ScreenFit::watch(window->widget());
   return windows;
 }
 

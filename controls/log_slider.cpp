@@ -1,6 +1,7 @@
 #include "controls/log_slider.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 
@@ -37,6 +38,16 @@ bool LogSlider::maps_logarithmically() const {
   return log_axis_ && min_ > 0 && max_ > 0 && max_ != min_;
 }
 
+double LogSlider::fraction_of(double v) const {
+  double f = 0.0;
+  if (maps_logarithmically()) {
+    if (v > 0) f = (std::log10(v) - std::log10(min_)) / (std::log10(max_) - std::log10(min_));
+  } else if (max_ != min_) {
+    f = (v - min_) / (max_ - min_);
+  }
+  return std::clamp(f, 0.0, 1.0);
+}
+
 double LogSlider::position_of(double v) const {
   const double bottom = top_ + height_;
   if (maps_logarithmically()) {
@@ -46,6 +57,14 @@ double LogSlider::position_of(double v) const {
   }
   if (max_ == min_) return bottom;
   return bottom - height_ * (v - min_) / (max_ - min_);
+}
+
+double LogSlider::value_at(double f) const {
+  // The ends are exact, whatever the logarithms round to.
+  if (f <= 0) return min_;
+  if (f >= 1) return max_;
+  if (maps_logarithmically()) return std::pow(10.0, std::log10(min_) + (std::log10(max_) - std::log10(min_)) * f);
+  return min_ + (max_ - min_) * f;
 }
 
 void LogSlider::place_thumb(double p) {
@@ -93,18 +112,33 @@ void LogSlider::Set_From_Position(double p) {
   const double bottom = top_ + height_;
   p = std::clamp(p, top_, bottom);
   place_thumb(p);
-  const double f = height_ > 0 ? (bottom - p) / height_ : 0.0;
-  // The ends are exact, whatever the logarithms round to.
-  if (f <= 0) {
-    value_ = min_;
-  } else if (f >= 1) {
-    value_ = max_;
-  } else if (maps_logarithmically()) {
-    value_ = std::pow(10.0, std::log10(min_) + (std::log10(max_) - std::log10(min_)) * f);
-  } else {
-    value_ = min_ + (max_ - min_) * f;
-  }
+  value_ = value_at(height_ > 0 ? (bottom - p) / height_ : 0.0);
   if (cursor_move_) cursor_move_(Value());
+}
+
+void LogSlider::take_from_operator(double internal_value) {
+  value_ = internal_value;
+  reposition();
+  if (cursor_move_) cursor_move_(Value());
+}
+
+void LogSlider::Step_By(double fraction) {
+  // From the thumb's place: a value off the axis steps from the end it sits at.
+  take_from_operator(value_at(std::clamp(fraction_of(value_) + fraction, 0.0, 1.0)));
+}
+
+bool LogSlider::Set_From_Text(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return false;
+  text = text.substr(first, text.find_last_not_of(" \t") - first + 1);
+  std::string number(text);
+  std::replace(number.begin(), number.end(), ',', '.');  // a decimal comma, as many operators type it
+  double seconds = 0.0;
+  const char* end = number.data() + number.size();
+  const auto [stop, error] = std::from_chars(number.data(), end, seconds);
+  if (error != std::errc() || stop != end || !std::isfinite(seconds)) return false;
+  take_from_operator(std::clamp(seconds * scale_, std::min(min_, max_), std::max(min_, max_)));
+  return true;
 }
 
 void LogSlider::set_axis(double top, double height) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace lumaris {
@@ -54,6 +55,19 @@ class LogSlider {
   // Pointer press or drag at vertical position p; positions off the axis are clamped.
   void Set_From_Position(double p);
 
+  // The keys and the wheel move the value in even steps along the axis: a
+  // fraction of the whole travel (positive is towards MaxValue), clamped to the
+  // ends. An arrow key or a wheel notch is 1/40 of the travel (about a fifth
+  // more or less on the default 0.1 s to 4 min scale), a page 1/8.
+  static constexpr double kArrowStep = 1.0 / 40;
+  static constexpr double kPageStep = 1.0 / 8;
+  void Step_By(double fraction);
+
+  // Typed seconds ("2.5", "2,5", " 12 "): a number is clamped to the range and
+  // taken like a hand on the slider. Anything else is refused (false) and the
+  // value stays.
+  bool Set_From_Text(std::string_view text);
+
   // Geometry, set by the widget on resize; re-places the thumb from the value.
   void set_axis(double top, double height);
   void set_thumb_height(double height);
@@ -71,6 +85,9 @@ class LogSlider {
  private:
   bool maps_logarithmically() const;
   double position_of(double internal_value) const;
+  double fraction_of(double internal_value) const;  // 0 at MinValue, 1 at MaxValue
+  double value_at(double fraction) const;
+  void take_from_operator(double internal_value);
   void place_thumb(double p);
   void reposition();
   void range_changed();

@@ -119,6 +119,10 @@ void ScreenPanel::Screen_Fade_Time_Change(double seconds) {
   changed();
 }
 
+void ScreenPanel::Screen_intxt_Change(const std::string& text) {
+  if (fade_time_.Set_From_Text(text)) show_fade_time(screen().Time);
+}
+
 void ScreenPanel::Auto_next_Click(bool checked) {
   auto_next_ = checked;
   screen().Auto = checked;

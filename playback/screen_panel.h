@@ -39,6 +39,9 @@ class ScreenPanel {
   // Direct edits of the current screen.
   void screen_txt_Change(const std::string& text);
   void Screen_Fade_Time_Change(double seconds);
+  // Typed seconds in the Fade In Time box; a screen keeps whole seconds, and the
+  // slider then shows what was kept. Not a number: nothing changes.
+  void Screen_intxt_Change(const std::string& text);
   void Auto_next_Click(bool checked);
   void Screen_instant_box_Click(bool checked);
   void Cue_Colour_Click();

@@ -2,17 +2,19 @@
 
 #include "app/widgets/sync.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
-#include <algorithm>
 #include <QPainter>
 #include <QPalette>
+#include <QWheelEvent>
+#include <algorithm>
 
 namespace lumaris {
 
 LogSliderWidget::LogSliderWidget(LogSlider& model, QWidget* parent)
     : QWidget(parent), model_(model) {
   setMinimumSize(56, 140);
-  setFocusPolicy(Qt::NoFocus);
+  setFocusPolicy(Qt::StrongFocus);
   place_axis();
 }
 
@@ -49,7 +51,8 @@ void LogSliderWidget::paintEvent(QPaintEvent*) {
   painter.drawLine(axis_x, top, axis_x, bottom);
   const QRect thumb(ticks_width + 2, static_cast<int>(model_.thumb_top()), w - ticks_width - 4,
                     static_cast<int>(model_.thumb_height()));
-  painter.setPen(pal.color(QPalette::Dark));
+  // The thumb the keys move is outlined.
+  painter.setPen(hasFocus() ? QPen(pal.color(QPalette::Highlight), 2) : QPen(pal.color(QPalette::Dark)));
   painter.setBrush(pal.color(QPalette::Button));
   painter.drawRect(thumb);
 }
@@ -60,6 +63,50 @@ void LogSliderWidget::mousePressEvent(QMouseEvent* event) {
 
 void LogSliderWidget::mouseMoveEvent(QMouseEvent* event) {
   if ((event->buttons() & Qt::LeftButton) && on_position_) on_position_(event->position().y());
+}
+
+void LogSliderWidget::keyPressEvent(QKeyEvent* event) {
+  double fraction = 0.0;
+  switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Right:
+      fraction = LogSlider::kArrowStep;
+      break;
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+      fraction = -LogSlider::kArrowStep;
+      break;
+    case Qt::Key_PageUp:
+      fraction = LogSlider::kPageStep;
+      break;
+    case Qt::Key_PageDown:
+      fraction = -LogSlider::kPageStep;
+      break;
+    default:
+      QWidget::keyPressEvent(event);
+      return;
+  }
+  if (on_step_) on_step_(fraction);
+}
+
+// A notch is 120 eighths of a degree; a touchpad sends smaller pieces, which
+// add up to notches.
+void LogSliderWidget::wheelEvent(QWheelEvent* event) {
+  wheel_angle_ += event->angleDelta().y();
+  const int notches = wheel_angle_ / 120;
+  wheel_angle_ -= notches * 120;
+  if (notches != 0 && on_step_) on_step_(notches * LogSlider::kArrowStep);
+  event->accept();
+}
+
+void LogSliderWidget::focusInEvent(QFocusEvent* event) {
+  update();
+  QWidget::focusInEvent(event);
+}
+
+void LogSliderWidget::focusOutEvent(QFocusEvent* event) {
+  update();
+  QWidget::focusOutEvent(event);
 }
 
 }  // namespace lumaris

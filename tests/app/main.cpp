@@ -3,8 +3,11 @@
 
 #include <QApplication>
 
+#include "app/widgets/screen_fit.h"
+
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // On a laptop's screen: every window must fit 1366x768.
+  const auto screen = lumaris::use_offscreen_screen({1366, 768});
   QApplication app(argc, argv);
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
