@@ -6,10 +6,12 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
+#include <QShortcut>
 #include <cmath>
 #include <functional>
 
 #include "app/main_desk_window.h"
+#include "core/main_desk.h"
 #include "app/widgets/sync.h"
 
 namespace lumaris {
@@ -87,13 +89,35 @@ class EditCommits final : public QObject {
 
 }  // namespace
 
+QKeySequence show_file_keys(const std::string& menu_entry) {
+  if (menu_entry == "load") return QKeySequence(Qt::CTRL | Qt::Key_O);
+  if (menu_entry == "save") return QKeySequence(Qt::CTRL | Qt::Key_S);
+  if (menu_entry == "save-as") return QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+  return {};
+}
+
+// The main desk carries the keys on its File menu; the other desks answer them
+// the same way, as the main desk's menu would.
+void DeskApp::add_show_file_keys() {
+  for (const auto& window : windows_) {
+    if (window->name() != "playback-desk" && window->name() != "sequence-desk") continue;
+    for (const char* entry : {"load", "save", "save-as"}) {
+      auto* key = new QShortcut(show_file_keys(entry), window->widget());
+      QObject::connect(key, &QShortcut::activated, [this, name = std::string(entry)] {
+        handle([&] { console_->main_desk().Menu_Click(name); });
+      });
+    }
+  }
+}
+
 DeskApp::DeskApp(PlatformServices services) {
   services.scheduler = &scheduler_;
-  services.dialogs = &dialogs_;
+  if (services.dialogs == nullptr) services.dialogs = &dialogs_;
   services.clock = &clock_;
   console_ = std::make_unique<Console>(services);
   windows_ = create_desk_windows(*this);
   main_window_ = static_cast<MainDeskWindow*>(windows_.front().get());
+  add_show_file_keys();
   synced_.resize(windows_.size());
   dialogs_.set_parent_provider([] { return QApplication::activeWindow(); });
   scheduler_.set_after_event([this] { after_event(); });

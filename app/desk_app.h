@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include <QKeySequence>
 #include <QObject>
 #include <QTimer>
 
@@ -23,7 +24,8 @@ class MainDeskWindow;
 // each only when something it shows may have changed.
 class DeskApp {
  public:
-  // `services` may carry hardware seams; scheduler, dialogs and clock are set here.
+  // `services` may carry hardware seams and dialogs; the scheduler and clock are
+  // set here, and Qt's dialogs when none are given.
   explicit DeskApp(PlatformServices services = {});
   ~DeskApp();
 
@@ -78,7 +80,11 @@ class DeskApp {
 
   void after_event();
   void refresh(bool background);
+  void add_show_file_keys();
 };
+
+// The keys of the File menu's show entries ("load", "save", "save-as"), on every desk.
+QKeySequence show_file_keys(const std::string& menu_entry);
 
 // Creates every Qt window of the console; the main desk comes first.
 std::vector<std::unique_ptr<DeskWindow>> create_desk_windows(DeskApp& app);

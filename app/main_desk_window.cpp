@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QScrollArea>
@@ -239,7 +240,24 @@ void MainDeskWindow::build_menus() {
       app_.handle([&] { desk().Menu_Click(name); });
       after_menu(name);
     });
+    if (const QKeySequence keys = show_file_keys(name); !keys.isEmpty()) action->setShortcut(keys);
+    if (name == "load") build_recent_menu(menu);
   }
+}
+
+// Filled each time it opens, from this computer's list.
+void MainDeskWindow::build_recent_menu(QMenu* file_menu) {
+  QMenu* recent = file_menu->addMenu(QStringLiteral("Recent s&hows"));
+  recent->setObjectName(QStringLiteral("recent-shows"));
+  connect(recent, &QMenu::aboutToShow, [this, recent] {
+    recent->clear();
+    for (const std::string& path : desk().recent_shows()) {
+      QAction* show = recent->addAction(sync::q(path));
+      connect(show, &QAction::triggered,
+              [this, path] { app_.handle([&] { desk().open_recent_show(path); }); });
+    }
+    if (recent->isEmpty()) recent->addAction(QStringLiteral("No recent shows"))->setEnabled(false);
+  });
 }
 
 QAction* MainDeskWindow::menu_action(const std::string& name) const {
@@ -307,7 +325,7 @@ void MainDeskWindow::keyPressEvent(QKeyEvent* event) {
 
 void MainDeskWindow::sync() {
   const MainDesk& d = desk();
-  sync::title(this, d.caption());
+  sync::title(this, d.title());
   for (int i = 0; i < MainDesk::kStrips; ++i) {
     const ChannelStrip& model = d.strips()[i];
     const Strip& strip = strips_[i];

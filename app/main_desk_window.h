@@ -12,6 +12,7 @@ class QLineEdit;
 class QPushButton;
 class QLabel;
 class QAction;
+class QMenu;
 
 namespace lumaris {
 
@@ -68,6 +69,7 @@ class MainDeskWindow final : public QMainWindow, public DeskWindow {
   QWidget* build_submix_row();
   QWidget* build_bottom_row();
   void build_menus();
+  void build_recent_menu(QMenu* file_menu);
   void after_menu(const std::string& name);
 
   DeskApp& app_;

@@ -1,9 +1,11 @@
 #include "core/main_desk.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "base/number_text.h"
 #include "core/desk_links.h"
+#include "core/keys_help.h"
 #include "core/show_files.h"
 #include "core/surface_feedback.h"
 #include "core/window_opener.h"
@@ -19,34 +21,29 @@ constexpr const char* kClearedStatus = " Desk Cleared ";
 constexpr const char* kResetStatus = " Desk Reset";
 constexpr const char* kResetTitle = " Reset Desk";
 constexpr const char* kResetQuestion = "All Current Information will Be Lost Are You Sure ";
-constexpr const char* kUnsavedQuestion = "Current Project is not saved Are You Sure ";
+constexpr const char* kBeforeClosing = "closing Lumaris";
 constexpr const char* kExitMenuStatus = " Exit Software";
 constexpr const char* kExitWindowStatus = " Exit";
 constexpr const char* kAboutTitle = " About Lumaris";
 constexpr const char* kAboutText =
     "Lumaris " LUMARIS_VERSION "\nA lighting console for one DMX512 universe.";
-constexpr const char* kKeysTitle = " Keyboard and keypad";
-constexpr const char* kKeysText =
-    "Keypad, with the main desk or the Command Line window in front (Num Lock on;\n"
-    "* is Thru, . is At, / marks a playback fader):\n"
-    "  5 . 50 Enter: channel 5 at 50 %\n"
-    "  1 * 8 . 000: channels 1 to 8 at full (three zeros need no Enter)\n"
-    "  1 + 3 + 5 . 30 Enter: channels 1, 3 and 5 at 30 %\n"
-    "  4 / . 75 Enter: playback fader 4 at 75 %\n"
-    "  12 Enter: the level of channel 12 (4 / Enter: of playback fader 4)\n"
-    "  C 7 Enter: screen 7 (in run mode: a take to it)\n"
-    "  . . clears the line; Backspace empties the number being typed\n"
-    "\n"
-    "Menus: Alt and the underlined letter (Alt+F File, Alt+E Edit, Alt+D Desks,\n"
-    "Alt+S Setup, Alt+H Help).\n"
-    "Fields with a Set button (Art-Net destination): Enter sets.\n"
-    "Without a window (lumaris --headless): Ctrl-C ends the console cleanly.";
 }  // namespace
 
 MainDesk::MainDesk(DeskContext& context) : Window(kMainDeskCaption), context_(context) {}
 
 int MainDesk::channel_of(int strip) const {
   return context_.store().Fader_Page * kStrips + strip;
+}
+
+std::string MainDesk::title() const {
+  const Store& store = context_.store();
+  std::string text = caption();
+  while (!text.empty() && text.back() == ' ') text.pop_back();
+  if (!store.Project_File.empty()) {
+    text += " - " + std::filesystem::path(store.Project_File).filename().string();
+  }
+  if (store.Project_Changed) text += " *";
+  return text;
 }
 
 const std::string& MainDesk::Status() const { return context_.status().main(); }
@@ -288,6 +285,9 @@ void MainDesk::Menu_Click(const std::string& name) {
   }
 }
 
+std::vector<std::string> MainDesk::recent_shows() const { return context_.show_files().recent_shows(); }
+void MainDesk::open_recent_show(const std::string& path) { context_.show_files().Load_Recent(path); }
+
 void MainDesk::resetdesk_Click() {
   Store& store = context_.store();
   const MessageResult answer =
@@ -315,12 +315,7 @@ void MainDesk::resetdesk_Click() {
 }
 
 bool MainDesk::confirm_exit() {
-  if (context_.store().Project_Changed) {
-    const MessageResult answer =
-        context_.dialogs().message({kResetTitle, kUnsavedQuestion, MessageIcon::Question,
-                                    MessageButtons::OkCancel, MessageResult::Cancel});
-    if (answer != MessageResult::Ok) return false;
-  }
+  if (!context_.show_files().may_close_show(kBeforeClosing)) return false;
   context_.desks().shutdown();
   exit_requested_ = true;
   return true;

@@ -74,6 +74,9 @@ class MainDesk : public Window {
   void playback_desk_clicked();   // "Playback Desk"
   void output_monitor_clicked();  // "Output Monitor"
   void Menu_Click(const std::string& name);
+  // File -> Recent shows: the shows last loaded or saved here, newest first.
+  std::vector<std::string> recent_shows() const;
+  void open_recent_show(const std::string& path);
   void resetdesk_Click();
   // Both return true when the program is to end; the exit path has then run.
   bool exit_clicked();
@@ -103,6 +106,8 @@ class MainDesk : public Window {
   const std::string& Art_Destination() const { return art_destination_; }
   const std::string& Art_Destination_ToolTipText() const { return art_destination_tooltip_; }
   const std::string& Status() const;
+  // The window's title: the caption, the show's file name and " *" while it has unsaved changes.
+  std::string title() const;
   std::vector<MenuEntry> menu_entries() const;
   // A desk button by the window it opens ("sequence-desk", "playback-desk").
   bool button_enabled(const std::string& name) const;

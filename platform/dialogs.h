@@ -8,8 +8,9 @@
 namespace lumaris {
 
 enum class MessageIcon { None, Exclamation, Question, Information, Critical };
-enum class MessageButtons { Ok, OkCancel };
-enum class MessageResult { Ok, Cancel };
+// SaveDiscardCancel asks what becomes of unsaved changes before the show goes.
+enum class MessageButtons { Ok, OkCancel, SaveDiscardCancel };
+enum class MessageResult { Ok, Cancel, Save, Discard };
 
 struct MessageBoxSpec {
   std::string title;
@@ -22,13 +23,15 @@ struct MessageBoxSpec {
 struct FileDialogSpec {
   std::string title;
   std::string filter;        // as the product writes it: "XML|*.xml"
-  std::string initial_name;  // "*.xml" when nothing was chosen before
+  // "*.xml" when nothing was chosen before; a name without a folder is
+  // proposed in the user's documents folder.
+  std::string initial_name;
 };
 
 // Dialogs for the operator. A message box with only OK is a notice: it returns
 // at once and stays on screen until the operator closes it, so a notice raised
 // by a timer (an adapter failing mid-show) never holds up the show. A box that
-// asks (OK/Cancel) and the file and colour dialogs wait for the answer; the
+// asks (OK/Cancel, Save/Discard/Cancel) and the file and colour dialogs wait for the answer; the
 // show's timers keep running meanwhile. A file dialog returns an empty text when
 // cancelled; a colour dialog returns nothing when cancelled.
 class Dialogs {

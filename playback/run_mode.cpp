@@ -109,26 +109,33 @@ void RunMode::leave() {
   const MessageBoxSpec ask{kExitTitle, kExitQuestion, MessageIcon::Question, MessageButtons::OkCancel,
                            MessageResult::Cancel};
   if (context_.dialogs().message(ask) == MessageResult::Ok) {
-    Store& store = context_.store();
-    store.Run_Mode = false;
-    store.Autotake_Running = false;
-    store.Take_Manual = false;
-    take_timer_->set_enabled(false);
-    delay_timer_->set_enabled(false);
-    // The desk keeps the live look: chases the unfinished take brought in go.
-    for (int q = 0; q < kChases; ++q) {
-      chases_.set_Seq_Level_In(q, 0);
-      if (chases_.Seq_Level(q) < 1) chases_.Stop_Sequence(q);
-    }
-    side_a_ = Side{};
-    side_b_ = Side{};
-    switch_caption_ = kRunCaption;
-    switch_colour_.reset();
-    if (desk_.run_mode_changed) desk_.run_mode_changed(false);
-    autotake_caption_ = kAutoTakeCaption;
-    autotake_colour_.reset();
-    context_.status().show(kStoppedMain, kStoppedPlayback);
+    stop();
+  } else {
+    Compute_Run_Output();
   }
+}
+
+void RunMode::stop() {
+  Store& store = context_.store();
+  if (!store.Run_Mode) return;
+  store.Run_Mode = false;
+  store.Autotake_Running = false;
+  store.Take_Manual = false;
+  take_timer_->set_enabled(false);
+  delay_timer_->set_enabled(false);
+  // The desk keeps the live look: chases the unfinished take brought in go.
+  for (int q = 0; q < kChases; ++q) {
+    chases_.set_Seq_Level_In(q, 0);
+    if (chases_.Seq_Level(q) < 1) chases_.Stop_Sequence(q);
+  }
+  side_a_ = Side{};
+  side_b_ = Side{};
+  switch_caption_ = kRunCaption;
+  switch_colour_.reset();
+  if (desk_.run_mode_changed) desk_.run_mode_changed(false);
+  autotake_caption_ = kAutoTakeCaption;
+  autotake_colour_.reset();
+  context_.status().show(kStoppedMain, kStoppedPlayback);
   Compute_Run_Output();
 }
 

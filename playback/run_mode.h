@@ -50,6 +50,8 @@ class RunMode {
   void set_output_interval(std::function<int()> interval) { desk_.output_interval = std::move(interval); }
 
   void Run_Switch_Click();
+  // Leaves run mode without asking (the show is being replaced); takes stop.
+  void stop();
   void Run_Autotake_Click() { Autotake(next_screen_); }
   void Autotake(int target);
   void Run_Crossfade_Change(int value);

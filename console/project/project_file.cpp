@@ -1,6 +1,9 @@
 #include "console/project/project_file.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <filesystem>
+#include <sstream>
 
 #include "console/console.h"
 #include "core/main_desk.h"
@@ -11,7 +14,10 @@
 #include "net/art_net_setup.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
+#include "platform/settings.h"
 #include "playback/playback_desk.h"
+#include "playback/run_mode.h"
+#include "sequence/chase_runtime.h"
 #include "sequence/sequence_desk.h"
 #include "surface/bcf.h"
 
@@ -22,6 +28,15 @@ namespace {
 constexpr const char* kFilter = "XML|*.xml";
 constexpr const char* kNothingChosen = "*.xml";
 
+constexpr const char* kUnsavedTitle = "Unsaved Changes";
+constexpr const char* kUnsavedIntro = "The show ";
+constexpr const char* kUntitledShow = "on the desk";
+constexpr const char* kUnsavedMiddle = " has changes that are not saved.\nSave them before ";
+constexpr const char* kBeforeLoading = "loading another show";
+constexpr const char* kRecentKey = "recent-shows";
+constexpr const char* kUntitledName = "Untitled show.xml";
+constexpr const char* kRecentMissingTitle = " Recent Show Missing";
+constexpr const char* kRecentMissingEnd = "\nIt has been taken off Recent shows.";
 constexpr const char* kLoadTitle = " Load Lumaris Project";
 constexpr const char* kLoadedMain = "Project Loaded ";
 constexpr const char* kLoadedPlayback = "Project Loaded";
@@ -83,13 +98,21 @@ constexpr const char* kSaveErrorTitle = " Save Error";
 constexpr const char* kCouldNotSave = "Could not save ";
 constexpr const char* kOldFileKept = "The file on disk is unchanged.";
 
+// Shipped examples (the checkout's examples/ or the installed copy) are there
+// to be read: saving one keeps the example and starts a show of the operator's own.
+bool is_example(const std::string& path) {
+  return std::filesystem::path(path).parent_path().filename() == "examples";
+}
+
 }  // namespace
 
 ProjectFile::ProjectFile(Console& console) : console_(console) {}
 
-void ProjectFile::Load() { load_from_dialog(); }
+void ProjectFile::Load() {
+  if (may_close_show(kBeforeLoading)) load_from_dialog(true);
+}
 
-void ProjectFile::Load_Patches() { load_from_dialog(); }
+void ProjectFile::Load_Patches() { load_from_dialog(false); }
 
 bool ProjectFile::Load_File(const std::string& path) {
   if (!load_path(path)) return false;
@@ -103,17 +126,100 @@ void ProjectFile::start_surface_from_show() {
   surface.Start_From_Show(console_.store().BCF_Mode);
 }
 
-void ProjectFile::load_from_dialog() {
+void ProjectFile::load_from_dialog(bool replaces_show) {
   const std::string& current = console_.store().Project_File;
   const std::string name = console_.dialogs().open_file(
       {kLoadTitle, kFilter, current.empty() ? kNothingChosen : current});
   // Cancelling keeps the current file name; the dialog's untouched pattern
   // means nothing was chosen either.
   if (name.empty() || name == kNothingChosen) return;
-  load_path(name);
+  load_path(name, replaces_show);
 }
 
-bool ProjectFile::load_path(const std::string& path) {
+bool ProjectFile::may_close_show(const std::string& before) {
+  Store& store = console_.store();
+  if (!store.Project_Changed) return true;
+  const std::string name = store.Project_File.empty()
+                               ? std::string(kUntitledShow)
+                               : std::filesystem::path(store.Project_File).filename().string();
+  const MessageResult answer = console_.dialogs().message(
+      {kUnsavedTitle, kUnsavedIntro + name + kUnsavedMiddle + before + "?", MessageIcon::Question,
+       MessageButtons::SaveDiscardCancel, MessageResult::Cancel});
+  if (answer == MessageResult::Discard) return true;
+  if (answer != MessageResult::Save) return false;
+  Save_Project();
+  return !store.Project_Changed;  // a failed or cancelled save keeps the show
+}
+
+// Takes, chases and the playback output of the old show end with it.
+void ProjectFile::stop_old_show() {
+  Console& c = console_;
+  c.playback_desk().run_mode().stop();
+  ChaseRuntime& sequence = c.sequence_desk().runtime();
+  if (sequence.Chase_Running()) sequence.Stop_Chase(false);
+  c.playback_desk().Clear_All();
+}
+
+std::vector<std::string> ProjectFile::recent_shows() const {
+  std::vector<std::string> shows;
+  const Settings* settings = console_.services().settings;
+  if (settings == nullptr) return shows;
+  std::istringstream lines(settings->read(kRecentKey).value_or(""));
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.empty()) shows.push_back(line);
+  }
+  return shows;
+}
+
+void ProjectFile::store_recent(std::vector<std::string> shows) {
+  Settings* settings = console_.services().settings;
+  if (settings == nullptr) return;
+  if (shows.size() > kRecentShows) shows.resize(kRecentShows);
+  std::string text;
+  for (const std::string& show : shows) text.append(show).append("\n");
+  settings->write(kRecentKey, text);
+}
+
+void ProjectFile::remember(const std::string& path) {
+  std::vector<std::string> shows = recent_shows();
+  std::erase(shows, path);
+  shows.insert(shows.begin(), path);
+  store_recent(std::move(shows));
+}
+
+void ProjectFile::Load_Recent(const std::string& path) {
+  std::string bytes;
+  const FileStatus read = console_.file_system().read_file(path, kLargestShow, bytes);
+  if (!read.ok) {
+    console_.dialogs().message({kRecentMissingTitle,
+                                kCouldNotRead + path + ":\n" + read.reason + kRecentMissingEnd,
+                                MessageIcon::Exclamation});
+    std::vector<std::string> shows = recent_shows();
+    std::erase(shows, path);
+    store_recent(std::move(shows));
+    return;
+  }
+  if (!may_close_show(kBeforeLoading)) return;
+  if (load_path(path, true)) {
+    console_.main_desk().Refresh_Desk_Panel();
+    console_.playback_desk().Refresh_Playback_Panel();
+  }
+}
+
+// Save As offers the show's own file; a show of no file or an example gets a
+// new name in the folder the operator last used (the documents folder when none).
+std::string ProjectFile::save_as_proposal() const {
+  const std::string& current = console_.store().Project_File;
+  if (!current.empty() && !is_example(current)) return current;
+  for (const std::string& show : recent_shows()) {
+    if (!is_example(show)) {
+      return (std::filesystem::path(show).parent_path() / kUntitledName).string();
+    }
+  }
+  return kUntitledName;
+}
+
+bool ProjectFile::load_path(const std::string& path, bool replaces_show) {
   Console& c = console_;
   std::string bytes;
   const FileStatus read = c.file_system().read_file(path, kLargestShow, bytes);
@@ -123,6 +229,7 @@ bool ProjectFile::load_path(const std::string& path) {
   } else {
     const std::string text = windows_1252_to_utf8(bytes);
     if (is_show_text(text)) {
+      if (replaces_show) stop_old_show();
       last_load_ = read_project(c.store(), text);
     } else {
       problem = path + kNotAShow + "\n" + kNothingLoaded;
@@ -140,8 +247,11 @@ bool ProjectFile::load_path(const std::string& path) {
   if (last_load_.art_rows > 0) c.art_net_setup().Start_From_Show();
   if (last_load_.has_project && store.BCF_Mode > 0) start_surface_from_show();
   c.sequence_desk().Refresh_Desk();
+  remember(path);
 
   if (!last_load_.damaged()) {
+    // A whole show read as it was saved has nothing unsaved.
+    if (replaces_show && last_load_.has_project) store.Project_Changed = false;
     c.status().show(kLoadedMain, kLoadedPlayback);
     return true;
   }
@@ -190,12 +300,20 @@ bool ProjectFile::ask_save_name(const char* title) {
 }
 
 void ProjectFile::Save_Project() {
-  if (console_.store().Project_File.empty() && !ask_save_name(kSaveProjectTitle)) return;
+  const std::string& file = console_.store().Project_File;
+  if (file.empty() || is_example(file)) {
+    Save_As_Project();
+    return;
+  }
   save_whole_project();
 }
 
+// Cancelling keeps the show's file name.
 void ProjectFile::Save_As_Project() {
-  if (!ask_save_name(kSaveProjectTitle)) return;
+  const std::string name =
+      console_.dialogs().save_file({kSaveProjectTitle, kFilter, save_as_proposal()});
+  if (name.empty()) return;
+  console_.store().Project_File = name;
   save_whole_project();
 }
 
@@ -206,6 +324,7 @@ void ProjectFile::save_whole_project() {
   const std::string document = whole_project_document(store, console_.clock().today());
   if (write_document(document, kProjectSavedMain, kProjectSavedPlayback)) {
     store.Project_Changed = false;
+    remember(store.Project_File);
   }
 }
 

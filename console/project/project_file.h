@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "console/project/project_reader.h"
 #include "core/show_files.h"
@@ -35,12 +36,23 @@ class ProjectFile final : public ShowFiles {
   void Save_Patch() override;
   void Save_Sequence() override;
 
+  bool may_close_show(const std::string& before) override;
+  std::vector<std::string> recent_shows() const override;
+  void Load_Recent(const std::string& path) override;
+  static constexpr std::size_t kRecentShows = 8;
+
   // What the last load found (counts, skipped blocks, clamped values, a cut).
   const LoadReport& last_load() const { return last_load_; }
 
  private:
-  void load_from_dialog();
-  bool load_path(const std::string& path);
+  void load_from_dialog(bool replaces_show);
+  // `replaces_show`: the file is a show of its own, so what the old one has
+  // running stops before it is read.
+  bool load_path(const std::string& path, bool replaces_show = false);
+  void stop_old_show();
+  void remember(const std::string& path);
+  void store_recent(std::vector<std::string> shows);
+  std::string save_as_proposal() const;
   void report_damage(const std::string& path);
   // A show saved with the surface connected connects it again.
   void start_surface_from_show();

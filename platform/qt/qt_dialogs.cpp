@@ -1,8 +1,12 @@
 #include "platform/qt/qt_dialogs.h"
 
 #include <QColorDialog>
+#include <QDir>
+#include <QStandardPaths>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <span>
+#include <utility>
 
 namespace lumaris {
 
@@ -46,11 +50,26 @@ MessageResult QtDialogs::message(const MessageBoxSpec& request) {
     return MessageResult::Ok;
   }
   QMessageBox box(qt_icon(request.icon), QString::fromStdString(request.title),
-                  QString::fromStdString(request.text), QMessageBox::Ok | QMessageBox::Cancel,
-                  parent());
-  box.setDefaultButton(request.default_button == MessageResult::Cancel ? QMessageBox::Cancel
-                                                                    : QMessageBox::Ok);
-  return box.exec() == QMessageBox::Ok ? MessageResult::Ok : MessageResult::Cancel;
+                  QString::fromStdString(request.text), QMessageBox::NoButton, parent());
+  const std::pair<QMessageBox::StandardButton, MessageResult> ok_cancel[] = {
+      {QMessageBox::Ok, MessageResult::Ok}, {QMessageBox::Cancel, MessageResult::Cancel}};
+  const std::pair<QMessageBox::StandardButton, MessageResult> save_discard_cancel[] = {
+      {QMessageBox::Save, MessageResult::Save},
+      {QMessageBox::Discard, MessageResult::Discard},
+      {QMessageBox::Cancel, MessageResult::Cancel}};
+  std::span<const std::pair<QMessageBox::StandardButton, MessageResult>> buttons = ok_cancel;
+  if (request.buttons == MessageButtons::SaveDiscardCancel) buttons = save_discard_cancel;
+  for (const auto& [button, result] : buttons) {
+    box.addButton(button);
+    if (result == request.default_button) box.setDefaultButton(button);
+  }
+  // Escape and the window's close button answer Cancel.
+  box.setEscapeButton(QMessageBox::Cancel);
+  const int chosen = box.exec();
+  for (const auto& [button, result] : buttons) {
+    if (chosen == button) return result;
+  }
+  return MessageResult::Cancel;
 }
 
 std::string QtDialogs::open_file(const FileDialogSpec& request) {
@@ -59,9 +78,14 @@ std::string QtDialogs::open_file(const FileDialogSpec& request) {
       .toStdString();
 }
 
+// A name without a folder is proposed in the user's documents folder.
 std::string QtDialogs::save_file(const FileDialogSpec& request) {
-  return QFileDialog::getSaveFileName(parent(), QString::fromStdString(request.title),
-                                      initial_path(request.initial_name), qt_filter(request.filter))
+  QString initial = initial_path(request.initial_name);
+  if (!initial.isEmpty() && !initial.contains(QLatin1Char('/'))) {
+    initial = QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).filePath(initial);
+  }
+  return QFileDialog::getSaveFileName(parent(), QString::fromStdString(request.title), initial,
+                                      qt_filter(request.filter))
       .toStdString();
 }
 

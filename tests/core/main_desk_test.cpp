@@ -107,7 +107,7 @@ TEST_F(MainDeskTest, ExitAsksOnlyWhenTheShowIsUnsaved) {
   store().Project_Changed = true;
   EXPECT_FALSE(desk().Form_Unload());
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
-  EXPECT_EQ(t.dialogs.messages()[0].text, "Current Project is not saved Are You Sure ");
+  EXPECT_EQ(t.dialogs.messages()[0].buttons, MessageButtons::SaveDiscardCancel);
   EXPECT_TRUE(t.console->output_cycle().output_timer().enabled()) << "the desk keeps running";
 
   store().Project_Changed = false;

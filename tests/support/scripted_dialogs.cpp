@@ -4,7 +4,7 @@ namespace lumaris {
 
 MessageResult ScriptedDialogs::message(const MessageBoxSpec& request) {
   messages_.push_back(request);
-  if (request.buttons == MessageButtons::OkCancel && during_message_) {
+  if (request.buttons != MessageButtons::Ok && during_message_) {
     auto work = std::move(during_message_);
     during_message_ = nullptr;
     work();
