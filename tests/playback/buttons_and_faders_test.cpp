@@ -74,15 +74,13 @@ TEST(PlaybackButtons, AColourButtonWithoutAFixedColourAsksAtEveryPressFromOff) {
       << "a component of 0 leaves its channel to the buttons before";
   EXPECT_EQ(p.panel().buttons()[5].caption_colour, (Rgb{255, 0, 60}));
   p.click(5);  // off: no question
-  EXPECT_EQ(p.t.dialogs.colour_titles().size(), 1u);
-  EXPECT_EQ(p.live(10), 0);
+  EXPECT_EQ(std::tuple(p.t.dialogs.colour_titles().size(), p.live(10)), std::tuple(1u, 0));
   p.click(5);  // cancelled: stays off
   EXPECT_FALSE(p.store().Playback_Button_State[5]);
 
   b.Preset = true;  // "Preset Colour ?": fixed, never asks
   p.click(5);
-  EXPECT_EQ(p.t.dialogs.colour_titles().size(), 2u);
-  EXPECT_TRUE(p.store().Playback_Button_State[5]);
+  EXPECT_EQ(std::tuple(p.t.dialogs.colour_titles().size(), p.store().Playback_Button_State[5]), std::tuple(2u, true));
 }
 
 TEST(PlaybackButtons, CueButtonsRecallOutsideRunModeAndTakeInRunMode) {
@@ -153,8 +151,7 @@ TEST(PlaybackPanel, ClearAllAndClearEmptyTheDeskAndSaySo) {
 TEST(PlaybackPanel, PagesStepThroughFiveNameThemselvesAndSetUpTheirOwnElements) {
   PlaybackTestDesk p;
   PageControls& pages = p.desk->pages();
-  EXPECT_FALSE(pages.Dec_Page_enabled());
-  EXPECT_EQ(pages.Page_Details(), "Page 1");
+  EXPECT_EQ(std::tuple(pages.Dec_Page_enabled(), pages.Page_Details()), std::tuple(false, "Page 1"));
   pages.Inc_Page_Click();
   p.panel().Button_Press(3, MouseButton::Right);
   EXPECT_EQ(std::tuple(p.desk->button_setup().visible(), p.desk->button_setup().element(),

@@ -93,8 +93,7 @@ TEST(SmoothPlaybackChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame)
   on.chase().Loop = 1;
   on.click(4);
   on.advance(2100);
-  EXPECT_FALSE(on.chases().running(3));
-  EXPECT_EQ(on.mixed(10), 100);
+  EXPECT_EQ(std::tuple(on.chases().running(3), on.mixed(10)), std::tuple(false, 100));
   on.advance(700);
   EXPECT_EQ(on.mixed(10), 0);
 }

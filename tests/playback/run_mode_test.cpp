@@ -147,8 +147,7 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   EXPECT_EQ(d.status(), " Autotake Running ");
   EXPECT_EQ(store().Run_Screen, 2) << "resumed, not a new take";
   EXPECT_EQ(run_until_complete(), 97 * 39) << "the rest of the way at the take's own pace";
-  EXPECT_EQ(d.status(), " Autotake Complete ");
-  EXPECT_EQ(store().Desk_Level[0], 255);
+  EXPECT_EQ(std::tuple(d.status(), store().Desk_Level[0]), std::tuple(" Autotake Complete ", 255));
   EXPECT_EQ(std::tuple(run().side_a_colour(), run().side_b_colour(), run().Run_A()),
             std::tuple(Lamp(kGreen), Lamp(kRed), "Look 3")) << "the next screen waits on side A";
 
