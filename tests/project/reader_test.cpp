@@ -160,14 +160,11 @@ TEST_F(ReaderTest, MinusOneReadsTrueForEveryFlagAndAMissingFlagIsFalse) {
                              "\t<FaderName><Num>6</Num><Desc>Spot</Desc><Main_F>1</Main_F></FaderName>\r"
                              "\t<Button><Number>0</Number><Latch>-1</Latch><Preset>-1</Preset></Button>\r"
                              "\t<Screen><Num>1</Num><Instant>-1</Instant><Auto>-1</Auto></Screen>\r"));
-  EXPECT_TRUE(store.Fader_Names[1].Main_F);
-  EXPECT_TRUE(store.Fader_Names[1].Cross_F);
-  EXPECT_TRUE(store.Button_Functions[0].Latch);
-  EXPECT_TRUE(store.Button_Functions[0].Preset);
-  EXPECT_TRUE(store.Screens[1].Instant);
-  EXPECT_TRUE(store.Screens[1].Auto);
-  EXPECT_TRUE(store.Fader_Names[6].Main_F);
-  EXPECT_FALSE(store.Fader_Names[6].Cross_F);
+  EXPECT_EQ(std::tuple(store.Fader_Names[1].Main_F, store.Fader_Names[1].Cross_F, store.Button_Functions[0].Latch),
+            std::tuple(true, true, true));
+  EXPECT_EQ(std::tuple(store.Button_Functions[0].Preset, store.Screens[1].Instant, store.Screens[1].Auto),
+            std::tuple(true, true, true));
+  EXPECT_EQ(std::tuple(store.Fader_Names[6].Main_F, store.Fader_Names[6].Cross_F), std::tuple(true, false));
   EXPECT_EQ(store.Fader_Names[6].Name, "");  // missing fields read empty
 }
 
