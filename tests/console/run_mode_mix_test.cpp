@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "console/output_cycle.h"
 #include "core/desk_context.h"
 #include "playback/playback_desk.h"
@@ -58,8 +60,7 @@ void RunModeMix::expect_take_mix() {
   // 150*155/255*200/255 = 71.5 -> 72, plus 80*100/255*180/255 = 22.1 -> 22
   EXPECT_EQ(slot(1), 94);
   // live 200*155/255 = 121.6 -> 122, plus run 60*100/255 = 23.5 -> 24
-  EXPECT_EQ(slot(2), 146);
-  EXPECT_EQ(slot(3), 170);
+  EXPECT_EQ(std::tuple(slot(2), slot(3)), std::tuple(146, 170));
   // Cross_F: max(80*180/255 = 56.5 -> 56, run 60); the live buttons do not count
   EXPECT_EQ(slot(4), 60);
   // Cross_F: 200*180/255 = 141.2 -> 141
@@ -97,8 +98,7 @@ TEST_F(RunModeMix, WithSmoothOutputATakeNeverStepsBack) {
     rising = slot(6);
     buttons = slot(8);
   }
-  EXPECT_EQ(rising, 211);
-  EXPECT_EQ(buttons, 211);
+  EXPECT_EQ(std::tuple(rising, buttons), std::tuple(211, 211));
 }
 
 TEST_F(RunModeMix, WithoutTakeTheDeskIsScaledByPresetAndTheCrossfadeIgnored) {

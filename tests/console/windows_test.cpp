@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "console/window_registry.h"
 #include "core/main_desk.h"
 #include "core/project_info.h"
@@ -51,8 +53,7 @@ TEST_F(WindowsTest, ReopeningTheOutputSetupNeverTouchesTheAdapterAgain) {
   EXPECT_EQ(setup().adapter_list_index(), kOki);
   EXPECT_FALSE(setup().control(OutputDeviceSetup::RateBox).visible);
   EXPECT_TRUE(setup().control(OutputDeviceSetup::Lpt1Option).visible);
-  EXPECT_EQ(port.events.size(), port_writes);
-  EXPECT_EQ(test.console->status().main(), status);
+  EXPECT_EQ(std::tuple(port.events.size(), test.console->status().main()), std::tuple(port_writes, status));
 }
 
 TEST_F(WindowsTest, EveryWindowLoadsOnceAndLaterOpensShowTheStoreOfNow) {
@@ -75,9 +76,7 @@ TEST_F(WindowsTest, EveryWindowLoadsOnceAndLaterOpensShowTheStoreOfNow) {
   windows.open("plain");
   plain.Hide();
   windows.open("plain");
-  EXPECT_EQ(loads, 1);
-  EXPECT_EQ(refreshes, 2);
-  EXPECT_TRUE(plain.visible());
+  EXPECT_EQ(std::tuple(loads, refreshes, plain.visible()), std::tuple(1, 2, true));
   EXPECT_FALSE(windows.can_open("no_such_window")) << "a window that does not exist cannot be opened";
 }
 

@@ -31,8 +31,7 @@ TEST(LogSlider, DefaultAxisRunsLogarithmicallyFromATenthToFourMinutesWithExactEn
   ASSERT_EQ(moves.size(), 3u);
   EXPECT_EQ(std::tuple(moves[0], moves[1]), std::tuple(0.1, 240.0)) << "the ends are exact";
   EXPECT_NEAR(moves[2], std::sqrt(24.0), 1e-12);  // 10^((log 0.1 + log 240) / 2)
-  EXPECT_EQ(slider.lblMin(), "0.1");
-  EXPECT_EQ(slider.lblMax(), "240");
+  EXPECT_EQ(std::tuple(slider.lblMin(), slider.lblMax()), std::tuple("0.1", "240"));
   // 0.1..0.9, 1..9, 10..90, 100 and 200: 300 and above lie beyond 240.
   const auto ticks = slider.ticks();
   ASSERT_EQ(ticks.size(), 29u);
@@ -49,13 +48,11 @@ TEST(LogSlider, ProgramValueRaisesOnlyValChangeADragBothAndAScaleFactorKeepsUser
   slider.on_ValChange([&](double v) { changes.push_back(v); });
   slider.on_UserCursorMove([&](double v) { moves.push_back(v); });
   slider.set_Value(1.0);
-  EXPECT_TRUE(moves.empty());
-  EXPECT_EQ(changes, std::vector<double>{1.0});
+  EXPECT_EQ(std::tuple(moves.empty(), changes), std::tuple(true, std::vector<double>{1.0}));
   // log10(1) - log10(0.1) = 1 of the log10(2400) decades above the bottom.
   EXPECT_NEAR(slider.thumb_top(), 600 - 500 / std::log10(2400.0) - 10, 1e-9);
   slider.Set_From_Position(100);
-  EXPECT_EQ(changes, (std::vector<double>{1.0, 1.0}));
-  EXPECT_EQ(moves, std::vector<double>{240.0});
+  EXPECT_EQ(std::tuple(changes, moves), std::tuple(std::vector<double>{1.0, 1.0}, std::vector<double>{240.0}));
 
   // A scale factor keeps user units and scales what the events carry.
   slider.set_Value(2);
@@ -80,8 +77,7 @@ TEST(LogSlider, LinearAxisAndTheNonPositiveFallbacks) {
   // A value of 0 on a logarithmic axis has no position of its own: the bottom.
   slider.set_logAxis(true);
   slider.set_Value(0);
-  EXPECT_EQ(slider.thumb_top(), 600.0);
-  EXPECT_EQ(slider.Value(), 0.0);
+  EXPECT_EQ(std::tuple(slider.thumb_top(), slider.Value()), std::tuple(600.0, 0.0));
 
   // A range whose minimum lies above its maximum is still logarithmic: halfway
   // between 100 at the bottom and 1 at the top is 10.
@@ -99,8 +95,7 @@ TEST(LogSlider, LinearAxisAndTheNonPositiveFallbacks) {
   slider.set_MinValue(0);
   slider.Set_From_Position(350);
   EXPECT_DOUBLE_EQ(slider.Value(), 120.0);
-  EXPECT_EQ(slider.lblMin(), "0");
-  EXPECT_TRUE(slider.ticks().empty());
+  EXPECT_EQ(std::tuple(slider.lblMin(), slider.ticks().empty()), std::tuple("0", true));
 }
 
 TEST(SignificantText, RoundsToTheDigitsHalvesToEvenOrSwitchesToExponentForm) {

@@ -22,8 +22,7 @@ class MainDeskTest : public ::testing::Test {
 
 TEST_F(MainDeskTest, FadersButtonsAndPagingWorkOnTheShownPageAndClearTheWholeDesk) {
   desk().channel_fader_changed(4, 55);
-  EXPECT_EQ(store().Desk_Level[4], 200);
-  EXPECT_EQ(desk().strips()[4].level_box, "200");
+  EXPECT_EQ(std::tuple(store().Desk_Level[4], desk().strips()[4].level_box), std::tuple(200, "200"));
   store().Fader_Names[3].Desc.clear();
   store().Fader_Names[32] = {"Follow spot", "Spot", "255", false, false};
   store().Desk_Level[32] = 17;
@@ -90,16 +89,13 @@ TEST_F(MainDeskTest, ResetDeskAsksWithCancelAsDefaultThenRestoresTheStartUpDesk)
   EXPECT_EQ(std::tuple(store().Patch[0], store().Patch[31], store().Patch[32], store().Patch[40]),
             std::tuple(1, 32, 0, 0))
       << "reset patches 32 slots";
-  EXPECT_TRUE(store().Submix[3].Name.empty());
-  EXPECT_EQ(store().Fader_Names[4].Desc, "5");
-  EXPECT_FALSE(store().Project_Changed);
-  EXPECT_TRUE(store().Project_File.empty());
-  EXPECT_EQ(store().Project_Title, "untitled");
-  EXPECT_FALSE(store().Playback_Button_State[2]);
+  EXPECT_EQ(std::tuple(store().Submix[3].Name.empty(), store().Fader_Names[4].Desc, store().Project_Changed),
+            std::tuple(true, "5", false));
+  EXPECT_EQ(std::tuple(store().Project_File.empty(), store().Project_Title, store().Playback_Button_State[2]),
+            std::tuple(true, "untitled", false));
   EXPECT_EQ(store().Playback_Fader_Level[1], 0);
   EXPECT_EQ(std::tuple(desk().channels_value(), desk().submix_master_value()), std::tuple(0, 255));
-  EXPECT_EQ(desk().caption(), " Lumaris   ");
-  EXPECT_EQ(t.console->status().playback(), " Desk Reset");
+  EXPECT_EQ(std::tuple(desk().caption(), t.console->status().playback()), std::tuple(" Lumaris   ", " Desk Reset"));
   expect_start_up_panel();
 }
 
@@ -112,8 +108,7 @@ TEST_F(MainDeskTest, ExitAsksOnlyWhenTheShowIsUnsaved) {
 
   store().Project_Changed = false;
   EXPECT_TRUE(desk().exit_clicked());
-  EXPECT_EQ(t.dialogs.messages().size(), 1u);
-  EXPECT_EQ(desk().Status(), " Exit Software");
+  EXPECT_EQ(std::tuple(t.dialogs.messages().size(), desk().Status()), std::tuple(1u, " Exit Software"));
   EXPECT_FALSE(t.console->output_cycle().output_timer().enabled()) << "the exit path stops output";
 }
 
@@ -165,9 +160,8 @@ TEST_F(MainDeskTest, SubmixProgramStoresCompactedEntriesNameAndColourRecallResto
   const SubmixRec& sub = store().Submix[0];
   EXPECT_EQ(std::tuple(sub.Chan[0], sub.Level[0], sub.Chan[1], sub.Level[1], sub.Chan[2]),
             std::tuple(3, 40, 10, 255, 0));
-  EXPECT_EQ(std::tuple(sub.Name, sub.Colour), std::tuple("Warm", "255"));
-  EXPECT_EQ(desk().Status(), " Submix  0 Programmed");
-  EXPECT_TRUE(store().Project_Changed);
+  EXPECT_EQ(std::tuple(sub.Name, sub.Colour, desk().Status(), store().Project_Changed),
+            std::tuple("Warm", "255", " Submix  0 Programmed", true));
   EXPECT_EQ(t.dialogs.colour_titles().front(), " Choose a Colour");
 
   for (int i = 0; i < 64; ++i) store().Desk_Level[i] = static_cast<std::int16_t>(255 - i);
@@ -202,8 +196,7 @@ TEST_F(MainDeskTest, SubmixSelectionWrapsAtBothEndsAndShowsNameAndColour) {
   desk().Submix_Plus_Click();
   EXPECT_EQ(desk().submix_number(), "1");
   desk().Submix_Plus_Click();
-  EXPECT_EQ(desk().Submix_Text(), "Blue wash");
-  EXPECT_EQ(desk().Sub_colour(), (Paint{Rgb{0, 0, 255}}));
+  EXPECT_EQ(std::tuple(desk().Submix_Text(), desk().Sub_colour()), std::tuple("Blue wash", Paint{Rgb{0, 0, 255}}));
   desk().Submix_Plus_Click();
   EXPECT_EQ(desk().Sub_colour(), Paint{}) << "no colour stored: button face";
 }

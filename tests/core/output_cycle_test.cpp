@@ -98,20 +98,16 @@ TEST_F(OutputCycleTest, OnlyLevelsTheFrameCannotHoldFailTheTickAndTheNextStartsA
   store().Desk_Level[0] = 100;
   store().Patch[3] = 65;  // the always-dark entry: a valid patch
   tick();
-  EXPECT_FALSE(failed());
-  EXPECT_EQ(desk().dmx_lamp(), kGreen);
-  EXPECT_EQ(slot(4), 0);
+  EXPECT_EQ(std::tuple(failed(), desk().dmx_lamp(), slot(4)), std::tuple(false, kGreen, 0));
 
   store().Patch[3] = 66;  // no such desk channel: the tick cannot build the frame
   store().Desk_Level[0] = 120;
   tick();
-  EXPECT_TRUE(failed());
-  EXPECT_EQ(desk().dmx_lamp(), kBlack);
+  EXPECT_EQ(std::tuple(failed(), desk().dmx_lamp()), std::tuple(true, kBlack));
 
   store().Patch[3] = 1;
   tick();
-  EXPECT_EQ(desk().dmx_lamp(), kGreen);
-  EXPECT_EQ(slot(1), 120);
+  EXPECT_EQ(std::tuple(desk().dmx_lamp(), slot(1)), std::tuple(kGreen, 120));
 
   // Every source of channel 1 below zero: nothing can be sent for it.
   store().Desk_Level[0] = -5;
@@ -119,8 +115,7 @@ TEST_F(OutputCycleTest, OnlyLevelsTheFrameCannotHoldFailTheTickAndTheNextStartsA
   store().Playback_Seq_Out[0] = -5;
   store().Playback_Live_Out[0] = -5;
   t.console->output_cycle().output_tick();  // before the playback desk's timer rebuilds its levels
-  EXPECT_TRUE(failed());
-  EXPECT_EQ(desk().dmx_lamp(), kBlack);
+  EXPECT_EQ(std::tuple(failed(), desk().dmx_lamp()), std::tuple(true, kBlack));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/main_desk.h"
 #include "core/output_monitor.h"
 #include "tests/support/test_console.h"
@@ -22,8 +24,7 @@ struct OutputMonitorTest : ::testing::Test {
 TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShownAndPagesOverlapByOneSlot) {
   fader(0, 55);  // channel 1 at 200, on slot 1
   tick();
-  EXPECT_EQ(t.store().DMX_Out[0], 200);
-  EXPECT_EQ(monitor->bar(0).Value(), 0);
+  EXPECT_EQ(std::tuple(t.store().DMX_Out[0], monitor->bar(0).Value()), std::tuple(200, 0));
   monitor->Show();
   EXPECT_EQ(monitor->bar(0).Value(), 200);  // opening shows the current frame
   fader(1, 155);  // channel 2 at 100
@@ -32,14 +33,12 @@ TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShownAndPagesOverlapByOneSl
   monitor->Hide();
   fader(1, 255);
   tick();
-  EXPECT_EQ(t.store().DMX_Out[1], 0);
-  EXPECT_EQ(monitor->bar(1).Value(), 100);
+  EXPECT_EQ(std::tuple(t.store().DMX_Out[1], monitor->bar(1).Value()), std::tuple(0, 100));
 
   monitor->Show();  // pages overlap by one slot; the last hides bars beyond the frame
   EXPECT_EQ(monitor->range_label(), " Real DMX Output  Ch1   -  Ch144");
   monitor->next_page_clicked();
-  EXPECT_EQ(t.store().Realout_First, 143);
-  EXPECT_EQ(t.store().Realout_Last, 286);
+  EXPECT_EQ(std::tuple(t.store().Realout_First, t.store().Realout_Last), std::tuple(143, 286));
   t.store().Patch[143] = 9;
   fader(8, 0);  // channel 9 full
   tick();
@@ -47,8 +46,7 @@ TEST_F(OutputMonitorTest, BarsFollowTheFrameOnlyWhileShownAndPagesOverlapByOneSl
   EXPECT_EQ(monitor->bar_tooltip(0), " Output 144 From Desk Channel 9");
 
   for (int i = 0; i < 5; ++i) monitor->next_page_clicked();
-  EXPECT_EQ(monitor->page(), 3);
-  EXPECT_FALSE(monitor->next_page_enabled());
+  EXPECT_EQ(std::tuple(monitor->page(), monitor->next_page_enabled()), std::tuple(3, false));
   EXPECT_TRUE(monitor->bar_visible(82));   // slot 511, DMX channel 512
   EXPECT_FALSE(monitor->bar_visible(83));  // slot 512
   EXPECT_EQ(monitor->bar_tooltip(82), " Output 512 From Desk Channel 0");

@@ -23,13 +23,10 @@ struct PatchEditorTest : ::testing::Test {
 };
 
 TEST_F(PatchEditorTest, PagesMoveByThirtyTwoSlotsUpToTheEndOfTheFrame) {
-  EXPECT_EQ(editor->channel_box(62), "63");
-  EXPECT_EQ(editor->channel_box(63), "0");
+  EXPECT_EQ(std::tuple(editor->channel_box(62), editor->channel_box(63)), std::tuple("63", "0"));
   for (int i = 0; i < 20; ++i) editor->next_page_clicked();
-  EXPECT_EQ(editor->page(), 12);
-  EXPECT_FALSE(editor->next_page_enabled());
-  EXPECT_EQ(editor->range_label(), "DMX Lights ( 385 - 512 )");
-  EXPECT_EQ(editor->slot_label(127), "DMX ch 512");
+  EXPECT_EQ(std::tuple(editor->page(), editor->next_page_enabled(), editor->range_label(), editor->slot_label(127)),
+            std::tuple(12, false, "DMX Lights ( 385 - 512 )", "DMX ch 512"));
   EXPECT_EQ(editor->channel_box_tooltip(0), " Select Desh Channel for DMX ch385");
   editor->previous_page_clicked();
   EXPECT_EQ(editor->slot_label(0), "DMX ch 353");
@@ -39,10 +36,8 @@ TEST_F(PatchEditorTest, ChannelAboveSixtyFourOrNoNumberIsRefusedAndTheBoxReset) 
   editor->channel_box_changed(3, "65");
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   const auto& box = t.dialogs.messages()[0];
-  EXPECT_EQ(box.title, " Patch Error");
-  EXPECT_EQ(box.text, " Not a valid Patch Number must be 1 - 64");
-  EXPECT_EQ(box.icon, MessageIcon::Exclamation);
-  EXPECT_EQ(editor->channel_box(3), "0");
+  EXPECT_EQ(std::tuple(box.title, box.text, box.icon, editor->channel_box(3)),
+            std::tuple(" Patch Error", " Not a valid Patch Number must be 1 - 64", MessageIcon::Exclamation, "0"));
   EXPECT_EQ(store().Patch[3], 4);  // nothing is stored before Update
   for (const char* typed : {"-1", "abc", "2.5", "-"}) {
     t.dialogs.clear();
@@ -54,8 +49,7 @@ TEST_F(PatchEditorTest, ChannelAboveSixtyFourOrNoNumberIsRefusedAndTheBoxReset) 
   editor->channel_box_changed(3, "64");
   editor->channel_box_changed(4, "0");
   editor->channel_box_changed(5, "");
-  EXPECT_TRUE(t.dialogs.messages().empty());
-  EXPECT_EQ(editor->channel_box(3), "64");
+  EXPECT_EQ(std::tuple(t.dialogs.messages().empty(), editor->channel_box(3)), std::tuple(true, "64"));
 }
 
 TEST_F(PatchEditorTest, UpdateStoresTheShownPageAndClearOnTheLastPageClearsOnlyItsSlots) {
@@ -75,9 +69,8 @@ TEST_F(PatchEditorTest, UpdateStoresTheShownPageAndClearOnTheLastPageClearsOnlyI
   editor->Clear_Click();
   for (int s = 0; s < 384; ++s) ASSERT_EQ(store().Patch[s], s % 64 + 1) << s;
   for (int s = 384; s < kDmxSlots; ++s) ASSERT_EQ(store().Patch[s], 0) << s;
-  EXPECT_EQ(editor->channel_box(0), "0");
-  EXPECT_EQ(t.console->status().main(), " Patches All Cleared");
-  EXPECT_TRUE(store().Project_Changed);
+  EXPECT_EQ(std::tuple(editor->channel_box(0), t.console->status().main(), store().Project_Changed),
+            std::tuple("0", " Patches All Cleared", true));
 }
 
 TEST_F(PatchEditorTest, OpeningAPatchedEntryEditsItsChannelAndClosingDropsEntriesNeverStored) {
@@ -85,8 +78,7 @@ TEST_F(PatchEditorTest, OpeningAPatchedEntryEditsItsChannelAndClosingDropsEntrie
   EXPECT_FALSE(t.console->channel_properties().visible());
   editor->channel_box_changed(10, "42");
   editor->open_channel(10);
-  EXPECT_EQ(store().Edit_Channel, 41);
-  EXPECT_EQ(t.console->channel_properties().Show_Channel(), "42");
+  EXPECT_EQ(std::tuple(store().Edit_Channel, t.console->channel_properties().Show_Channel()), std::tuple(41, "42"));
 
   editor->channel_box_changed(0, "9");
   editor->Close_Click();

@@ -28,9 +28,8 @@ TEST(ProjectInfo, ShowsTodayOrTheLoadedHeaderCancelDropsTheEditAndOkStoresIt) {
   info.Show();
   info.Prj_Name_Change("Macbeth");
   info.CancelButton_Click();
-  EXPECT_EQ(store.Project_Name, "Hamlet");
-  EXPECT_FALSE(store.Project_Changed);
-  EXPECT_FALSE(info.visible());
+  EXPECT_EQ(std::tuple(store.Project_Name, store.Project_Changed, info.visible()),
+            std::tuple("Hamlet", false, false));
   info.Form_Load();
   EXPECT_EQ(info.Prj_Name(), "Hamlet") << "opening again drops the abandoned edit";
 
@@ -38,9 +37,8 @@ TEST(ProjectInfo, ShowsTodayOrTheLoadedHeaderCancelDropsTheEditAndOkStoresIt) {
   info.Prj_Name_Change("Macbeth");
   info.project_text_changed("Tour 2027");
   info.OKButton_Click();
-  EXPECT_EQ(std::tuple(store.Project_Name, store.Project_Text), std::tuple("Macbeth", "Tour 2027"));
-  EXPECT_TRUE(store.Project_Changed);
-  EXPECT_FALSE(info.visible());
+  EXPECT_EQ(std::tuple(store.Project_Name, store.Project_Text, store.Project_Changed, info.visible()),
+            std::tuple("Macbeth", "Tour 2027", true, false));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 
 #include "core/main_desk.h"
 #include "keypad/keypad_keys.h"
@@ -70,11 +71,8 @@ TEST(CommandLineLines, ItemsAndThruRangesSetTheirLevels) {
 
 TEST_F(CommandLine, AnAssignmentRecordsTheLineLightsGreenAndRedrawsTheDesk) {
   type("5.50\n");
-  EXPECT_EQ(main_status(), "CLI -5 @ 50 ");
-  EXPECT_EQ(playback_status(), "CLI -5 @ 50 ");
-  EXPECT_FALSE(cli().CLI_Error());
-  EXPECT_EQ(cli().String_In(), "");
-  EXPECT_EQ(cli().Token_Index(), 0);
+  EXPECT_EQ(std::tuple(main_status(), playback_status(), cli().CLI_Error(), cli().String_In(), cli().Token_Index()),
+            std::tuple("CLI -5 @ 50 ", "CLI -5 @ 50 ", false, "", 0));
   EXPECT_EQ(t.console->main_desk().strips()[4].level_box, "128");
   type("4/.30\n1*8+12.000 2+61.40\n");
   EXPECT_EQ(cli().history_list(), (History{"5 @ 50 ", "S4 @ 30 ", "1 Thru 8 + 12 @ 100 ", "2 + 61 @ 40 "}))
@@ -94,9 +92,8 @@ TEST_F(CommandLine, RefusedLinesChangeNothingAndStayOutOfTheHistory) {
   for (const char* line : {"61.20\n", "5.\n", "5+6\n", "5.150\n", "0.50\n", ".50\n", "5*000"}) {
     SCOPED_TRACE(line);
     type(line);
-    EXPECT_EQ(cli().CLI_Status(), CLI::kLampError);
-    EXPECT_TRUE(cli().CLI_Error());
-    EXPECT_EQ(cli().Token_Index(), 0);
+    EXPECT_EQ(std::tuple(cli().CLI_Status(), cli().CLI_Error(), cli().Token_Index()),
+              std::tuple(CLI::kLampError, true, 0));
   }
   for (int n = 1; n <= 64; ++n) ASSERT_EQ(channel(n), 0) << "channel " << n;
   EXPECT_EQ(fader(61), 0);
@@ -110,8 +107,7 @@ TEST_F(CommandLine, RefusedLinesChangeNothingAndStayOutOfTheHistory) {
 
 TEST_F(CommandLine, TokensAreEditedKeyByKey) {
   type("1234");
-  EXPECT_EQ(cli().Tokens()[0], "123");
-  EXPECT_EQ(cli().String_In(), "123 ");
+  EXPECT_EQ(std::tuple(cli().Tokens()[0], cli().String_In()), std::tuple("123", "123 "));
   type("..000");
   EXPECT_EQ(cli().Tokens()[0], "000") << "below token 2 the zeros are only digits";
   EXPECT_EQ(cli().CLI_Status(), CLI::kLampTyping);
@@ -124,8 +120,7 @@ TEST_F(CommandLine, TokensAreEditedKeyByKey) {
   EXPECT_EQ(cli().Tokens()[0], "");
   EXPECT_EQ(cli().String_In(), "12 ") << "Backspace redraws at the next key";
   type("3.50\n");
-  EXPECT_EQ(channel(3), 128);
-  EXPECT_EQ(channel(12), 0);
+  EXPECT_EQ(std::tuple(channel(3), channel(12)), std::tuple(128, 0));
 
   type("5c");
   EXPECT_EQ(cli().Tokens()[0], "c") << "C at the first token replaces it";
@@ -148,8 +143,7 @@ TEST_F(CommandLine, ALineLongerThanTheTokenArrayIsRefused) {
   EXPECT_EQ(cli().CLI_Status(), CLI::kLampError) << "the rest of the line does nothing until Enter";
   EXPECT_EQ(cli().refusal(), "line too long: a line holds 101 numbers and words");
   type("\n3.50\n");
-  EXPECT_EQ(cli().history_list(), History{"3 @ 50 "});
-  EXPECT_EQ(channel(52) + channel(1), 0);
+  EXPECT_EQ(std::tuple(cli().history_list(), channel(52) + channel(1)), std::tuple(History{"3 @ 50 "}, 0));
   for (int i = 0; i < 50; ++i) type("1+");
   type("4.50..4.50\n");
   EXPECT_EQ(channel(4), 128) << "Clear also ends a refused line";
@@ -165,15 +159,12 @@ TEST_F(CommandLine, ALineLongerThanTheTokenArrayIsRefused) {
 TEST_F(CommandLine, QueriesShowTheLevelInPercent) {
   store().Desk_Level[6] = 128;
   type("7\n");
-  EXPECT_EQ(cli().String_In(), "50.1960784313726");
-  EXPECT_EQ(main_status(), "Main Channel 7 =  50%");
-  EXPECT_EQ(playback_status(), "Main Channel 7 =  50%");
-  EXPECT_EQ(cli().Token_Index(), 0);
+  EXPECT_EQ(std::tuple(cli().String_In(), main_status(), playback_status(), cli().Token_Index()),
+            std::tuple("50.1960784313726", "Main Channel 7 =  50%", "Main Channel 7 =  50%", 0));
 
   store().Playback_Fader_Level[3] = 76;
   type("4/\n");
-  EXPECT_EQ(cli().String_In(), "29.8039215686275");
-  EXPECT_EQ(main_status(), "Submix Channel 4 =  29%");
+  EXPECT_EQ(std::tuple(cli().String_In(), main_status()), std::tuple("29.8039215686275", "Submix Channel 4 =  29%"));
 
   store().Desk_Level[64] = 255;
   type("65\n");
@@ -196,9 +187,8 @@ TEST_F(CommandLine, CAndANumberRecallAScreenOrInRunModeTakeToIt) {
   type("c12\n");
   EXPECT_EQ(t.console->playback_desk().screens().Screen_Num_sel(), 12);
   EXPECT_EQ(channel(1), 200) << "the screen is recalled";
-  EXPECT_EQ(main_status(), "Cue 12 Selected");
-  EXPECT_EQ(playback_status(), "Cue 12 Selected");
-  EXPECT_EQ(cli().String_In(), "");
+  EXPECT_EQ(std::tuple(main_status(), playback_status(), cli().String_In()),
+            std::tuple("Cue 12 Selected", "Cue 12 Selected", ""));
   type("c0\nc200\n");
   EXPECT_EQ(main_status(), "Cue 12 Selected") << "screen numbers outside the desk are ignored";
 
@@ -207,8 +197,7 @@ TEST_F(CommandLine, CAndANumberRecallAScreenOrInRunModeTakeToIt) {
   desk.run_mode().Run_Switch_Click();
   ASSERT_TRUE(store().Run_Mode);
   type("c3\n");
-  EXPECT_TRUE(store().Autotake_Running);
-  EXPECT_EQ(store().Run_Screen, 3);
+  EXPECT_EQ(std::tuple(store().Autotake_Running, store().Run_Screen), std::tuple(true, 3));
   EXPECT_EQ(channel(1), 0) << "no recall: the take crossfades";
   EXPECT_EQ(main_status(), "Cue 3 Selected");
 }
@@ -218,8 +207,7 @@ TEST_F(CommandLine, SequenceFadersStartTheirChaseAndTheSurfaceFollowsOnlyInItsMo
   store().Fader_Functions[2].Value = 4;
   type("3/.50\n");
   PlaybackChases& chases = t.console->playback_desk().chases();
-  EXPECT_EQ(chases.Seq_Level(4), 128);
-  EXPECT_TRUE(chases.running(4));
+  EXPECT_EQ(std::tuple(chases.Seq_Level(4), chases.running(4)), std::tuple(128, true));
   type("3/.0\n");
   EXPECT_FALSE(chases.running(4)) << "level 0 stops it";
   EXPECT_EQ(chases.Seq_Level(4), 0);
@@ -252,8 +240,7 @@ TEST_F(CommandLine, TheMainDeskPassesKeysAndItsMenuOpensTheWindowWhichKeepsItsLi
   cli().hide_clicked();
   EXPECT_FALSE(cli().visible());
   desk.Menu_Click("command-line");
-  EXPECT_EQ(cli().String_In(), "3 ");
-  EXPECT_EQ(cli().history_list(), History{"5 @ 50 "});
+  EXPECT_EQ(std::tuple(cli().String_In(), cli().history_list()), std::tuple("3 ", History{"5 @ 50 "}));
 }
 
 TEST(LaptopKeys, TopRowKeysActAsTheKeypadInTheWindowOnlyWhenTicked) {
@@ -272,9 +259,8 @@ TEST(LaptopKeys, TopRowKeysActAsTheKeypadInTheWindowOnlyWhenTicked) {
                            keys::kTop0, keys::kEnter}) {
       cli.Form_KeyDown(code);
     }
-    EXPECT_EQ(cli.history_list(), History{"9 Thru 2 + S1 @ 40 "});
-    EXPECT_EQ(t.store().Desk_Level[1], 102);
-    EXPECT_EQ(t.store().Playback_Fader_Level[0], 102);
+    EXPECT_EQ(std::tuple(cli.history_list(), t.store().Desk_Level[1], t.store().Playback_Fader_Level[0]),
+              std::tuple(History{"9 Thru 2 + S1 @ 40 "}, 102, 102));
     t.console->main_desk().Key_Down(keys::kTop0 + 5);
     EXPECT_EQ(cli.Tokens()[0], "") << "the main desk keeps the keypad's keys";
   }
@@ -302,8 +288,7 @@ TEST(NumLockKey, SwitchesNumLockBackOnOnlyWhenItIsOff) {
   t.build();
   num_lock.on = false;
   t.console->main_desk().Key_Down(keys::kNumLock);
-  EXPECT_EQ(num_lock.on, true);
-  EXPECT_EQ(num_lock.sets, 1);
+  EXPECT_EQ(std::tuple(num_lock.on, num_lock.sets), std::tuple(true, 1));
   t.console->cli().CLI_Key(keys::kNumLock);
   EXPECT_EQ(num_lock.sets, 1) << "already on: left alone";
   num_lock.on.reset();

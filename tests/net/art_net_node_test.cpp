@@ -45,19 +45,16 @@ TEST(ArtNetNode, RowsZeroAndThreeSendTwoPacketsEveryHundredMillisecondsWhileTheI
   t.desk.scheduler.advance(99);
   EXPECT_EQ(t.udp.sent().size(), 2u);
   t.desk.scheduler.advance(1);
-  EXPECT_EQ(t.udp.sent().size(), 4u);
-  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{kBlack});
+  EXPECT_EQ(std::tuple(t.udp.sent().size(), t.main_desk().art_net_lamp()), std::tuple(4u, Paint{kBlack}));
 
   t.config().enable_button_clicked(0);
   EXPECT_TRUE(t.node().Art_Time().enabled());
   t.config().enable_button_clicked(3);  // the last one
-  EXPECT_FALSE(t.node().Art_Time().enabled());
-  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{});
+  EXPECT_EQ(std::tuple(t.node().Art_Time().enabled(), t.main_desk().art_net_lamp()), std::tuple(false, Paint{}));
   EXPECT_FALSE(t.main_desk().Art_Label_enabled());
   t.udp.clear_sent();
   t.desk.scheduler.advance(1000);
-  EXPECT_TRUE(t.udp.sent().empty());
-  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{});
+  EXPECT_EQ(std::tuple(t.udp.sent().empty(), t.main_desk().art_net_lamp()), std::tuple(true, Paint{}));
 }
 
 TEST(ArtNetNode, BroadcastAddressFollowsTheLocalAddress) {
@@ -177,8 +174,7 @@ TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtN
   t.udp.clear_sent();
   t.desk.scheduler.advance(500);
   const std::string failed = " Art-Net Sending Failed: Network is unreachable";
-  EXPECT_EQ(said, std::vector<std::string>{failed});
-  EXPECT_EQ(t.console().status().playback(), failed);
+  EXPECT_EQ(std::tuple(said, t.console().status().playback()), std::tuple(std::vector<std::string>{failed}, failed));
   EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{kRed}) << "held red, not blinking";
   EXPECT_EQ(t.main_desk().art_net_lamp_tooltip(), "Art-Net sending fails: Network is unreachable");
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255 fails: Network is unreachable");
@@ -221,9 +217,8 @@ TEST(ArtNetNode, ATakenPortHoldsTheLampAmberWithItsReasonAndIsTriedAgainUntilFre
 
   t.udp.release_port();
   t.desk.scheduler.advance(ArtNetNode::kBindRetryInterval);
-  EXPECT_EQ(t.udp.bound_port(), 6454);
-  EXPECT_EQ(t.console().status().main(), " Art-Net port 6454 is free again: Art-Net started");
-  EXPECT_EQ(reported.size(), 2u);
+  EXPECT_EQ(std::tuple(t.udp.bound_port(), t.console().status().main(), reported.size()),
+            std::tuple(6454, " Art-Net port 6454 is free again: Art-Net started", 2u));
   EXPECT_EQ(t.main_desk().art_net_lamp_tooltip(), "Art-Net output");
   t.udp.clear_sent();
   t.desk.scheduler.advance(100);

@@ -35,8 +35,7 @@ TEST(ArtConfig, OpeningStartsTheNodeAndButtonsToggleTheirRowWithItsOwnUniverse) 
 
   t.store().Art_Universes[4].Universe = 9;  // left over from somewhere
   t.config().enable_button_clicked(4);
-  EXPECT_TRUE(t.store().Art_Universes[4].Enable);
-  EXPECT_EQ(t.store().Art_Universes[4].Universe, 4);
+  EXPECT_EQ(std::tuple(t.store().Art_Universes[4].Enable, t.store().Art_Universes[4].Universe), std::tuple(true, 4));
   EXPECT_EQ(t.config().enable_button(4), "Disable");
   EXPECT_EQ(t.config().enable_button_colour(4), Paint{kGreen});
   t.config().enable_button_clicked(4);
@@ -95,8 +94,7 @@ TEST(ArtDestination, CommandLineDestinationHoldsForThisRunOnlyUntilSetKeepsOneFo
   t.arrive(art_packet(0x2000, 14));
   ASSERT_EQ(t.udp.sent().size(), 2u);
   for (const auto& packet : t.udp.sent()) {
-    EXPECT_EQ(packet.host, "127.0.0.3");
-    EXPECT_FALSE(packet.broadcast_allowed);
+    EXPECT_EQ(std::tuple(packet.host, packet.broadcast_allowed), std::tuple("127.0.0.3", false));
   }
 
   t.config().Destination_Change("");  // back to automatic

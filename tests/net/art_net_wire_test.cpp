@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "tests/net/art_net_desk.h"
@@ -80,8 +81,7 @@ TEST(ArtNetWire, ArtDmxCarriesTheFrameByteForByte) {
       .add({0x02, 0x00});                           // Length 512, high byte first
   for (int s = 0; s < kDmxSlots; ++s) b.add({static_cast<std::uint8_t>((s * 7 + 3) & 0xFF)});
   ASSERT_EQ(b.v.size(), 530u);
-  EXPECT_EQ(t.udp.sent()[0].bytes, b.v);
-  EXPECT_EQ(t.udp.sent()[0].port, 6454);
+  EXPECT_EQ(std::tuple(t.udp.sent()[0].bytes, t.udp.sent()[0].port), std::tuple(b.v, 6454));
 }
 
 TEST(ArtNetWire, ArtPollIsAnsweredWithAPollReplyNamingTheMainDeskAsCaptionedNow) {
@@ -90,8 +90,7 @@ TEST(ArtNetWire, ArtPollIsAnsweredWithAPollReplyNamingTheMainDeskAsCaptionedNow)
   t.open_setup();
   t.arrive(art_packet(0x2000, 14));
   ASSERT_EQ(t.udp.sent().size(), 1u);
-  EXPECT_EQ(t.udp.sent()[0].host, "255.255.255.255");
-  EXPECT_EQ(t.udp.sent()[0].port, 6454);
+  EXPECT_EQ(std::tuple(t.udp.sent()[0].host, t.udp.sent()[0].port), std::tuple("255.255.255.255", 6454));
   // "DMX 512 Main Desk" is 17 characters, then 47 blanks.
   EXPECT_EQ(t.udp.sent()[0].bytes,
             poll_reply_expected("DMX 512 Main Desk                                               "));

@@ -195,8 +195,7 @@ TEST_F(SacnDesk, BadInputShowsAMessageAndChangesNothing) {
   window().Priority_Change("150");
   window().Destination_Change("10.0.0.300");
   window().Apply_Click();
-  EXPECT_EQ(output().priority(), 100);
-  EXPECT_EQ(desk.dialogs.messages().size(), 7u);
+  EXPECT_EQ(std::tuple(output().priority(), desk.dialogs.messages().size()), std::tuple(100, 7u));
 
   window().Priority_Change("150");
   window().Destination_Change("127.0.0.1");

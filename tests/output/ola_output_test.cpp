@@ -104,8 +104,7 @@ TEST_F(OlaDesk, AHungOladIsShownOnceAsNotAnsweringAndTriedLessOftenUntilItAnswer
   }
   EXPECT_EQ(output().status(), steady) << "not answering until frames have gone a while";
   desk.scheduler.advance(OlaOutput::kSettleTime);
-  EXPECT_EQ(said.back(), " OLA connected again");
-  EXPECT_EQ(output().status(), "OLA sending universe 1");
+  EXPECT_EQ(std::tuple(said.back(), output().status()), std::tuple(" OLA connected again", "OLA sending universe 1"));
 }
 
 TEST_F(OlaDesk, RunUniverseSendsAndIsNeverSaved) {

@@ -70,8 +70,7 @@ TEST(OpenDmxOpen, EachFailingStepStopsAtItsOwnCodeQuietlyOrShowsItsMessage) {
     EXPECT_EQ(quiet.device.calls(), Calls(kOpenSequence.begin(), kOpenSequence.begin() + n + 1));
     EXPECT_FALSE(quiet.usb->USB_Open());
     EXPECT_EQ(quiet.usb->USB_Get_Error(1), kSteps[n].code);
-    EXPECT_TRUE(quiet.messages().empty());
-    EXPECT_EQ(quiet.main_status(), status_before);
+    EXPECT_EQ(std::tuple(quiet.messages().empty(), quiet.main_status()), std::tuple(true, status_before));
 
     Rig loud;
     loud.device.fail(kSteps[n].call);

@@ -159,9 +159,8 @@ TEST_F(SendFrameTest, OpenDmxFromALoadedShowWithoutTheDeviceSearchesAndNeverSays
   device.plug();  // searching goes on quietly: see the thousand unplugs below
   said.clear();
   tick();
-  EXPECT_EQ(said, std::vector<std::string>{" Open USB Connected"});
-  EXPECT_EQ(test.dialogs.messages().size(), 3u);
-  EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  connected");
+  EXPECT_EQ(std::tuple(said, test.dialogs.messages().size(), console->output_devices().status()),
+            std::tuple(std::vector<std::string>{" Open USB Connected"}, 3u, " Open DMX USB Adapter  connected"));
 }
 
 // A flaky cable: the device drops out and comes back a thousand times, for one to

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <tuple>
+
 #include "playback/instant_cues.h"
 #include "playback/run_mode.h"
 #include "tests/playback/playback_test_desk.h"
@@ -27,17 +30,13 @@ TEST_F(InstantCuesTest, SlotsFollowScreenOrderWithTooltipsAndColoursFourteenAtMo
   flag(7, "Red", "255");
   flag(40, "Past the show");  // Screen_Count is 40: screens 1..39
   d.desk->Instant_screens_Click();
-  EXPECT_TRUE(panel().visible());
-  EXPECT_EQ(panel().Instant_Map(0), 3);
-  EXPECT_EQ(panel().Instant_Map(1), 7);
-  EXPECT_EQ(panel().Instant_Map(2), 12);
-  EXPECT_EQ(panel().Screen_sel(2).caption, "Blue");
-  EXPECT_EQ(panel().Screen_sel(2).tooltip, "3, Screen 12 Blue");
-  EXPECT_EQ(panel().Screen_sel(2).colour, (Rgb{0, 0, 255}));
-  EXPECT_EQ(panel().Screen_sel(1).colour, (Rgb{255, 0, 0}));
-  EXPECT_FALSE(panel().Screen_sel(0).colour.has_value()) << "no colour: button face";
-  EXPECT_TRUE(panel().Screen_sel(2).visible);
-  EXPECT_FALSE(panel().Screen_sel(3).visible);
+  EXPECT_EQ(std::tuple(panel().visible(), panel().Instant_Map(0), panel().Instant_Map(1), panel().Instant_Map(2)),
+            std::tuple(true, 3, 7, 12));
+  EXPECT_EQ(panel().Screen_sel(2).caption + "|" + panel().Screen_sel(2).tooltip, "Blue|3, Screen 12 Blue");
+  EXPECT_EQ(std::tuple(panel().Screen_sel(2).colour, panel().Screen_sel(1).colour, panel().Screen_sel(0).colour),
+            std::tuple(std::optional(Rgb{0, 0, 255}), std::optional(Rgb{255, 0, 0}), std::optional<Rgb>()))
+      << "no colour: button face";
+  EXPECT_EQ(std::tuple(panel().Screen_sel(2).visible, panel().Screen_sel(3).visible), std::tuple(true, false));
 
   for (int n = 13; n <= 27; ++n) flag(n, "S" + std::to_string(n));
   panel().Refresh_Instant_Panel();
@@ -50,22 +49,20 @@ TEST_F(InstantCuesTest, LeftClickTakesInRunModeOnlyRightClickEditsAndRunModeRebu
   store().Screens[3].Preset[0] = 99;
   d.desk->Instant_screens_Click();
   panel().Screen_sel_Click(0, MouseButton::Left);
-  EXPECT_FALSE(store().Autotake_Running);
-  EXPECT_EQ(store().Desk_Level[0], 0) << "outside run mode nothing changes";
+  EXPECT_EQ(std::tuple(store().Autotake_Running, store().Desk_Level[0]), std::tuple(false, 0))
+      << "outside run mode nothing changes";
   panel().Screen_sel_Click(0, MouseButton::Right);
-  EXPECT_TRUE(d.desk->cue_editor().visible());
-  EXPECT_EQ(d.desk->cue_editor().selected_screen(), 3);
+  EXPECT_EQ(std::tuple(d.desk->cue_editor().visible(), d.desk->cue_editor().selected_screen()), std::tuple(true, 3));
 
   flag(4, "Late");
   EXPECT_FALSE(panel().Screen_sel(1).visible);
   d.desk->run_mode().Run_Switch_Click();
   EXPECT_TRUE(panel().Screen_sel(1).visible) << "rebuilt on entering run mode";
   panel().Screen_sel_Click(1, MouseButton::Left);
-  EXPECT_TRUE(store().Autotake_Running);
-  EXPECT_EQ(store().Run_Screen, 4);
+  EXPECT_EQ(std::tuple(store().Autotake_Running, store().Run_Screen), std::tuple(true, 4));
   panel().Screen_sel_Click(1, MouseButton::Left);
-  EXPECT_FALSE(store().Autotake_Running) << "a second click pauses, as Auto Take does";
-  EXPECT_TRUE(store().Take_Manual);
+  EXPECT_EQ(std::tuple(store().Autotake_Running, store().Take_Manual), std::tuple(false, true))
+      << "a second click pauses, as Auto Take does";
 
   store().Screens[4].Instant = false;
   d.t.dialogs.answer_message(MessageResult::Ok);

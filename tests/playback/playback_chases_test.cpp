@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
@@ -26,13 +28,11 @@ struct ChaseDesk : PlaybackTestDesk {
 TEST(PlaybackChases, ASequenceButtonStepsItsChaseIntoTheDeskChannelItIsRoutedTo) {
   ChaseDesk p;
   p.click(4);
-  EXPECT_TRUE(p.chases().running(3));
-  EXPECT_EQ(p.chases().chase_step_timer(3).interval(), 1001);
+  EXPECT_EQ(std::tuple(p.chases().running(3), p.chases().chase_step_timer(3).interval()), std::tuple(true, 1001));
   p.advance(100);
   EXPECT_EQ(p.seq(10), 200);
   p.advance(1000);  // 1100 ms: step 2
-  EXPECT_EQ(p.chases().step(3), 2);
-  EXPECT_EQ(p.seq(10), 100);
+  EXPECT_EQ(std::tuple(p.chases().step(3), p.seq(10)), std::tuple(2, 100));
   p.advance(1001);  // back to step 1: Loop 0 plays on
   EXPECT_EQ(p.seq(10), 200);
   p.advance(20000);
@@ -40,14 +40,12 @@ TEST(PlaybackChases, ASequenceButtonStepsItsChaseIntoTheDeskChannelItIsRoutedTo)
 
   p.click(4);  // latched off: the chase stops and goes dark
   p.advance(100);
-  EXPECT_FALSE(p.chases().running(3));
-  EXPECT_EQ(p.seq(10), 0);
+  EXPECT_EQ(std::tuple(p.chases().running(3), p.seq(10)), std::tuple(false, 0));
 
   p.button(4).Latch = false;  // a flash button plays it while held
   p.press(4);
   p.advance(100);
-  EXPECT_EQ(p.seq(10), 200);
-  EXPECT_EQ(p.panel().buttons()[4].lamp, kRed);
+  EXPECT_EQ(std::tuple(p.seq(10), p.panel().buttons()[4].lamp), std::tuple(200, kRed));
   p.release(4);
   EXPECT_EQ(p.chases().Seq_Level(3), 0);
   p.advance(100);
@@ -68,8 +66,7 @@ TEST(PlaybackChases, LevelsScaleByTheButtonLevelFadesRiseEachTickAndARepeatCount
     EXPECT_EQ(p.seq(10), expected[tick]) << "tick " << tick;
   }
   p.advance(4003 - 600);  // two passes of two 1001 ms steps, 1 ms short of the end
-  EXPECT_TRUE(p.chases().running(3));
-  EXPECT_EQ(p.chases().passes(3), 1);
+  EXPECT_EQ(std::tuple(p.chases().running(3), p.chases().passes(3)), std::tuple(true, 1));
   p.advance(1);
   EXPECT_FALSE(p.chases().running(3));
   p.advance(100);
@@ -84,8 +81,7 @@ TEST(PlaybackChases, ALevelFaderPlaysItsChaseAndAStepTimeFaderSetsItsSpeed) {
   p.desk->Refresh_Playback_Panel();
   p.fader_to(5, 51);
   p.advance(100);
-  EXPECT_EQ(p.chases().Seq_Level(3), 51);
-  EXPECT_EQ(p.seq(10), 40);
+  EXPECT_EQ(std::tuple(p.chases().Seq_Level(3), p.seq(10)), std::tuple(51, 40));
   p.fader_to(5, 2);
   EXPECT_FALSE(p.chases().running(3)) << "stopped near the bottom";
   EXPECT_EQ(p.chases().Seq_Level(3), 0);
@@ -108,8 +104,7 @@ TEST(PlaybackChases, RecallStopsEveryChaseAndRestartsTheScreensOwn) {
 
   p.screens().Recall_Screen(2);
   EXPECT_FALSE(p.chases().running(6)) << "chases not in the screen stop";
-  EXPECT_TRUE(p.chases().running(3));
-  EXPECT_EQ(p.chases().Seq_Level(3), 255);
+  EXPECT_EQ(std::tuple(p.chases().running(3), p.chases().Seq_Level(3)), std::tuple(true, 255));
   p.advance(100);
   EXPECT_EQ(p.seq(10), 200);
 }

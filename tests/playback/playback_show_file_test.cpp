@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "console/project/project_file.h"
 #include "tests/playback/playback_test_desk.h"
 #include "tests/support/show_builders.h"
@@ -31,16 +33,12 @@ class PlaybackShowFile : public ::testing::Test {
 
 TEST_F(PlaybackShowFile, ALoadedShowIsOnThePlaybackDeskAndSavesBackUnchanged) {
   const PlaybackPanel& panel = d.panel();
-  EXPECT_EQ(panel.buttons()[0].caption, "Submix 3");
-  EXPECT_EQ(panel.buttons()[5].caption, "Spot");
-  EXPECT_EQ(panel.buttons()[5].function_caption, "Preset");
-  EXPECT_EQ(panel.buttons()[6].function_caption, "Off") << "a button the file does not name is unused";
-  EXPECT_EQ(panel.faders()[0].caption, "Submix 2");
-  EXPECT_EQ(d.desk->pages().Page_Details(), "Act 1");
+  EXPECT_EQ(std::tuple(panel.buttons()[0].caption, panel.buttons()[5].caption, panel.buttons()[6].function_caption,
+                       panel.faders()[0].caption, d.desk->pages().Page_Details()),
+            std::tuple("Submix 3", "Spot", "Off", "Submix 2", "Act 1")) << "a button the file does not name is unused";
   d.desk->pages().Inc_Page_Click();
-  EXPECT_EQ(panel.buttons()[1].caption, "Sea");
-  EXPECT_EQ(panel.faders()[1].step_time_note, "Seq 4 Step Timing");
-  EXPECT_EQ(d.desk->pages().Page_Details(), "Page 2");
+  EXPECT_EQ(std::tuple(panel.buttons()[1].caption, panel.faders()[1].step_time_note, d.desk->pages().Page_Details()),
+            std::tuple("Sea", "Seq 4 Step Timing", "Page 2"));
   d.desk->Menu_Click("cue-editor");
   EXPECT_EQ(d.desk->cue_editor().screen_list(), (std::vector<std::string>{"1 Opening", "2 Chase", "3 "}));
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <utility>
 
 #include "console/output_cycle.h"
@@ -23,12 +24,7 @@ struct SmoothPlayback : PlaybackTestDesk {
     c.Data[1][0] = 200;
     c.Fade[1][0] = kChaseFade;
     c.Time[1] = 0.5;
-    ButtonFunction& b = button(4);
-    b = ButtonFunction{};
-    b.Function = kFunctionSequence;
-    b.Value = 3;
-    b.Level = 255;
-    b.Latch = true;
+    set_button(4, kFunctionSequence, 3, 255, true);
   }
   ChaseRec& chase() { return store().Chase_Table[3]; }
   void output_interval(int ms) { t.console->output_cycle().output_timer().set_interval(ms); }
@@ -45,16 +41,13 @@ TEST(SmoothPlaybackChase, FramesFollowTheFadeBetweenMixingTicksAndMeetThemAtEach
   on.click(4);
   on.advance(100);  // the first mixing tick: 40
   off.advance(110);
-  EXPECT_EQ(on.mixed(10), 40);
-  EXPECT_EQ(off.mixed(10), 40);
+  EXPECT_EQ(std::tuple(on.mixed(10), off.mixed(10)), std::tuple(40, 40));
   on.advance(50);
   off.advance(40);
-  EXPECT_EQ(on.mixed(10), 60) << "halfway to the next tick's 80";
-  EXPECT_EQ(off.mixed(10), 40);
+  EXPECT_EQ(std::tuple(on.mixed(10), off.mixed(10)), std::tuple(60, 40)) << "halfway to the next tick's 80";
   on.advance(50);
   off.advance(60);
-  EXPECT_EQ(on.mixed(10), 80);
-  EXPECT_EQ(off.mixed(10), 80);
+  EXPECT_EQ(std::tuple(on.mixed(10), off.mixed(10)), std::tuple(80, 80));
   on.advance(350);  // 550: the fade ended at 500 and holds
   EXPECT_EQ(on.mixed(10), 200);
 }
@@ -100,8 +93,7 @@ TEST(SmoothPlaybackChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame)
   on.chase().Loop = 1;
   on.click(4);
   on.advance(2100);
-  EXPECT_FALSE(on.chases().running(3));
-  EXPECT_EQ(on.mixed(10), 100);
+  EXPECT_EQ(std::tuple(on.chases().running(3), on.mixed(10)), std::tuple(false, 100));
   on.advance(700);
   EXPECT_EQ(on.mixed(10), 0);
 }
@@ -152,9 +144,7 @@ TEST(SmoothRunModeTake, TheTakeLastsItsFadeTimeAndEveryFrameCarriesANewLevel) {
   const auto [lasted, repeats] = on.frames_to_full();
   EXPECT_GE(lasted + 11, 5000);
   EXPECT_LT(lasted + 11, 5000 + 23) << "at most one frame late";
-  EXPECT_EQ(repeats, 0);
-  EXPECT_FALSE(on.store().Autotake_Running);
-  EXPECT_EQ(on.crossfade(), 255);
+  EXPECT_EQ(std::tuple(repeats, on.store().Autotake_Running, on.crossfade()), std::tuple(0, false, 255));
 }
 
 TEST(SmoothRunModeTake, APauseHoldsTheLastFrameAndTheResumedTakeKeepsThePace) {

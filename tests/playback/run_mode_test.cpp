@@ -1,11 +1,17 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <tuple>
+#include <utility>
+
 #include "console/output_cycle.h"
 #include "playback/run_mode.h"
 #include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
 namespace {
+
+using Lamp = std::optional<Rgb>;
 
 // A show of screens for run mode, the output cycle at a chosen interval, and
 // the wire (DMX_Out) read at chosen moments. Channel c reaches DMX slot c.
@@ -50,17 +56,13 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
   store().Screens[1].Time = 7;
   store().Screens[2].Preset[0] = 200;
   enter();
-  EXPECT_EQ(run().Run_Switch_caption(), "STOP");
-  EXPECT_EQ(run().Run_Switch_colour(), kRed);
-  EXPECT_EQ(run().Run_A_Num() + " " + run().Run_A(), "1 Look 1");
-  EXPECT_EQ(run().Run_B_Num() + " " + run().Run_B(), "2 Look 2");
-  EXPECT_EQ(run().side_a_colour(), kRed) << "live side";
-  EXPECT_EQ(run().side_b_colour(), kGreen) << "next side";
-  EXPECT_EQ(run().Run_Crossfade(), 255);
-  EXPECT_EQ(run().Next_Screen(), 2);
-  EXPECT_EQ(run().Run_Fade_Time(), "10 s") << "the next screen's fade time";
-  EXPECT_EQ(d.status(), " Run Mode Selected");
-  EXPECT_EQ(main_status(), " Run Mode Selected");
+  EXPECT_EQ(std::tuple(run().Run_Switch_caption(), run().Run_Switch_colour()), std::tuple("STOP", Lamp(kRed)));
+  EXPECT_EQ(run().Run_A_Num() + " " + run().Run_A() + "|" + run().Run_B_Num() + " " + run().Run_B(),
+            "1 Look 1|2 Look 2");
+  EXPECT_EQ(std::tuple(run().side_a_colour(), run().side_b_colour()), std::tuple(Lamp(kRed), Lamp(kGreen)));
+  EXPECT_EQ(std::tuple(run().Run_Crossfade(), run().Next_Screen(), run().Run_Fade_Time()),
+            std::tuple(255, 2, "10 s")) << "the next screen's fade time";
+  EXPECT_EQ(d.status() + "|" + main_status(), " Run Mode Selected| Run Mode Selected");
   EXPECT_FALSE(d.screens().Screen_Prog_enabled());
   d.screens().Screen_Prog_Click();
   d.screens().Screen_Num_sel_Change(4);
@@ -76,26 +78,19 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
   ASSERT_FALSE(d.t.dialogs.messages().empty());
   const MessageBoxSpec& box = d.t.dialogs.messages().back();
   EXPECT_EQ(box.title + "|" + box.text, " Run Mode|Do You wish to Exit Run Mode ");
-  EXPECT_EQ(box.icon, MessageIcon::Question);
-  EXPECT_EQ(box.default_button, MessageResult::Cancel);
+  EXPECT_EQ(std::tuple(box.icon, box.default_button), std::tuple(MessageIcon::Question, MessageResult::Cancel));
   EXPECT_TRUE(store().Run_Mode) << "Cancel stays in run mode";
   ASSERT_TRUE(store().Autotake_Running);
 
   leave();
-  EXPECT_FALSE(store().Run_Mode);
-  EXPECT_FALSE(store().Autotake_Running);
-  EXPECT_FALSE(run().take_timer().enabled());
+  EXPECT_EQ(std::tuple(store().Run_Mode, store().Autotake_Running, run().take_timer().enabled()),
+            std::tuple(false, false, false));
   const int level = store().Crossfade_Level;
   clock().advance(5000);
-  EXPECT_EQ(store().Crossfade_Level, level) << "the take timer stopped";
-  EXPECT_EQ(wire(1), 120);
-  EXPECT_EQ(d.status(), " Run Mode Stopped");
-  EXPECT_EQ(main_status(), " Run Mode Stoped");
-  EXPECT_EQ(run().Run_Switch_caption(), "Run");
-  EXPECT_FALSE(run().Run_Switch_colour().has_value());
-  EXPECT_EQ(run().Run_Autotake_caption(), "Auto Take");
-  EXPECT_EQ(run().Run_A(), "");
-  EXPECT_FALSE(run().side_b_colour().has_value());
+  EXPECT_EQ(std::tuple(store().Crossfade_Level, wire(1)), std::tuple(level, 120)) << "the take timer stopped";
+  EXPECT_EQ(d.status() + "|" + main_status(), " Run Mode Stopped| Run Mode Stoped");
+  EXPECT_EQ(run().Run_Switch_caption() + "|" + run().Run_Autotake_caption() + "|" + run().Run_A(), "Run|Auto Take|");
+  EXPECT_FALSE(run().Run_Switch_colour().has_value() || run().side_b_colour().has_value());
   EXPECT_TRUE(d.screens().Screen_Prog_enabled());
 }
 
@@ -115,11 +110,9 @@ TEST_F(RunModeTest, AutotakeTimingFollowsTheFadeTimeAndTheOutputTick) {
     screen(2, "Two", c.seconds).Preset[0] = 200;
     enter();
     run().Autotake(2);
-    EXPECT_EQ(run().take_timer().interval(), c.interval);
-    EXPECT_EQ(run().Fade_Step(), c.step);
+    EXPECT_EQ(std::tuple(run().take_timer().interval(), run().Fade_Step()), std::tuple(c.interval, c.step));
     EXPECT_EQ(run_until_complete(), c.duration);
-    EXPECT_EQ(store().Crossfade_Level, 255);
-    EXPECT_EQ(store().Desk_Level[0], 200);
+    EXPECT_EQ(std::tuple(store().Crossfade_Level, store().Desk_Level[0]), std::tuple(255, 200));
     leave();
   }
 }
@@ -129,11 +122,9 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   enter();
   run().Autotake(2);
   EXPECT_EQ(main_status(), " Autotake Running 1 To 2");
-  EXPECT_EQ(run().Run_Autotake_caption(), "Pause");
-  EXPECT_EQ(run().Run_Autotake_colour(), kYellow);
-  EXPECT_EQ(run().side_a_colour(), kYellow);
-  EXPECT_EQ(run().Run_A(), "Look 1") << "the outgoing screen on the side the crossfader leaves";
-  EXPECT_EQ(run().Run_B(), "Ten");
+  EXPECT_EQ(std::tuple(run().Run_Autotake_caption(), run().Run_Autotake_colour(), run().side_a_colour()),
+            std::tuple("Pause", Lamp(kYellow), Lamp(kYellow)));
+  EXPECT_EQ(run().Run_A() + "|" + run().Run_B(), "Look 1|Ten") << "outgoing on the side the crossfader leaves";
   run().Run_screen_sel_Change(4);
   EXPECT_EQ(run().Run_A(), "Look 1") << "choosing the next screen repaints no side during a take";
   ASSERT_EQ(run().take_timer().interval(), 39);  // u = 39.2 ms
@@ -142,12 +133,9 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   EXPECT_EQ(wire(1), 101) << "255 * 101 / 255: X at the last output tick";
 
   run().Run_Autotake_Click();
-  EXPECT_EQ(d.status(), " Autotake Stopped ");
-  EXPECT_TRUE(store().Take_Manual);
-  EXPECT_FALSE(store().Autotake_Running);
-  EXPECT_EQ(run().side_a_colour(), kRed);
-  EXPECT_EQ(run().side_b_colour(), kRed);
-  EXPECT_EQ(run().Run_Autotake_caption(), "Auto Take");
+  EXPECT_EQ(d.status() + "|" + run().Run_Autotake_caption(), " Autotake Stopped |Auto Take");
+  EXPECT_EQ(std::tuple(store().Take_Manual, store().Autotake_Running), std::tuple(true, false));
+  EXPECT_EQ(std::tuple(run().side_a_colour(), run().side_b_colour()), std::tuple(Lamp(kRed), Lamp(kRed)));
   clock().advance(10000);
   EXPECT_EQ(store().Crossfade_Level, 102) << "a paused take holds its level";
   EXPECT_EQ(wire(1), 102) << "255 * 102 / 255 on the wire";
@@ -159,21 +147,17 @@ TEST_F(RunModeTest, ATakeShowsItsProgressCanBePausedCarriedOnByHandAndResumedOrS
   EXPECT_EQ(d.status(), " Autotake Running ");
   EXPECT_EQ(store().Run_Screen, 2) << "resumed, not a new take";
   EXPECT_EQ(run_until_complete(), 97 * 39) << "the rest of the way at the take's own pace";
-  EXPECT_EQ(d.status(), " Autotake Complete ");
-  EXPECT_EQ(store().Desk_Level[0], 255);
-  EXPECT_EQ(run().side_a_colour(), kGreen);
-  EXPECT_EQ(run().side_b_colour(), kRed);
-  EXPECT_EQ(run().Run_A(), "Look 3") << "the next screen waits on side A";
+  EXPECT_EQ(std::tuple(d.status(), store().Desk_Level[0]), std::tuple(" Autotake Complete ", 255));
+  EXPECT_EQ(std::tuple(run().side_a_colour(), run().side_b_colour(), run().Run_A()),
+            std::tuple(Lamp(kGreen), Lamp(kRed), "Look 3")) << "the next screen waits on side A";
 
   run().Autotake(150);
   EXPECT_EQ(store().Run_Screen, 2) << "a target past the show retakes the live screen";
   clock().advance(39 * 20);  // X = 20
   run().Run_Autotake_Click();
   run().Run_Autotake_Click();
-  EXPECT_EQ(store().Crossfade_Level, 0) << "X = 20 is too near the start to resume: the take starts over";
-  EXPECT_TRUE(store().Autotake_Running);
-  EXPECT_EQ(store().Run_Screen, 3) << "onto the next screen";
-  EXPECT_EQ(run().Prev_Screen(), 2);
+  EXPECT_EQ(std::tuple(store().Crossfade_Level, store().Autotake_Running, store().Run_Screen, run().Prev_Screen()),
+            std::tuple(0, true, 3, 2)) << "X = 20 is too near the start to resume: the take starts over onto the next";
   leave();
   run().Autotake(3);
   EXPECT_FALSE(store().Autotake_Running) << "nothing happens outside run mode";
@@ -188,25 +172,22 @@ TEST_F(RunModeTest, AutoScreensChainAfterTheirDelayOrAtOnce) {
   two.Delay = 0;
   screen(3, "Three", 1).Preset[4] = 77;
   enter();
-  EXPECT_TRUE(run().Delay_Timer().enabled());
-  EXPECT_EQ(run().Delay_Count(), 2);
+  EXPECT_EQ(std::tuple(run().Delay_Timer().enabled(), run().Delay_Count()), std::tuple(true, 2));
   clock().advance(1000);
   EXPECT_EQ(main_status(), " Delay Counter 1");
   clock().advance(1000);
-  EXPECT_TRUE(store().Autotake_Running);
-  EXPECT_EQ(store().Run_Screen, 2);
-  EXPECT_FALSE(run().Delay_Timer().enabled());
+  EXPECT_EQ(std::tuple(store().Autotake_Running, store().Run_Screen, run().Delay_Timer().enabled()),
+            std::tuple(true, 2, false));
 
   clock().advance(51 * 20 - 1);  // 1000 / 21 = 48 ticks, step 5: 252 after 51 ticks
   EXPECT_EQ(store().Run_Screen, 2);
   clock().advance(1);
-  EXPECT_TRUE(store().Autotake_Running) << "screen 2 has no delay: on to screen 3 at once";
-  EXPECT_EQ(store().Run_Screen, 3);
+  EXPECT_EQ(std::tuple(store().Autotake_Running, store().Run_Screen), std::tuple(true, 3))
+      << "screen 2 has no delay: on to screen 3 at once";
   run_until_complete();
   EXPECT_FALSE(run().Delay_Timer().enabled()) << "screen 3 is not Auto: the chain stops";
   clock().advance(5000);
-  EXPECT_EQ(store().Run_Screen, 3);
-  EXPECT_EQ(wire(5), 77);
+  EXPECT_EQ(std::tuple(store().Run_Screen, wire(5)), std::tuple(3, 77));
 }
 
 // Channel 1 is at 150 in both looks, channel 2 goes up, channel 3 goes down and
@@ -225,11 +206,8 @@ TEST_F(RunModeTest, AHandTakeFollowsTheCrossfaderBothWaysAndCompletesOnlyPast240
   run().Run_Crossfade_Change(230);
   EXPECT_FALSE(store().Take_Manual) << "not yet past 220";
   run().Run_Crossfade_Change(200);
-  EXPECT_TRUE(store().Take_Manual);
-  EXPECT_EQ(store().Run_Screen, 2);
-  EXPECT_EQ(store().Crossfade_Level, 55);
-  EXPECT_EQ(run().side_a_colour(), kRed);
-  EXPECT_EQ(run().Run_B(), "Look 2") << "moving towards B";
+  EXPECT_EQ(std::tuple(store().Take_Manual, store().Run_Screen, store().Crossfade_Level), std::tuple(true, 2, 55));
+  EXPECT_EQ(std::tuple(run().side_a_colour(), run().Run_B()), std::tuple(Lamp(kRed), "Look 2")) << "moving towards B";
   for (int v : {120, 180, 60, 250, 20}) {
     run().Run_Crossfade_Change(v);
     EXPECT_EQ(store().Crossfade_Level, 255 - v) << "at " << v;
@@ -251,20 +229,16 @@ TEST_F(RunModeTest, AHandTakeFollowsTheCrossfaderBothWaysAndCompletesOnlyPast240
     last_down = wire(3);
   }
   run().Run_Crossfade_Change(14);
-  EXPECT_FALSE(store().Take_Manual);
-  EXPECT_EQ(store().Crossfade_Level, 255);
-  EXPECT_EQ(store().Desk_Level[3], 240);
-  EXPECT_EQ(run().Run_Crossfade(), 0) << "the crossfader rests at B";
+  EXPECT_EQ(std::tuple(store().Take_Manual, store().Crossfade_Level, store().Desk_Level[3], run().Run_Crossfade()),
+            std::tuple(false, 255, 240, 0)) << "the crossfader rests at B";
   clock().advance(20);
-  EXPECT_EQ(wire(2), 250);
-  EXPECT_EQ(wire(3), 0);
+  EXPECT_EQ(std::tuple(wire(2), wire(3)), std::tuple(250, 0));
 
   run().Run_Crossfade_Change(5);
   EXPECT_FALSE(store().Take_Manual) << "moving on towards the end starts nothing";
   run().Run_Crossfade_Change(36);
-  EXPECT_TRUE(store().Take_Manual) << "up past 35 takes";
-  EXPECT_EQ(store().Run_Screen, 3);
-  EXPECT_EQ(run().Next_Screen(), 4) << "a take started upward chooses the next screen at once";
+  EXPECT_EQ(std::tuple(store().Take_Manual, store().Run_Screen, run().Next_Screen()), std::tuple(true, 3, 4))
+      << "up past 35 takes; a take started upward chooses the next screen at once";
 
   run().Run_Crossfade_Change(250);
   run().Run_screen_sel_Change(6);
@@ -294,17 +268,15 @@ TEST_F(RunModeTest, ATakeBringsInTheIncomingScreensButtonsAndHandsItsChasesOver)
   store().Screens[2].Fad_Sel[0] = 10;  // Sequence faders start their chase above 10
   store().Screens[2].Fad_Sel[1] = 11;
   enter();
-  EXPECT_EQ(d.chases().Seq_Level(0), 200) << "screen 1's chase plays on entering";
-  EXPECT_TRUE(d.chases().running(0));
-  EXPECT_EQ(store().Playback_Run_Out[8], 0);
+  EXPECT_EQ(std::tuple(d.chases().Seq_Level(0), d.chases().running(0), store().Playback_Run_Out[8]),
+            std::tuple(200, true, 0)) << "screen 1's chase plays on entering";
 
   run().Autotake(2);
-  EXPECT_EQ(d.chases().Seq_Level_In(1), 200);
-  EXPECT_EQ(d.chases().Seq_Level(1), 0);
-  EXPECT_EQ(d.chases().Seq_Level_In(2), 0);
-  EXPECT_EQ(d.chases().Seq_Level_In(3), 11);
-  EXPECT_EQ(store().Playback_Run_Out[8], 90);
-  EXPECT_EQ(store().Playback_Live_Out[8], 0) << "not on the live desk before the take completes";
+  EXPECT_EQ(std::tuple(d.chases().Seq_Level_In(1), d.chases().Seq_Level(1), d.chases().Seq_Level_In(2),
+                       d.chases().Seq_Level_In(3)),
+            std::tuple(200, 0, 0, 11)) << "Sequence faders start their chase above 10";
+  EXPECT_EQ(std::tuple(store().Playback_Run_Out[8], store().Playback_Live_Out[8]), std::tuple(90, 0))
+      << "not on the live desk before the take completes";
   clock().advance(2100);
   const int x = store().Crossfade_Level;
   ASSERT_GT(x, 30);
@@ -313,17 +285,13 @@ TEST_F(RunModeTest, ATakeBringsInTheIncomingScreensButtonsAndHandsItsChasesOver)
   EXPECT_NEAR(d.seq(11), 200 * (255 - x) / 255, 1) << "outgoing chase falls";
 
   run_until_complete();
-  EXPECT_EQ(d.chases().Seq_Level(1), 200);
-  EXPECT_EQ(d.chases().Seq_Level_In(1), 0);
-  EXPECT_EQ(d.chases().Seq_Level(0), 0);
-  EXPECT_FALSE(d.chases().running(0));
-  EXPECT_TRUE(store().Playback_Button_State[5]);
-  EXPECT_EQ(store().Playback_Live_Out[8], 90);
+  EXPECT_EQ(std::tuple(d.chases().Seq_Level(1), d.chases().Seq_Level_In(1), d.chases().Seq_Level(0),
+                       d.chases().running(0)),
+            std::tuple(200, 0, 0, false));
+  EXPECT_EQ(std::tuple(store().Playback_Button_State[5], store().Playback_Live_Out[8]), std::tuple(true, 90));
   EXPECT_EQ(d.desk->preset_value(), 75) << "the Preset master follows the incoming screen";
   clock().advance(200);
-  EXPECT_EQ(d.seq(12), 200);
-  EXPECT_EQ(d.seq(11), 0);
-  EXPECT_EQ(wire(9), 90);
+  EXPECT_EQ(std::tuple(d.seq(12), d.seq(11), wire(9)), std::tuple(200, 0, 90));
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <tuple>
+
 #include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
@@ -13,16 +16,11 @@ TEST(Screens, RecordingWalksForwardAndKeepsTheCountOneAheadUpToScreen199) {
   p.record(1, "Opening", 5, 180);
   const Screen& one = p.store().Screens[1];
   EXPECT_EQ(p.status(), " Cue 1 Recorded");
-  EXPECT_EQ(one.Preset[4], 180);
-  EXPECT_EQ(one.Fad_Sel[3], 90);
-  EXPECT_TRUE(one.But_Sel[17]);
-  EXPECT_EQ(one.Preset_l, 200);
-  EXPECT_EQ(one.Name, "Opening");
-  EXPECT_EQ(one.Time, 20);
-  EXPECT_EQ(p.store().Screen_Count, 2);
-  EXPECT_EQ(p.screens().Current_Screen(), 2);
-  EXPECT_EQ(p.screens().screen_txt(), "") << "the panel shows the new current screen";
-  EXPECT_TRUE(p.store().Project_Changed);
+  EXPECT_EQ(std::tuple(one.Preset[4], one.Fad_Sel[3], one.But_Sel[17], one.Preset_l, one.Name, one.Time),
+            std::tuple(180, 90, true, 200, "Opening", 20));
+  EXPECT_EQ(std::tuple(p.store().Screen_Count, p.screens().Current_Screen(), p.screens().screen_txt(),
+                       p.store().Project_Changed),
+            std::tuple(2, 2, "", true)) << "the panel shows the new current screen";
 
   p.screens().Screen_Prog_Click();
   p.record(1, "Again", 5, 10);
@@ -50,14 +48,11 @@ TEST(Screens, RecallPutsTheScreenOnTheDesk) {
   p.store().Submix[0].Level[0] = 200;
   p.screens().Recall_Screen(4);
   EXPECT_EQ(p.status(), " Screen 4 Recalled");
-  EXPECT_EQ(p.store().Desk_Level[8], 140);
-  EXPECT_EQ(p.store().Playback_Fader_Level[2], 77);
-  EXPECT_TRUE(p.store().Playback_Button_State[0]);
-  EXPECT_EQ(p.desk->preset_value(), 100);
-  EXPECT_TRUE(p.screens().Auto_next());
-  EXPECT_EQ(p.screens().screen_txt(), "Look");
-  EXPECT_EQ(p.live(12), 200);
-  EXPECT_EQ(p.panel().buttons()[0].lamp, kRed);
+  EXPECT_EQ(std::tuple(p.store().Desk_Level[8], p.store().Playback_Fader_Level[2],
+                       p.store().Playback_Button_State[0], p.desk->preset_value()),
+            std::tuple(140, 77, true, 100));
+  EXPECT_EQ(std::tuple(p.screens().Auto_next(), p.screens().screen_txt(), p.live(12), p.panel().buttons()[0].lamp),
+            std::tuple(true, "Look", 200, kRed));
 }
 
 TEST(Screens, CopyPasteAndClearThroughTheMenu) {
@@ -70,10 +65,8 @@ TEST(Screens, CopyPasteAndClearThroughTheMenu) {
   p.desk->Menu_Click("paste-cue");
   EXPECT_EQ(p.status(), " Cue 9 Pasted");
   Screen& nine = p.store().Screens[9];
-  EXPECT_EQ(nine.Name, "Source");
-  EXPECT_EQ(nine.Preset[2], 33);
-  EXPECT_EQ(p.store().Screen_Count, 9);
-  EXPECT_EQ(p.screens().screen_txt(), "Source") << "the panel shows the pasted screen";
+  EXPECT_EQ(std::tuple(nine.Name, nine.Preset[2], p.store().Screen_Count, p.screens().screen_txt()),
+            std::tuple("Source", 33, 9, "Source")) << "the panel shows the pasted screen";
 
   // Clearing empties the look and keeps the screen's colour and delay.
   nine.Colour = "255";
@@ -83,13 +76,8 @@ TEST(Screens, CopyPasteAndClearThroughTheMenu) {
   nine.Preset_l = 10;
   p.desk->Menu_Click("clear-cue");
   EXPECT_EQ(p.status(), " Cue 9 Cleared");
-  EXPECT_EQ(nine.Preset[2], 0);
-  EXPECT_EQ(nine.Name, "");
-  EXPECT_EQ(nine.Next, 10);
-  EXPECT_EQ(nine.Time, 20);
-  EXPECT_EQ(nine.Preset_l, 255);
-  EXPECT_EQ(nine.Colour, "255");
-  EXPECT_EQ(nine.Delay, 7);
+  EXPECT_EQ(std::tuple(nine.Preset[2], nine.Name, nine.Next, nine.Time, nine.Preset_l, nine.Colour, nine.Delay),
+            std::tuple(0, "", 10, 20, 255, "255", 7));
 }
 
 struct FiveScreens : PlaybackTestDesk {
@@ -107,25 +95,18 @@ TEST(Screens, DeleteMovesTheRestDownAndInsertMovesThemUpKeepingNextNumbers) {
   p.screens().Screen_Num_sel_Change(3);
   p.desk->Menu_Click("delete-cue");
   EXPECT_EQ(p.status(), " Cue 3 Deleted");
-  EXPECT_EQ(p.name(3), "S4");
-  EXPECT_EQ(p.name(4), "S5");
-  EXPECT_EQ(p.name(5), "");
-  EXPECT_EQ(p.store().Screens[5].Next, 6);
-  EXPECT_EQ(p.store().Screen_Count, 4);
-  EXPECT_TRUE(p.store().Project_Changed);
-  EXPECT_EQ(p.screens().screen_txt(), "S4");
+  EXPECT_EQ(std::tuple(p.name(3), p.name(4), p.name(5), p.store().Screens[5].Next), std::tuple("S4", "S5", "", 6));
+  EXPECT_EQ(std::tuple(p.store().Screen_Count, p.store().Project_Changed, p.screens().screen_txt()),
+            std::tuple(4, true, "S4"));
 
   p.store().Screens[2].Next = 4;
   p.screens().Screen_Num_sel_Change(2);
   p.desk->Menu_Click("insert-cue");
   EXPECT_EQ(p.status(), " Cue 2 Inserted");
-  EXPECT_EQ(p.name(2), "");
-  EXPECT_EQ(p.store().Screens[2].Next, 3);
-  EXPECT_EQ(p.name(3), "S2");
-  EXPECT_EQ(p.store().Screens[3].Next, 4) << "Next fields are not renumbered";
-  EXPECT_EQ(p.name(4), "S4");
-  EXPECT_EQ(p.name(5), "S5");
-  EXPECT_EQ(p.store().Screen_Count, 5);
+  EXPECT_EQ(std::tuple(p.name(2), p.name(3), p.name(4), p.name(5), p.store().Screen_Count),
+            std::tuple("", "S2", "S4", "S5", 5));
+  EXPECT_EQ(std::tuple(p.store().Screens[2].Next, p.store().Screens[3].Next), std::tuple(3, 4))
+      << "Next fields are not renumbered";
 }
 
 TEST(Screens, InsertAndDeleteAreRefusedOutsideTheUsedTableAndInsertIntoAFullOne) {
@@ -134,24 +115,19 @@ TEST(Screens, InsertAndDeleteAreRefusedOutsideTheUsedTableAndInsertIntoAFullOne)
   p.screens().Screen_Num_sel_Change(5);  // = Screen_Count
   p.desk->Menu_Click("insert-cue");
   p.desk->Menu_Click("delete-cue");
-  EXPECT_EQ(p.store().Screen_Count, 5);
-  EXPECT_EQ(p.name(4), "S4");
-  EXPECT_EQ(p.status(), "before");
-  EXPECT_FALSE(p.store().Project_Changed);
+  EXPECT_EQ(std::tuple(p.store().Screen_Count, p.name(4), p.status(), p.store().Project_Changed),
+            std::tuple(5, "S4", "before", false));
 
   p.store().Screen_Count = 199;
   p.store().Screens[199].Name = "last";
   p.screens().Screen_Num_sel_Change(3);
   p.desk->Menu_Click("insert-cue");
   EXPECT_EQ(p.status(), " Cue 3 Not Inserted, Cue Table Full");
-  EXPECT_EQ(p.store().Screen_Count, 199);
-  EXPECT_EQ(p.name(3), "S3");
-  EXPECT_EQ(p.name(199), "last");
+  EXPECT_EQ(std::tuple(p.store().Screen_Count, p.name(3), p.name(199)), std::tuple(199, "S3", "last"));
   p.store().Screen_Count = 198;  // one below full still inserts, moving screen 198 to 199
   p.store().Screens[198].Name = "moved";
   p.desk->Menu_Click("insert-cue");
-  EXPECT_EQ(p.name(199), "moved");
-  EXPECT_EQ(p.store().Screen_Count, 199);
+  EXPECT_EQ(std::tuple(p.name(199), p.store().Screen_Count), std::tuple("moved", 199));
 
   PlaybackTestDesk fresh;  // one screen in use: delete does nothing
   fresh.store().Screens[0].Name = "zero";
@@ -168,17 +144,14 @@ TEST(Screens, PanelEditsWriteThroughToTheCurrentScreen) {
   p.t.dialogs.answer_colour(Rgb{1, 2, 3});
   p.screens().Cue_Colour_Click();
   const Screen& s = p.store().Screens[3];
-  EXPECT_EQ(s.Name, "Blue");
-  EXPECT_EQ(s.Time, 7);
-  EXPECT_EQ(p.screens().screen_intxt(), "7");
-  EXPECT_TRUE(s.Instant);
-  EXPECT_EQ(s.Colour, colour_to_text(Rgb{1, 2, 3}));
+  EXPECT_EQ(std::tuple(s.Name, s.Time, p.screens().screen_intxt(), s.Instant, s.Colour),
+            std::tuple("Blue", 7, "7", true, colour_to_text(Rgb{1, 2, 3})));
   EXPECT_EQ(p.t.dialogs.colour_titles().back(), " Choose a Colour");
   p.screens().Screen_Num_sel_Change(1);
   EXPECT_EQ(p.screens().screen_txt(), "");
   p.screens().Screen_Num_sel_Change(3);
-  EXPECT_EQ(p.screens().Cue_Colour(), (Rgb{1, 2, 3}));
-  EXPECT_TRUE(p.screens().Screen_instant_box());
+  EXPECT_EQ(std::tuple(p.screens().Cue_Colour(), p.screens().Screen_instant_box()),
+            std::tuple(std::optional(Rgb{1, 2, 3}), true));
 }
 
 }  // namespace lumaris

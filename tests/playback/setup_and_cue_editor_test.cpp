@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/playback/playback_test_desk.h"
 
 namespace lumaris {
@@ -19,16 +21,10 @@ TEST(ButtonSetup, OkOrMovingOnStoresWhatTheFunctionUsesAndMarksTheProject) {
   w.Latch_Click(true);
   w.OK_Click();
   const ButtonFunction& b = p.button(6);
-  EXPECT_EQ(b.Function, kFunctionPreset);
-  EXPECT_EQ(b.Channel1, 12);
-  EXPECT_EQ(b.Channel3, 64);
-  EXPECT_EQ(b.Level, 200);
-  EXPECT_EQ(b.Name, "Front");
-  EXPECT_TRUE(b.Latch);
-  EXPECT_EQ(b.Value, 6) << "a Preset keeps the Value it had";
-  EXPECT_TRUE(p.store().Project_Changed);
-  EXPECT_FALSE(w.visible());
-  EXPECT_EQ(p.panel().buttons()[6].caption, "Front");
+  EXPECT_EQ(std::tuple(b.Function, b.Channel1, b.Channel3, b.Level, b.Name, b.Latch, b.Value),
+            std::tuple(kFunctionPreset, 12, 64, 200, "Front", true, 6)) << "a Preset keeps the Value it had";
+  EXPECT_EQ(std::tuple(p.store().Project_Changed, w.visible(), p.panel().buttons()[6].caption),
+            std::tuple(true, false, "Front"));
 
   w.Open(1);  // a Colour stores its fixed colour only when ticked
   w.Fun_set_Click(kFunctionColour);
@@ -41,14 +37,10 @@ TEST(ButtonSetup, OkOrMovingOnStoresWhatTheFunctionUsesAndMarksTheProject) {
   w.next_clicked();
   EXPECT_EQ(w.element(), 2);
   const ButtonFunction& c = p.button(1);
-  EXPECT_EQ(c.Channel1, 5);
-  EXPECT_EQ(c.Channel2, 6);
-  EXPECT_TRUE(c.Preset);
-  EXPECT_EQ(c.Data3, 30);
-  EXPECT_EQ(c.Colour, colour_to_text(Rgb{10, 20, 30}));
+  EXPECT_EQ(std::tuple(c.Channel1, c.Channel2, c.Preset, c.Data3, c.Colour),
+            std::tuple(5, 6, true, 30, colour_to_text(Rgb{10, 20, 30})));
   p.press(1);  // a flash button: lit while held
-  EXPECT_EQ(p.live(5), 10);
-  EXPECT_EQ(p.live(6), 20);
+  EXPECT_EQ(std::tuple(p.live(5), p.live(6)), std::tuple(10, 20));
 }
 
 TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefusedAndPlusAndMinusKeepTheNumberInRange) {
@@ -57,8 +49,7 @@ TEST(ButtonSetup, ChannelsOutsideTheDeskAreRefusedAndPlusAndMinusKeepTheNumberIn
   w.Open(0);  // Submix 1
   w.Channel_Change(1, "65");
   ASSERT_EQ(p.t.dialogs.messages().size(), 1u);
-  EXPECT_EQ(p.t.dialogs.messages()[0].text, " Values must be between 0 and 64");
-  EXPECT_EQ(w.Channel(1), "0");
+  EXPECT_EQ(p.t.dialogs.messages()[0].text + "|" + w.Channel(1), " Values must be between 0 and 64|0");
   w.Colour_Channel_Change(0, "-1");
   EXPECT_EQ(p.t.dialogs.messages().size(), 2u);
   w.Channel_Change(1, "64");
@@ -78,19 +69,15 @@ TEST(FaderSetup, ASequenceFaderKeepsItsLevelOrStepTimeChoice) {
   PlaybackTestDesk p;
   FaderSetup& w = p.desk->fader_setup();
   p.desk->Menu_Click("fader-setup");
-  EXPECT_TRUE(w.visible());
-  EXPECT_EQ(w.element(), 0);
-  EXPECT_EQ(w.Fun_set_entries().size(), 5u) << "no Cue for faders";
+  EXPECT_EQ(std::tuple(w.visible(), w.element(), w.Fun_set_entries().size()), std::tuple(true, 0, 5u))
+      << "no Cue for faders";
   w.Fun_set_Click(kFunctionSequence);
   w.Plus_Click();
   w.Sequence_Fun_Click(1);
   w.OK_Click();
-  EXPECT_EQ(p.fader(0).Function, kFunctionSequence);
-  EXPECT_EQ(p.fader(0).Value, 1);
-  EXPECT_EQ(p.fader(0).Data1, 1);
+  EXPECT_EQ(std::tuple(p.fader(0).Function, p.fader(0).Value, p.fader(0).Data1), std::tuple(kFunctionSequence, 1, 1));
   w.Open(0);
-  EXPECT_EQ(w.Sequence_Fun(), 1);
-  EXPECT_EQ(p.panel().faders()[0].step_time_note, "Seq 2 Step Timing");
+  EXPECT_EQ(std::tuple(w.Sequence_Fun(), p.panel().faders()[0].step_time_note), std::tuple(1, "Seq 2 Step Timing"));
 }
 
 struct EditedShow : PlaybackTestDesk {
@@ -111,24 +98,19 @@ TEST(CueEditor, ListsTheScreensAndWhatTheSelectedOneHoldsAndItsSliderWritesBack)
   EditedShow p;
   p.desk->Menu_Click("cue-editor");
   CueEditor& e = p.editor();
-  EXPECT_TRUE(e.visible());
   EXPECT_EQ(e.screen_list(), (std::vector<std::string>{"1 One", "2 Two", "3 "}));
-  EXPECT_EQ(e.selected_screen(), 1);
-  EXPECT_EQ(e.name_box(), "One");
-  EXPECT_EQ(e.fade_time_box(), "20");
-  EXPECT_EQ(e.Next_Scn_index(), 1);
+  EXPECT_EQ(std::tuple(e.visible(), e.selected_screen(), e.name_box(), e.fade_time_box(), e.Next_Scn_index()),
+            std::tuple(true, 1, "One", "20", 1));
   EXPECT_EQ(e.content_list(), (std::vector<std::string>{"Preset Channel 3 @ 100", "Button 3 Submix 3  ON",
                                                  "Fader 2 Submix 2  @ 128"}));
   e.content_list_clicked(2);
-  EXPECT_EQ(e.item_label(), "Fader 2");
-  EXPECT_EQ(e.level_fader(), 127);
+  EXPECT_EQ(std::tuple(e.item_label(), e.level_fader()), std::tuple("Fader 2", 127));
   e.level_fader_changed(55);
-  EXPECT_EQ(p.store().Screens[1].Fad_Sel[1], 200);
-  EXPECT_EQ(e.content_list()[2], "Fader 2 Submix 2  @ 200");
+  EXPECT_EQ(std::tuple(p.store().Screens[1].Fad_Sel[1], e.content_list()[2]),
+            std::tuple(200, "Fader 2 Submix 2  @ 200"));
   e.content_list_clicked(0);
   e.level_fader_changed(0);
-  EXPECT_EQ(p.store().Screens[1].Preset[2], 255);
-  EXPECT_EQ(e.level_box(), "255");
+  EXPECT_EQ(std::tuple(p.store().Screens[1].Preset[2], e.level_box()), std::tuple(255, "255"));
   e.content_list_clicked(1);
   EXPECT_FALSE(e.level_fader_enabled()) << "a button has no level";
   EXPECT_TRUE(p.store().Project_Changed);
@@ -147,20 +129,14 @@ TEST(CueEditor, UpdateStoresTheFieldsAndTheTableButtonsWorkOnTheSelectedScreen) 
   e.update_clicked();
   const Screen& s = p.store().Screens[2];
   EXPECT_EQ(p.status(), " Cue's Updated");
-  EXPECT_EQ(s.Name, "Second");
-  EXPECT_EQ(s.Time, 7);
-  EXPECT_EQ(s.Next, 1);
-  EXPECT_EQ(s.Delay, 12);
-  EXPECT_TRUE(s.Auto);
-  EXPECT_EQ(e.screen_list()[1], "2 Second");
-  EXPECT_TRUE(p.store().Project_Changed);
+  EXPECT_EQ(std::tuple(s.Name, s.Time, s.Next, s.Delay, s.Auto, e.screen_list()[1], p.store().Project_Changed),
+            std::tuple("Second", 7, 1, 12, true, "2 Second", true));
 
   e.screen_list_clicked(0);
   e.copy_clicked();  // copy screen 1
   e.screen_list_clicked(2);  // screen 3
   e.paste_clicked();
-  EXPECT_EQ(p.store().Screens[3].Name, "One");
-  EXPECT_EQ(e.screen_list()[2], "3 One");
+  EXPECT_EQ(std::tuple(p.store().Screens[3].Name, e.screen_list()[2]), std::tuple("One", "3 One"));
   e.screen_list_clicked(0);
   e.delete_clicked();
   EXPECT_EQ(p.status(), " Cue 1 Deleted");

@@ -1,6 +1,8 @@
 #include "platform/atomic_save.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
@@ -50,26 +52,20 @@ TEST_F(AtomicSaveTest, ReplacesTheFileAndLeavesNothingBehind) {
                                                      "rename", "sync folder"}));
   PosixFileSystem real;
   const FileStatus gone = save_file_atomically(real, folder.file("gone/show.xml"), "x");
-  EXPECT_FALSE(gone.ok);
-  EXPECT_EQ(gone.reason, "No such file or directory");
+  EXPECT_EQ(std::tuple(gone.ok, gone.reason), std::tuple(false, "No such file or directory"));
 }
 
 TEST_F(AtomicSaveTest, EveryFailingStepOrAFullDiskKeepsTheOldFileByteForByte) {
   for (const Step step : {Step::CreateTemporary, Step::Write, Step::Sync, Step::Close, Step::Rename}) {
     files.fail(step, "Input/output error");
     const FileStatus status = save_file_atomically(files, path, "new bytes");
-    EXPECT_FALSE(status.ok);
-    EXPECT_EQ(status.reason, "Input/output error");
-    EXPECT_EQ(file_contents(path), kOld);
-    EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
-    EXPECT_TRUE(files.leftovers().empty());
+    EXPECT_EQ(std::tuple(status.ok, status.reason, file_contents(path), folder.names(), files.leftovers().empty()),
+              std::tuple(false, "Input/output error", kOld, std::vector<std::string>{"show.xml"}, true));
   }
   files.fill_after(10);
   const FileStatus status = save_file_atomically(files, path, std::string(5000, 'x'));
-  EXPECT_FALSE(status.ok);
-  EXPECT_EQ(status.reason, "No space left on device");
-  EXPECT_EQ(file_contents(path), kOld);
-  EXPECT_EQ(folder.names(), std::vector<std::string>{"show.xml"});
+  EXPECT_EQ(std::tuple(status.ok, status.reason, file_contents(path), folder.names()),
+            std::tuple(false, "No space left on device", kOld, std::vector<std::string>{"show.xml"}));
 }
 
 // A show reached through a symbolic link is saved into the file the link names,
@@ -86,8 +82,7 @@ TEST_F(AtomicSaveTest, SavingThroughALinkReplacesItsTargetAndKeepsTheTargetsMode
   ASSERT_TRUE(status.ok) << status.reason;
   struct stat info {};
   ASSERT_EQ(::lstat(link.c_str(), &info), 0);
-  EXPECT_TRUE(S_ISLNK(info.st_mode));
-  EXPECT_EQ(file_contents(target), "new bytes");
+  EXPECT_EQ(std::tuple(S_ISLNK(info.st_mode), file_contents(target)), std::tuple(true, "new bytes"));
   ASSERT_EQ(::stat(target.c_str(), &info), 0);
   EXPECT_EQ(info.st_mode & 07777, 0640u);
   EXPECT_EQ(folder.names(), (std::vector<std::string>{"current.xml", "show.xml", "shows"}));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <tuple>
 
 #include "core/main_desk.h"
 #include "sequence/sequence_desk.h"
@@ -32,15 +33,13 @@ TEST_F(ProjectFileTest, SaveAsAsksEverySaveOnlyWhileUnnamedAndCancelWritesNothin
   const std::string path = folder.file("gala.xml");
   t.store().Project_Changed = true;
   file().Save_As_Project();  // no scripted answer: cancelled
-  EXPECT_EQ(t.store().Project_Version, 0);
-  EXPECT_TRUE(t.store().Project_Changed);
-  EXPECT_TRUE(folder.names().empty());
+  EXPECT_EQ(std::tuple(t.store().Project_Version, t.store().Project_Changed, folder.names().empty()),
+            std::tuple(0, true, true));
 
   t.dialogs.answer_file(path);
   file().Save_As_Project();
-  EXPECT_EQ(status().main(), " Project Saved ");
-  EXPECT_FALSE(t.store().Project_Changed);
-  EXPECT_EQ(t.store().Project_File, path);
+  EXPECT_EQ(std::tuple(status().main(), t.store().Project_Changed, t.store().Project_File),
+            std::tuple(" Project Saved ", false, path));
   file().Save_Project();
   EXPECT_EQ(t.dialogs.file_dialogs().size(), 2u);
   t.dialogs.answer_file(path);
@@ -65,8 +64,7 @@ TEST_F(ProjectFileTest, PartialSavesNameTheirDialogsAndKeepProjectChanged) {
     const std::string path = folder.file(std::string(c.title) + ".xml");
     t.dialogs.answer_file(path);
     (file().*c.save)();
-    EXPECT_EQ(t.dialogs.file_dialogs().back().title, c.title);
-    EXPECT_EQ(status().main(), c.main_status);
+    EXPECT_EQ(std::tuple(t.dialogs.file_dialogs().back().title, status().main()), std::tuple(c.title, c.main_status));
     EXPECT_EQ(t.store().Project_File, path);  // a partial save names the current file too
     EXPECT_TRUE(t.store().Project_Changed);
     EXPECT_FALSE(file_contents(path).empty());
@@ -81,8 +79,7 @@ TEST_F(ProjectFileTest, AFailedSaveKeepsTheOldFileAndTheUnsavedMark) {
   t.store().Project_Changed = true;
   files.fail(FaultyFileSystem::Step::CreateTemporary, "Permission denied");  // a read-only folder
   file().Save_Project();
-  EXPECT_EQ(file_contents(path), "previous show");
-  EXPECT_TRUE(t.store().Project_Changed);
+  EXPECT_EQ(std::tuple(file_contents(path), t.store().Project_Changed), std::tuple("previous show", true));
   EXPECT_EQ(t.store().Project_Version, 1);  // advanced before the file was touched
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   EXPECT_NE(t.dialogs.messages()[0].text.find(path), std::string::npos);
@@ -105,10 +102,8 @@ TEST_F(ProjectFileTest, ADamagedFileSaysSoAndLeavesTheProjectChanged) {
   std::ofstream(cut, std::ios::binary) << "<Lumaris_XML>\r\t<Project>\r\t\t<Name>Cut</Name>\r"
                                           "\t</Project>\r\t<Submix>\r\t\t<Num>1";
   EXPECT_TRUE(file().Load_File(cut));
-  EXPECT_EQ(status().main(), " File damaged: loaded up to line 5 ");
-  EXPECT_EQ(status().playback(), " File damaged: loaded up to line 5");
-  EXPECT_EQ(t.store().Project_Name, "Cut");
-  EXPECT_TRUE(t.store().Project_Changed);
+  EXPECT_EQ(std::tuple(status().main(), status().playback(), t.store().Project_Name, t.store().Project_Changed),
+            std::tuple(" File damaged: loaded up to line 5 ", " File damaged: loaded up to line 5", "Cut", true));
   ASSERT_EQ(t.dialogs.messages().size(), 1u);
   EXPECT_NE(t.dialogs.messages()[0].text.find("loaded up to line 5"), std::string::npos);
 
@@ -177,12 +172,9 @@ TEST_F(ProjectFileTest, SkippedBlocksAreCountedAndNamedInOneMessageAndTheRestLoa
     EXPECT_NE(text.find(block), std::string::npos) << block;
   }
   const Store& store = t.store();
-  EXPECT_EQ(store.Submix[2].Name, "Good");
-  EXPECT_EQ(store.Fader_Names[7].Desc, "Spot");
-  EXPECT_EQ(store.Button_Functions[4].Level, 99);
-  EXPECT_EQ(store.Chase_Table[1].Name, "");
-  EXPECT_EQ(store.Screens[1].Next, 9);
-  EXPECT_EQ(store.Screen_Count, 1);
+  EXPECT_EQ(std::tuple(store.Submix[2].Name, store.Fader_Names[7].Desc, store.Button_Functions[4].Level),
+            std::tuple("Good", "Spot", 99));
+  EXPECT_EQ(std::tuple(store.Chase_Table[1].Name, store.Screens[1].Next, store.Screen_Count), std::tuple("", 9, 1));
 }
 
 TEST_F(ProjectFileTest, LoadFromTheMainDeskMenuRedrawsTheDesk) {
@@ -205,13 +197,10 @@ TEST_F(ProjectFileTest, TheShowOnTheCommandLineLoadsWithoutADialogOverWhatWasThe
   opening.Fad_Sel[3] = 90;
   EXPECT_TRUE(file().Load_File(test_data("full_show.xml")));
   EXPECT_TRUE(t.dialogs.file_dialogs().empty());
-  EXPECT_EQ(t.console->main_desk().strips()[4].name_box, "FWL");
-  EXPECT_EQ(opening.Preset[40], 0);
-  EXPECT_FALSE(opening.But_Sel[7]);
-  EXPECT_EQ(opening.Fad_Sel[3], 0);
-  EXPECT_EQ(opening.Preset[4], 128);
-  EXPECT_TRUE(opening.But_Sel[17]);
-  EXPECT_EQ(opening.Fad_Sel[12], 100);
+  EXPECT_EQ(std::tuple(t.console->main_desk().strips()[4].name_box, opening.Preset[40], opening.But_Sel[7]),
+            std::tuple("FWL", 0, false));
+  EXPECT_EQ(std::tuple(opening.Fad_Sel[3], opening.Preset[4], opening.But_Sel[17], opening.Fad_Sel[12]),
+            std::tuple(0, 128, true, 100));
   EXPECT_FALSE(file().Load_File(test_data("not_a_show.xml")));
   EXPECT_FALSE(file().Load_File(folder.file("missing.xml")));
   EXPECT_EQ(t.store().Project_Name, "Winter Gala");

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <ctime>
+#include <tuple>
 
 #include "console/project/project_reader.h"
 #include "console/project/project_writer.h"
@@ -34,10 +35,8 @@ TEST_F(ReaderTest, FullShowLoadsEveryItemItHolds) {
   EXPECT_FALSE(report.damaged());
 
   // Hand-checked values, each from its line in the file.
-  EXPECT_EQ(store.Project_Text, "Main stage \u2013 act 2");
-  EXPECT_EQ(store.Submix[3].Name, "Caf\u00e9");
-  EXPECT_EQ(store.Patch[512], 2);
-  EXPECT_EQ(store.Chase_Table[2].Time[1], 2.5);
+  EXPECT_EQ(std::tuple(store.Project_Text, store.Submix[3].Name, store.Patch[512], store.Chase_Table[2].Time[1]),
+            std::tuple("Main stage \u2013 act 2", "Caf\u00e9", 2, 2.5));
   EXPECT_EQ(store.Button_Functions[18].Function, kFunctionCue);
 
   // Everything else as the show was built before saving.
@@ -62,8 +61,7 @@ TEST_F(ReaderTest, BlocksThatNeverCloseAreReadInTimeLinearInTheFileSize) {
   const std::clock_t start = std::clock();
   const LoadReport report = read_project(store, text);
   EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 2.0);
-  EXPECT_EQ(report.skipped.count(), 74999u);
-  EXPECT_EQ(report.submixes, 1);
+  EXPECT_EQ(std::tuple(report.skipped.count(), report.submixes), std::tuple(74999u, 1));
 }
 
 TEST_F(ReaderTest, PatchFileChangesItsSlotsAndTurnsEveryButtonAndFaderOff) {
@@ -74,12 +72,10 @@ TEST_F(ReaderTest, PatchFileChangesItsSlotsAndTurnsEveryButtonAndFaderOff) {
   EXPECT_EQ(store.Patch, before.Patch);  // the file holds the same patch
   for (const ButtonFunction& button : store.Button_Functions) EXPECT_EQ(button.Function, kFunctionOff);
   for (const FaderFunction& fader : store.Fader_Functions) EXPECT_EQ(fader.Function, kFunctionOff);
-  EXPECT_EQ(store.Submix[0].Name, "Wash");
-  EXPECT_EQ(store.Screens[1].Name, "Opening");
+  EXPECT_EQ(std::tuple(store.Submix[0].Name, store.Screens[1].Name), std::tuple("Wash", "Opening"));
 
   read_project(fresh, rooted("\t<Patch>0:1,1:2,2:3,100:7</Patch>\r"));
-  EXPECT_EQ(fresh.Patch[2], 3);
-  EXPECT_EQ(fresh.Patch[100], 7);
+  EXPECT_EQ(std::tuple(fresh.Patch[2], fresh.Patch[100]), std::tuple(3, 7));
   EXPECT_EQ(fresh.Patch[3], 4);  // not named: kept
   read_project(fresh, rooted("\t<Patch>3:9,600:2</Patch>\r"));
   EXPECT_EQ(fresh.Patch[3], 4) << "a damaged patch changes no slot";
@@ -91,21 +87,17 @@ TEST_F(ReaderTest, SubmixWithoutLevelsIsEmptiedButNamedAndLevelsStopAtTheFirstEm
                              "\t\t<Colour>255</Colour>\r\t</Submix>\r"
                              "\t<Submix>\r\t\t<Num>1</Num>\r\t\t<Level>2:10</Level>\r"
                              "\t\t<Level>0:0</Level>\r\t\t<Level>9:99</Level>\r\t</Submix>\r"));
-  EXPECT_EQ(store.Submix[3].Name, "Empty");
-  EXPECT_EQ(store.Submix[3].Colour, "255");
-  EXPECT_EQ(store.Submix[3].Chan[0], 0);
-  EXPECT_EQ(store.Submix[3].Level[0], 0);
-  EXPECT_EQ(store.Submix[1].Level[0], 10);
-  EXPECT_EQ(store.Submix[1].Level[1], 0);
+  EXPECT_EQ(std::tuple(store.Submix[3].Name, store.Submix[3].Colour, store.Submix[3].Chan[0]),
+            std::tuple("Empty", "255", 0));
+  EXPECT_EQ(std::tuple(store.Submix[3].Level[0], store.Submix[1].Level[0], store.Submix[1].Level[1]),
+            std::tuple(0, 10, 0));
 }
 
 TEST_F(ReaderTest, TextWithoutTheRootChangesNothing) {
   store.Patch[0] = 9;
   const LoadReport report = read_project(store, "<Project><Name>x</Name></Project><Patch>0:1</Patch>");
-  EXPECT_FALSE(report.is_show);
-  EXPECT_EQ(store.Patch[0], 9);
-  EXPECT_EQ(store.Project_Name, "");
-  EXPECT_EQ(store.Button_Functions[0].Function, kFunctionSubmix);
+  EXPECT_EQ(std::tuple(report.is_show, store.Patch[0], store.Project_Name, store.Button_Functions[0].Function),
+            std::tuple(false, 9, "", kFunctionSubmix));
 }
 
 TEST_F(ReaderTest, NothingIsStoredOutsideTheArrays) {
@@ -129,8 +121,7 @@ TEST_F(ReaderTest, NothingIsStoredOutsideTheArrays) {
   EXPECT_EQ(report.submixes + report.named_channels + report.buttons + report.faders + report.screens +
                 report.chases + report.pages,
             0);
-  EXPECT_EQ(store.Project_Name, "");
-  EXPECT_FALSE(store.Art_Universes[0].Enable);
+  EXPECT_EQ(std::tuple(store.Project_Name, store.Art_Universes[0].Enable), std::tuple("", false));
   // Only the fresh desk's buttons and faders changed: button and fader blocks turn them Off.
   for (ButtonFunction& button : fresh.Button_Functions) button.Function = kFunctionOff;
   for (FaderFunction& fader : fresh.Fader_Functions) fader.Function = kFunctionOff;
@@ -152,10 +143,7 @@ TEST_F(ReaderTest, TagsAreLiteralAndNumbersRoundHalvesToEven) {
   EXPECT_EQ(store.Fader_Names[2].Name, "");  // neither <name> nor <Name id="1"> is <Name>
   EXPECT_EQ(store.Fader_Names[2].Desc, "Spot");
   const ButtonFunction& button = store.Button_Functions[2];  // Number 2.5 is button 2
-  EXPECT_EQ(button.Value, 4);
-  EXPECT_EQ(button.Level, 0);
-  EXPECT_EQ(button.Channel1, 12);
-  EXPECT_EQ(button.Data1, 100);
+  EXPECT_EQ(std::tuple(button.Value, button.Level, button.Channel1, button.Data1), std::tuple(4, 0, 12, 100));
   EXPECT_EQ(store.Fader_Functions[1].Value, 7);  // <Fader> is not <Fade>, nor the reverse
   EXPECT_EQ(store.Chase_Table[3].Fade[1][1], kChaseFade);
   EXPECT_EQ(store.Screens[1].Preset[0], 5);  // "7" has no colon: 0:0; "x:5" is 0:5
@@ -172,14 +160,11 @@ TEST_F(ReaderTest, MinusOneReadsTrueForEveryFlagAndAMissingFlagIsFalse) {
                              "\t<FaderName><Num>6</Num><Desc>Spot</Desc><Main_F>1</Main_F></FaderName>\r"
                              "\t<Button><Number>0</Number><Latch>-1</Latch><Preset>-1</Preset></Button>\r"
                              "\t<Screen><Num>1</Num><Instant>-1</Instant><Auto>-1</Auto></Screen>\r"));
-  EXPECT_TRUE(store.Fader_Names[1].Main_F);
-  EXPECT_TRUE(store.Fader_Names[1].Cross_F);
-  EXPECT_TRUE(store.Button_Functions[0].Latch);
-  EXPECT_TRUE(store.Button_Functions[0].Preset);
-  EXPECT_TRUE(store.Screens[1].Instant);
-  EXPECT_TRUE(store.Screens[1].Auto);
-  EXPECT_TRUE(store.Fader_Names[6].Main_F);
-  EXPECT_FALSE(store.Fader_Names[6].Cross_F);
+  EXPECT_EQ(std::tuple(store.Fader_Names[1].Main_F, store.Fader_Names[1].Cross_F, store.Button_Functions[0].Latch),
+            std::tuple(true, true, true));
+  EXPECT_EQ(std::tuple(store.Button_Functions[0].Preset, store.Screens[1].Instant, store.Screens[1].Auto),
+            std::tuple(true, true, true));
+  EXPECT_EQ(std::tuple(store.Fader_Names[6].Main_F, store.Fader_Names[6].Cross_F), std::tuple(true, false));
   EXPECT_EQ(store.Fader_Names[6].Name, "");  // missing fields read empty
 }
 
@@ -193,11 +178,8 @@ TEST_F(ReaderTest, AChaseReadsItsOwnFieldsWhereverTheyStandAmongItsSteps) {
                     "\t\t<Loop>4</Loop>\r\t\t<Channels>10:11</Channels>\r\t</Chase>\r"));
   EXPECT_FALSE(report.damaged());
   const ChaseRec& chase = store.Chase_Table[5];
-  EXPECT_EQ(chase.Name, "Strobe");
-  EXPECT_EQ(chase.Loop, 4);
-  EXPECT_EQ(chase.Channels[1], 11);
-  EXPECT_EQ(chase.Speed[1], 2.0);
-  EXPECT_EQ(chase.Speed[2], 3.0);
+  EXPECT_EQ(std::tuple(chase.Name, chase.Loop, chase.Channels[1], chase.Speed[1], chase.Speed[2]),
+            std::tuple("Strobe", 4, 11, 2.0, 3.0));
   EXPECT_EQ(chase.Data[1][0], 9);  // a step's Data is not the chase's Channels
   EXPECT_EQ(store.Chase_Table[1].Steps, 1) << "a step's Num is not the chase's";
 }
@@ -216,25 +198,16 @@ TEST_F(ReaderTest, ValuesBeyondTheirControlsAreClampedAndNoted) {
                     "\t<Chase><Num>1</Num><Steps>150</Steps><Loop>-3</Loop></Chase>\r"
                     "\t<Page><Num>5</Num><Name>Sixth</Name></Page>\r"));
   EXPECT_EQ(store.Adapter, 0);  // no such adapter: output off, and said so
-  EXPECT_EQ(store.BCF_Mode, 0);
-  EXPECT_EQ(store.Submix[1].Level[0], 255);
+  EXPECT_EQ(std::tuple(store.BCF_Mode, store.Submix[1].Level[0]), std::tuple(0, 255));
   const ChaseRec& chase = store.Chase_Table[0];
-  EXPECT_EQ(chase.Steps, 1);
-  EXPECT_EQ(chase.Loop, 100);
-  EXPECT_EQ(chase.Fixture, 20);
+  EXPECT_EQ(std::tuple(chase.Steps, chase.Loop, chase.Fixture), std::tuple(1, 100, 20));
   EXPECT_EQ(chase.Channels[0], 62);  // desk channel 63, the highest the box takes
-  EXPECT_EQ(chase.Channels[1], 0);
-  EXPECT_EQ(chase.Speed[1], 0.1);
-  EXPECT_EQ(chase.Time[1], 0.1);
-  EXPECT_EQ(chase.Data[1][0], 255);
-  EXPECT_EQ(chase.Data[1][1], 0);
-  EXPECT_EQ(chase.Fade[1][0], kChaseStep);
-  EXPECT_EQ(chase.Fade[1][1], kChaseOff);
-  EXPECT_EQ(chase.Speed[2], 240.0);
+  EXPECT_EQ(std::tuple(chase.Channels[1], chase.Speed[1], chase.Time[1], chase.Data[1][0], chase.Data[1][1]),
+            std::tuple(0, 0.1, 0.1, 255, 0));
+  EXPECT_EQ(std::tuple(chase.Fade[1][0], chase.Fade[1][1], chase.Speed[2]), std::tuple(kChaseStep, kChaseOff, 240.0));
   EXPECT_EQ(chase.Time[2], 25.0);  // exponent form reads too
-  EXPECT_EQ(store.Chase_Table[1].Steps, 32);
-  EXPECT_EQ(store.Chase_Table[1].Loop, 0);
-  EXPECT_EQ(store.Pages[5].Name, "");
+  EXPECT_EQ(std::tuple(store.Chase_Table[1].Steps, store.Chase_Table[1].Loop, store.Pages[5].Name),
+            std::tuple(32, 0, ""));
 
   ASSERT_EQ(report.clamped.count(), 17u);
   EXPECT_EQ(report.clamped.kept()[0].block, "Project block 1");
@@ -253,24 +226,19 @@ TEST_F(ReaderTest, AFileThatEndsEarlyLoadsItsWholeBlocksAndSaysWhereItStopped) {
       "\t<Chase>\r\t\t<Num>2</Num>\r\t\t<Name>Cut</Name>\r"  // 6..8
       "\t\t<Steps>3</Steps>\r";                              // 9
   LoadReport report = read_project(store, head);
-  EXPECT_EQ(report.cut_at_line, 6);
-  EXPECT_EQ(store.Submix[1].Name, "Kept");
-  EXPECT_EQ(store.Chase_Table[2].Name, "");
+  EXPECT_EQ(std::tuple(report.cut_at_line, store.Submix[1].Name, store.Chase_Table[2].Name),
+            std::tuple(6, "Kept", ""));
   ASSERT_EQ(report.skipped.count(), 1u);
   EXPECT_EQ(report.skipped.kept()[0].reason, "the file ends before </Chase>");
 
   // Cut just after a whole block: everything loads, the missing end still counts.
   report = read_project(fresh, "<Lumaris_XML>\r\t<Page>\r\t\t<Num>1</Num>\r\t\t<Name>P</Name>\r\t</Page>\r");
-  EXPECT_EQ(report.cut_at_line, 5);
-  EXPECT_EQ(fresh.Pages[1].Name, "P");
-  EXPECT_TRUE(report.damaged());
+  EXPECT_EQ(std::tuple(report.cut_at_line, fresh.Pages[1].Name, report.damaged()), std::tuple(5, "P", true));
 
   reset_store(store);
   report = read_project(store, rooted("\t<Submix>\r\t\t<Num>1</Num>\r\t\t<Name>Open</Name>\r"
                                       "\t<Submix>\r\t\t<Num>2</Num>\r\t\t<Name>Next</Name>\r\t</Submix>\r"));
-  EXPECT_EQ(report.cut_at_line, 0);
-  EXPECT_EQ(store.Submix[1].Name, "");
-  EXPECT_EQ(store.Submix[2].Name, "Next");
+  EXPECT_EQ(std::tuple(report.cut_at_line, store.Submix[1].Name, store.Submix[2].Name), std::tuple(0, "", "Next"));
   ASSERT_EQ(report.skipped.count(), 1u);
   EXPECT_EQ(report.skipped.kept()[0].reason, "</Submix> is missing");
 }

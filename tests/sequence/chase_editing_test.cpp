@@ -34,33 +34,28 @@ TEST(ChaseEditing, CopyPasteShiftAndClearWorkOnTheShownStep) {
   EXPECT_TRUE(s.t.store().Project_Changed);
   s.t.store().Project_Changed = false;
   for (int n = 0; n < 3; ++n) s.desk->Shift_Neg_Click();
-  EXPECT_TRUE(s.t.store().Project_Changed);
-  EXPECT_EQ(c.Data, before.Data);
-  EXPECT_EQ(c.Fade, before.Fade);
+  EXPECT_EQ(std::tuple(s.t.store().Project_Changed, c.Data, c.Fade), std::tuple(true, before.Data, before.Fade));
 
   // Clear zeroes the level channels of the shown step only.
   for (int i = 0; i < kChaseChannels; ++i) c.Data[3][i] = 90;
   s.desk->Menu_Click("clear-step");
   for (int i = 0; i < kLevelChannels; ++i) EXPECT_EQ(c.Data[2][i], 0) << i;
   EXPECT_EQ(c.Data[2][18], 28) << "the moving desk's channels, its panel hidden";
-  EXPECT_EQ(c.Data[3][0], 90);
-  EXPECT_EQ(s.desk->channels()[17].fader, 255);
+  EXPECT_EQ(std::tuple(c.Data[3][0], s.desk->channels()[17].fader), std::tuple(90, 255));
 }
 
 TEST(ChaseEditing, ChannelBoxesRouteRoundedNumbersRefuseOthersOnceAndCanCountUp) {
   SequenceTestDesk s;
   s.t.store().Project_Changed = false;
   s.desk->channel_box_changed(3, "4.5");  // 3.5 rounds to the even 4: desk channel 5
-  EXPECT_EQ(s.chase().Channels[3], 4);
-  EXPECT_TRUE(s.t.store().Project_Changed);
+  EXPECT_EQ(std::tuple(s.chase().Channels[3], s.t.store().Project_Changed), std::tuple(4, true));
   s.desk->channel_box_changed(4, "70");
   ASSERT_EQ(s.t.dialogs.messages().size(), 1u);
   EXPECT_EQ(s.t.dialogs.messages()[0].title, " Channel Error");
   EXPECT_EQ(s.t.dialogs.messages()[0].text, " Channel Values must be between 1 - 63");
   EXPECT_EQ(std::tuple(s.desk->channels()[4].channel_box, s.chase().Channels[4]), std::tuple("63", 62));
   s.desk->channel_box_changed(4, "x");  // refused, routing unchanged
-  EXPECT_EQ(s.t.dialogs.messages().size(), 2u);
-  EXPECT_EQ(s.chase().Channels[4], 62);
+  EXPECT_EQ(std::tuple(s.t.dialogs.messages().size(), s.chase().Channels[4]), std::tuple(2u, 62));
   s.desk->channel_box_changed(4, "");  // an emptied box is not an error
   EXPECT_EQ(s.t.dialogs.messages().size(), 2u);
 
@@ -99,16 +94,14 @@ TEST(ChaseEditing, StepsStayBetweenOneAndThirtyTwoInsertOpensAnEmptyStepAndRemov
   c.Fade[2][0] = kChaseFade;
   s.t.store().Project_Changed = false;
   s.desk->Insert_Click();  // after step 1
-  EXPECT_TRUE(s.t.store().Project_Changed);
-  EXPECT_EQ(c.Steps, 4);
+  EXPECT_EQ(std::tuple(s.t.store().Project_Changed, c.Steps), std::tuple(true, 4));
   EXPECT_EQ(std::tuple(c.Data[2][0], c.Fade[2][0], c.Speed[2], c.Data[3][0]),
             std::tuple(0, kChaseFade, 2.0, 20))
       << "the function and time stay with the step that moved up";
   s.desk->Chase_Plus_Click();
   s.t.store().Project_Changed = false;
   s.desk->Remove_Step_Click();
-  EXPECT_TRUE(s.t.store().Project_Changed);
-  EXPECT_EQ(c.Data[2][0], 20);
+  EXPECT_EQ(std::tuple(s.t.store().Project_Changed, c.Data[2][0]), std::tuple(true, 20));
   s.desk->Chase_Plus_Click();
   s.desk->Remove_Step_Click();  // removing the last step shows the one before
   EXPECT_EQ(s.desk->Cur_Step(), 2);
@@ -120,8 +113,7 @@ TEST(ChaseEditing, FunctionButtonsCycleAndTheSwitchAppliesToEveryStep) {
   ChaseRec& c = s.chase();
   const auto& ch = s.desk->channels();
   s.desk->Ch_Function_Click(2);  // S -> off
-  EXPECT_EQ(ch[2].Ch_Function, "off");
-  EXPECT_FALSE(ch[2].level_enabled);
+  EXPECT_EQ(std::tuple(ch[2].Ch_Function, ch[2].level_enabled), std::tuple("off", false));
   s.desk->Ch_Function_Click(2);
   EXPECT_EQ(ch[2].Ch_Function, "F");
   EXPECT_EQ(c.Fade[2][2], kChaseStep);  // only the shown step so far
@@ -131,8 +123,7 @@ TEST(ChaseEditing, FunctionButtonsCycleAndTheSwitchAppliesToEveryStep) {
   s.desk->Ch_Function_All_Click();  // off -> F on channels 0..17 of every step
   EXPECT_EQ(std::tuple(c.Fade[3][17], c.Fade[3][18]), std::tuple(kChaseFade, kChaseStep));
   s.desk->Steps_Add_Click();  // the new step takes that function too
-  EXPECT_EQ(c.Fade[4][5], kChaseFade);
-  EXPECT_FALSE(s.t.store().Project_Changed);
+  EXPECT_EQ(std::tuple(c.Fade[4][5], s.t.store().Project_Changed), std::tuple(kChaseFade, false));
 }
 
 TEST(ChaseEditing, TimeSlidersWriteTheStepOrEveryStepAndTheLockGivesTheFadeTheStepDuration) {
@@ -184,8 +175,7 @@ TEST(ChaseEditing, ChoosingAChaseShowsItsFirstStepAndItsLoopSettings) {
   other.Data[1][0] = 70;
   s.desk->Chase_Sel_Click(4);
   EXPECT_EQ(std::tuple(s.desk->Cur_Step(), s.desk->channels()[0].fader), std::tuple(1, 255 - 70));
-  EXPECT_FALSE(s.desk->Loop_Box());
-  EXPECT_EQ(s.desk->Loop_Times_txt(), "5");
+  EXPECT_EQ(std::tuple(s.desk->Loop_Box(), s.desk->Loop_Times_txt()), std::tuple(false, "5"));
   s.desk->Loop_Box_Click(true);  // endless
   EXPECT_EQ(other.Loop, 0);
   s.desk->Chase_Name_Change("Strobe");

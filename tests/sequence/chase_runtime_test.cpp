@@ -175,9 +175,8 @@ TEST(ChaseRuntime, WhileRunningEditsAreIgnoredAndBothTimeSlidersActOnEveryStep) 
   s.desk->Remove_Step_Click();
   s.desk->Command_Copy_Click();
   s.desk->Command_Paste_Click();
-  EXPECT_EQ(s.chase().Data, before.Data);
-  EXPECT_EQ(s.chase().Fade, before.Fade);
-  EXPECT_EQ(std::tuple(s.chase().Steps, s.t.store().Project_Changed), std::tuple(3, false));
+  EXPECT_EQ(std::tuple(s.chase().Data, s.chase().Fade, s.chase().Steps, s.t.store().Project_Changed),
+            std::tuple(before.Data, before.Fade, 3, false));
 
   EXPECT_EQ(std::tuple(s.desk->Global_fade(), s.desk->Global_fade_enabled(), s.desk->Global_Speed_enabled()),
             std::tuple(true, false, false));
@@ -229,8 +228,7 @@ TEST(ChaseRuntime, LiveModeShowsEditsWhileStoppedAndPausesWhileAChaseRuns) {
   s.chase().Channels[5] = 50;
   s.desk->fader_changed(5, 0);
   s.desk->Live_Mode_Sel_Click(false);
-  EXPECT_EQ(std::tuple(s.out(0), s.out(11)), std::tuple(0, 0));
-  EXPECT_EQ(s.out(50), 127);
+  EXPECT_EQ(std::tuple(s.out(0), s.out(11), s.out(50)), std::tuple(0, 0, 127));
 }
 
 // The output cycle ticks every 70 ms from start-up (0 ms); the chase's
@@ -249,11 +247,9 @@ TEST(ChaseOutput, ARunningChaseReachesThePatchedSlotAtTheNextOutputTick) {
   s.desk->Chase_Go_Button_Click();
 
   s.t.scheduler.advance(100);  // 135 ms: the chase has written its level
-  EXPECT_EQ(store.Chase_Out[4], 180);
-  EXPECT_EQ(store.DMX_Out[4], 0);
+  EXPECT_EQ(std::tuple(store.Chase_Out[4], store.DMX_Out[4]), std::tuple(180, 0));
   s.t.scheduler.advance(5);  // 140 ms: the output tick
-  EXPECT_EQ(store.DMX_Out[4], 180);
-  EXPECT_EQ(store.DMX_Out[100], 180);
+  EXPECT_EQ(std::tuple(store.DMX_Out[4], store.DMX_Out[100]), std::tuple(180, 180));
 
   for (int ms = 141; ms <= 3000; ++ms) {
     s.t.scheduler.advance(1);

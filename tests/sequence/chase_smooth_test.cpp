@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "console/output_cycle.h"
 #include "core/desk_context.h"
 #include "tests/sequence/sequence_test_desk.h"
@@ -37,8 +39,7 @@ TEST(SmoothChase, TheFrameFollowsTheFadeBetweenLevelTicksAndMeetsThemAtEachTick)
   EXPECT_EQ(mixed(off), 40);
   on.t.scheduler.advance(50);
   off.t.scheduler.advance(60);
-  EXPECT_EQ(mixed(on), 80);
-  EXPECT_EQ(mixed(off), 80);
+  EXPECT_EQ(std::tuple(mixed(on), mixed(off)), std::tuple(80, 80));
 }
 
 TEST(SmoothChase, TheFirstFrameOfAStepStartsFromThePreviousLevel) {
@@ -61,8 +62,7 @@ TEST(SmoothChase, AFadesLastLevelNoFrameCarriedIsHeldForTheNextFrame) {
   on.t.scheduler.advance(50);
   on.desk->Chase_Go_Button_Click();
   on.t.scheduler.advance(2050);  // 2100: step 1 began at 2052, yet the frame holds 200
-  EXPECT_EQ(on.desk->Cur_Step(), 1);
-  EXPECT_EQ(mixed(on), 200);
+  EXPECT_EQ(std::tuple(on.desk->Cur_Step(), mixed(on)), std::tuple(1, 200));
   on.t.scheduler.advance(700);
   EXPECT_EQ(mixed(on), 0);
 }
@@ -78,8 +78,7 @@ TEST(SmoothChase, AChaseEndingOnItsLastPassHoldsItsLastLevelForOneFrame) {
   on.t.scheduler.advance(50);
   on.desk->Chase_Go_Button_Click();
   on.t.scheduler.advance(4150);
-  EXPECT_FALSE(on.desk->runtime().Chase_Running());
-  EXPECT_EQ(mixed(on), 200);
+  EXPECT_EQ(std::tuple(on.desk->runtime().Chase_Running(), mixed(on)), std::tuple(false, 200));
   on.t.scheduler.advance(700);
   EXPECT_EQ(mixed(on), 0);
 }

@@ -5,7 +5,6 @@ namespace lumaris {
 std::optional<std::string> FakeMidi::open_input(int index) {
   open_in_.reset();
   ++opens_;
-  if (input_refusal_) return input_refusal_;
   if (index < 0 || index >= static_cast<int>(inputs_.size())) return "no such MIDI input port";
   open_in_ = index;
   return std::nullopt;

@@ -30,9 +30,8 @@ class FakeMidi final : public Midi {
     inputs_ = std::move(inputs);
     outputs_ = std::move(outputs);
   }
-  // The next opens fail with this description.
+  // The next output opens fail with this description.
   void refuse_output(std::string description) { output_refusal_ = std::move(description); }
-  void refuse_input(std::string description) { input_refusal_ = std::move(description); }
   // As if the surface sent these bytes (delivered as RtMidi would: maybe on another thread).
   void deliver(const std::vector<std::uint8_t>& message);
   void fail(int code, const std::string& description);
@@ -47,7 +46,6 @@ class FakeMidi final : public Midi {
   std::vector<std::string> inputs_;
   std::vector<std::string> outputs_;
   std::optional<std::string> output_refusal_;
-  std::optional<std::string> input_refusal_;
   std::optional<int> open_in_;
   std::optional<int> open_out_;
   int opens_ = 0;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <tuple>
 
 #include "console/project/project_file.h"
 #include "tests/support/temp_folder.h"
@@ -35,31 +36,25 @@ TEST_F(ConnectTest, ASurfaceMissingOnEitherSideOrWithoutMidiIsNotFoundAndOpensNo
     d.midi.set_ports(inputs, outputs);
     d.connect();
     EXPECT_EQ(d.surface().connection_box(), " No BCF2000 Found") << inputs[0];
-    EXPECT_EQ(d.setup().connection_box(), " No BCF2000 Found");
-    EXPECT_EQ(d.console().status().main(), " No BCF2000 Found");
-    EXPECT_EQ(d.store().BCF_Mode, 0);
-    EXPECT_EQ(d.surface().mode_box(), " Not Connected");
-    EXPECT_EQ(d.midi.opens(), 0);
+    EXPECT_EQ(std::tuple(d.setup().connection_box(), d.console().status().main(), d.store().BCF_Mode),
+              std::tuple(" No BCF2000 Found", " No BCF2000 Found", 0));
+    EXPECT_EQ(std::tuple(d.surface().mode_box(), d.midi.opens()), std::tuple(" Not Connected", 0));
   }
   TestConsole bare;
   bare.build();
   bare.console->surface_setup().connect_clicked();
-  EXPECT_EQ(bare.store().BCF_Mode, 0);
-  EXPECT_EQ(bare.console->status().main(), " No BCF2000 Found");
+  EXPECT_EQ(std::tuple(bare.store().BCF_Mode, bare.console->status().main()), std::tuple(0, " No BCF2000 Found"));
 }
 
 TEST_F(ConnectTest, FoundOnBothSidesTheLastMatchingPortsOpenInMainDeskMode) {
   t.midi.set_ports({kBcfPort, "BCF2000:BCF2000 Port 2 20:1", "Other:x 30:0"}, {kBcfPort, "Other:x 30:0"});
   t.connect();
-  EXPECT_EQ(t.surface().BCF_In_Name(), "BCF2000:BCF2000 Port 2 20:1");
-  EXPECT_EQ(t.midi.open_input_index(), 1);
-  EXPECT_EQ(t.midi.open_output_index(), 0);
-  EXPECT_EQ(t.surface().connection_box(), " BCF2000 Connection Made ");
-  EXPECT_EQ(t.setup().connection_box(), " Connection Made");
-  EXPECT_EQ(t.console().status().playback(), " BCF2000 Connection Made");
-  EXPECT_EQ(t.store().BCF_Mode, 1);
-  EXPECT_EQ(t.surface().mode_box(), " Main Desk");
-  EXPECT_TRUE(t.desk.dialogs.messages().empty());
+  EXPECT_EQ(std::tuple(t.surface().BCF_In_Name(), t.midi.open_input_index(), t.midi.open_output_index()),
+            std::tuple("BCF2000:BCF2000 Port 2 20:1", 1, 0));
+  EXPECT_EQ(std::tuple(t.surface().connection_box(), t.setup().connection_box(), t.console().status().playback()),
+            std::tuple(" BCF2000 Connection Made ", " Connection Made", " BCF2000 Connection Made"));
+  EXPECT_EQ(std::tuple(t.store().BCF_Mode, t.surface().mode_box(), t.desk.dialogs.messages().empty()),
+            std::tuple(1, " Main Desk", true));
 
   t.console().shutdown();  // closing the program closes both ports
   EXPECT_FALSE(t.midi.input_open());
@@ -71,12 +66,10 @@ TEST_F(ConnectTest, AnOutputThatWillNotOpenIsSaidAndTheFadersStillWork) {
   t.midi.refuse_output("busy");
   t.connect();
   ASSERT_EQ(t.desk.dialogs.messages().size(), 1u);
-  EXPECT_EQ(t.desk.dialogs.messages()[0].title, "Open MIDI Output port");
-  EXPECT_EQ(t.desk.dialogs.messages()[0].text, "Cannot open MIDI Output port");
-  EXPECT_EQ(t.store().BCF_Mode, 1);
+  EXPECT_EQ(std::tuple(t.desk.dialogs.messages()[0].title, t.desk.dialogs.messages()[0].text, t.store().BCF_Mode),
+            std::tuple("Open MIDI Output port", "Cannot open MIDI Output port", 1));
   t.cc(81, 100);
-  EXPECT_EQ(t.store().Desk_Level[0], 200);
-  EXPECT_TRUE(t.midi.sent().empty());
+  EXPECT_EQ(std::tuple(t.store().Desk_Level[0], t.midi.sent().empty()), std::tuple(200, true));
 }
 
 TEST_F(ConnectTest, InputErrorsOtherThanWarningsShowTheirTextAndDisconnect) {
@@ -84,15 +77,13 @@ TEST_F(ConnectTest, InputErrorsOtherThanWarningsShowTheirTextAndDisconnect) {
   t.midi.fail(0, "a warning");
   t.midi.fail(8, "one message dropped");
   t.desk.scheduler.run_posted();
-  EXPECT_EQ(t.store().BCF_Mode, 1);
-  EXPECT_TRUE(t.desk.dialogs.messages().empty());
+  EXPECT_EQ(std::tuple(t.store().BCF_Mode, t.desk.dialogs.messages().empty()), std::tuple(1, true));
   t.midi.fail(25, "MidiInAlsa: the sequencer went away");
   EXPECT_EQ(t.store().BCF_Mode, 1) << "errors are desk events too, handled in turn";
   t.desk.scheduler.run_posted();
   ASSERT_EQ(t.desk.dialogs.messages().size(), 1u);
-  EXPECT_EQ(t.desk.dialogs.messages()[0].text, "MidiInAlsa: the sequencer went away");
-  EXPECT_EQ(t.store().BCF_Mode, 0);
-  EXPECT_EQ(t.surface().mode_box(), " Not Connected");
+  EXPECT_EQ(std::tuple(t.desk.dialogs.messages()[0].text, t.store().BCF_Mode, t.surface().mode_box()),
+            std::tuple("MidiInAlsa: the sequencer went away", 0, " Not Connected"));
 }
 
 TEST_F(ConnectTest, StepsRunThroughTheModesBetweenMainDeskAndUserConfig) {
@@ -101,16 +92,14 @@ TEST_F(ConnectTest, StepsRunThroughTheModesBetweenMainDeskAndUserConfig) {
   const char* names[] = {"", "", " Playback Desk", " Chase Desk", " Channel Set", " Submix Set", " User Config"};
   for (int mode = 2; mode <= 6; ++mode) {
     t.surface().next_mode_clicked();
-    EXPECT_EQ(t.store().BCF_Mode, mode);
-    EXPECT_EQ(t.surface().mode_box(), names[mode]);
-    EXPECT_TRUE(t.surface().previous_mode_enabled());
+    EXPECT_EQ(std::tuple(t.store().BCF_Mode, t.surface().mode_box(), t.surface().previous_mode_enabled()),
+              std::tuple(mode, names[mode], true));
   }
   EXPECT_FALSE(t.surface().next_mode_enabled());
   t.surface().next_mode_clicked();
   EXPECT_EQ(t.store().BCF_Mode, 6);
   for (int i = 0; i < 7; ++i) t.surface().previous_mode_clicked();
-  EXPECT_EQ(t.store().BCF_Mode, 1);
-  EXPECT_FALSE(t.surface().previous_mode_enabled());
+  EXPECT_EQ(std::tuple(t.store().BCF_Mode, t.surface().previous_mode_enabled()), std::tuple(1, false));
 }
 
 // A show saved while the surface was in a mode connects at load and returns to

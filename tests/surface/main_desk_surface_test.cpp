@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 #include "tests/surface/surface_desk.h"
@@ -30,8 +31,7 @@ TEST_F(MainDeskSurfaceTest, ASurfaceFaderMoveSetsTheChannelAndOnlyTheScreensMove
   t.cc(90, 127);  // group button 2: channels 9..16
   t.midi.clear_sent();
   t.cc(84, 50);   // fader 4 of the group
-  EXPECT_EQ(t.store().Desk_Level[11], 100);
-  EXPECT_EQ(t.main_desk().strips()[11].level_box, "100");
+  EXPECT_EQ(std::tuple(t.store().Desk_Level[11], t.main_desk().strips()[11].level_box), std::tuple(100, "100"));
   EXPECT_TRUE(t.midi.sent().empty()) << "the motor must not fight the hand";
 
   t.main_desk().channel_fader_changed(7, 0);   // channel 8: group 1, not shown
@@ -47,16 +47,14 @@ TEST_F(MainDeskSurfaceTest, GroupButtonFourTurnsTheOtherLedsOffAndSendsItsFaders
   Bytes expected{0xB0, 89, 0, 0xB0, 90, 0, 0xB0, 91, 0};  // group LEDs 1..3 off
   const Bytes faders = fader_moves({96, 100, 104, 108, 112, 116, 120, 124});
   expected.insert(expected.end(), faders.begin(), faders.end());
-  EXPECT_EQ(t.midi.sent(), expected);
-  EXPECT_EQ(t.surface().Fader_Group(), 3);
-  EXPECT_EQ(t.console().status().main(), " BCF Fader Group  3");
+  EXPECT_EQ(std::tuple(t.midi.sent(), t.surface().Fader_Group(), t.console().status().main()),
+            std::tuple(expected, 3, " BCF Fader Group  3"));
   EXPECT_EQ(t.surface().monitor_box(), " 3 On");
 
   t.midi.clear_sent();
   t.cc(90, 0);  // releasing another group button chooses nothing
-  EXPECT_EQ(t.surface().Fader_Group(), 3);
-  EXPECT_EQ(t.surface().monitor_box(), " 1 Off");
-  EXPECT_TRUE(t.midi.sent().empty());
+  EXPECT_EQ(std::tuple(t.surface().Fader_Group(), t.surface().monitor_box(), t.midi.sent().empty()),
+            std::tuple(3, " 1 Off", true));
 }
 
 TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheFadersAreThatPagesStrips) {
@@ -66,8 +64,7 @@ TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheFadersAreThatPagesStrips) {
   t.midi.clear_sent();
 
   t.cc(83, 10);  // surface fader 3: channel 35
-  EXPECT_EQ(t.store().Desk_Level[34], 20);
-  EXPECT_EQ(t.store().Desk_Level[2], 0);
+  EXPECT_EQ(std::tuple(t.store().Desk_Level[34], t.store().Desk_Level[2]), std::tuple(20, 0));
 
   t.main_desk().channel_fader_changed(4, 255 - 90);  // channel 37 from the screen
   EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 85, 45}));
@@ -95,8 +92,7 @@ TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheCommandLineMovesTheFaderOfTheChanne
   t.midi.clear_sent();
 
   t.type("5.100\n");  // channel 5 is on page 1: no fader shows it now
-  EXPECT_EQ(t.store().Desk_Level[4], 255);
-  EXPECT_TRUE(t.midi.sent().empty());
+  EXPECT_EQ(std::tuple(t.store().Desk_Level[4], t.midi.sent().empty()), std::tuple(255, true));
 }
 
 TEST_F(MainDeskSurfaceTest, MonitorOnlyControlsShowTheirNumberAndChangeNothing) {
@@ -108,9 +104,8 @@ TEST_F(MainDeskSurfaceTest, MonitorOnlyControlsShowTheirNumberAndChangeNothing) 
   t.cc(66, 127);  // a button: the playback desk is not driven
   EXPECT_EQ(t.surface().monitor_box(), " 1 On");
   t.cc(5, 127);   // an encoder: ignored
-  EXPECT_EQ(t.surface().monitor_box(), " 1 On");
-  EXPECT_EQ(t.store().Desk_Level, before.Desk_Level);
-  EXPECT_EQ(t.store().Playback_Button_State, before.Playback_Button_State);
+  EXPECT_EQ(std::tuple(t.surface().monitor_box(), t.store().Desk_Level, t.store().Playback_Button_State),
+            std::tuple(" 1 On", before.Desk_Level, before.Playback_Button_State));
   EXPECT_TRUE(t.midi.sent().empty());
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 #include "playback/playback_chases.h"
@@ -39,13 +40,11 @@ TEST_F(PlaybackSurfaceTest, SurfaceButtonsPlayThePlaybackButtonsWhileHeld) {
   store.Submix[0].Chan[0] = 5;
   store.Submix[0].Level[0] = 180;
   t.cc(68, 64);  // button 4 pressed: 64 and up is "on"
-  EXPECT_TRUE(store.Playback_Button_State[3]);
-  EXPECT_EQ(t.surface().monitor_box(), " 3 On");
+  EXPECT_EQ(std::tuple(store.Playback_Button_State[3], t.surface().monitor_box()), std::tuple(true, " 3 On"));
   EXPECT_GT(store.Playback_Live_Out[4], 0) << "the live output is recomputed";
   t.cc(68, 63);
-  EXPECT_FALSE(store.Playback_Button_State[3]);
-  EXPECT_EQ(t.surface().monitor_box(), " 3 Off");
-  EXPECT_EQ(store.Playback_Live_Out[4], 0);
+  EXPECT_EQ(std::tuple(store.Playback_Button_State[3], t.surface().monitor_box(), store.Playback_Live_Out[4]),
+            std::tuple(false, " 3 Off", 0));
   EXPECT_TRUE(t.midi.sent().empty());
 }
 
@@ -56,8 +55,7 @@ TEST_F(PlaybackSurfaceTest, SequenceButtonsAndFadersStartAndStopTheirChase) {
   store.Button_Functions[0].Level = 200;
   PlaybackChases& chases = t.playback().chases();
   t.cc(65, 127);
-  EXPECT_TRUE(chases.running(4));
-  EXPECT_EQ(chases.Seq_Level(4), 200);
+  EXPECT_EQ(std::tuple(chases.running(4), chases.Seq_Level(4)), std::tuple(true, 200));
   t.cc(65, 0);
   EXPECT_FALSE(chases.running(4));
 
@@ -66,9 +64,8 @@ TEST_F(PlaybackSurfaceTest, SequenceButtonsAndFadersStartAndStopTheirChase) {
   t.cc(90, 127);  // group 2: playback faders 8..15
   t.midi.clear_sent();
   t.cc(83, 60);   // fader 3 of the group: playback fader 10
-  EXPECT_EQ(store.Playback_Fader_Level[10], 120);
-  EXPECT_TRUE(chases.running(6));
-  EXPECT_EQ(chases.Seq_Level(6), 120);
+  EXPECT_EQ(std::tuple(store.Playback_Fader_Level[10], chases.running(6), chases.Seq_Level(6)),
+            std::tuple(120, true, 120));
   EXPECT_TRUE(t.midi.sent().empty()) << "a fader from the surface is not echoed";
   t.playback().panel().Fader_Move(10, 255 - 64);  // the screen's next move is
   EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 83, 32}));
