@@ -17,6 +17,10 @@ inline constexpr const char* kKeysText =
     "\n"
     "Menus: Alt and the underlined letter (Alt+F File, Alt+E Edit, Alt+D Desks,\n"
     "Alt+S Setup, Alt+H Help).\n"
+    "Show files, on the main, playback and sequence desks: Ctrl+O Load,\n"
+    "Ctrl+S Save Project, Ctrl+Shift+S Save As Project.\n"
+    "Time sliders (fade, step): arrow keys and the mouse wheel a fortieth of the scale,\n"
+    "Page Up/Down an eighth; the time boxes take seconds (2.5).\n"
     "Fields with a Set button (Art-Net destination): Enter sets.\n"
     "Without a window (lumaris --headless): Ctrl-C ends the console cleanly.";
 
