@@ -4,6 +4,7 @@
 
 #include "console/output_cycle.h"
 #include "core/desk_context.h"
+#include "core/main_desk.h"
 #include "playback/playback_desk.h"
 #include "tests/support/test_console.h"
 
@@ -106,7 +107,12 @@ TEST_F(RunModeMix, WithSmoothOutputATakeNeverStepsBack) {
   EXPECT_EQ(std::tuple(rising, buttons, falling), std::tuple(211, 211, 37));
 }
 
+// The sequence desk's chases and the submixes have no part in run mode.
 TEST_F(RunModeMix, WithoutTakeTheDeskIsScaledByPresetAndTheCrossfadeIgnored) {
+  t.store().Chase_Out[0] = 250;
+  t.store().Submix[0].Chan[0] = 2;
+  t.store().Submix[0].Level[0] = 255;
+  t.console->main_desk().Submix_Master_Change(0);
   tick();
   EXPECT_EQ(slot(1), 118);  // 200*150/255 = 117.6
   EXPECT_EQ(slot(2), 200);  // the live buttons
