@@ -4,6 +4,7 @@
 
 #include "console/output_cycle.h"
 #include "core/desk_context.h"
+#include "core/main_desk.h"
 #include "playback/playback_desk.h"
 #include "tests/support/test_console.h"
 
@@ -78,7 +79,8 @@ TEST_F(RunModeMix, HandAndAutomaticTakeMixBothLooksAtIntermediateCrossfade) {
 
 // Smooth output mixes each channel's two levels in one rounded step: channel 6
 // rises from 37 to 211 and channel 8's buttons from 37 to 211 without a step
-// back, and channel 7, at 100 in both looks, never moves.
+// back, channel 9's buttons fall from 211 to 37 without a step up, and
+// channel 7, at 100 in both looks, never moves.
 TEST_F(RunModeMix, WithSmoothOutputATakeNeverStepsBack) {
   t.console->context().output_timing().set_run_smooth(true);
   t.console->playback_desk().Preset_Change(0);
@@ -87,21 +89,30 @@ TEST_F(RunModeMix, WithSmoothOutputATakeNeverStepsBack) {
   set(6, {37, 211, 0, 0, 0});
   set(7, {100, 100, 0, 0, 0});
   set(8, {0, 0, 37, 211, 0});
+  set(9, {0, 0, 211, 37, 0});
   int rising = 37;
   int buttons = 37;
+  int falling = 211;
   for (int x = 0; x <= 255; ++x) {
     t.store().Crossfade_Level = static_cast<std::int16_t>(x);
     t.console->output_cycle().output_tick();
     ASSERT_GE(slot(6), rising) << "X = " << x;
     ASSERT_GE(slot(8), buttons) << "X = " << x;
+    ASSERT_LE(slot(9), falling) << "X = " << x;
     ASSERT_EQ(slot(7), 100) << "X = " << x;
     rising = slot(6);
     buttons = slot(8);
+    falling = slot(9);
   }
-  EXPECT_EQ(std::tuple(rising, buttons), std::tuple(211, 211));
+  EXPECT_EQ(std::tuple(rising, buttons, falling), std::tuple(211, 211, 37));
 }
 
+// The sequence desk's chases and the submixes have no part in run mode.
 TEST_F(RunModeMix, WithoutTakeTheDeskIsScaledByPresetAndTheCrossfadeIgnored) {
+  t.store().Chase_Out[0] = 250;
+  t.store().Submix[0].Chan[0] = 2;
+  t.store().Submix[0].Level[0] = 255;
+  t.console->main_desk().Submix_Master_Change(0);
   tick();
   EXPECT_EQ(slot(1), 118);  // 200*150/255 = 117.6
   EXPECT_EQ(slot(2), 200);  // the live buttons

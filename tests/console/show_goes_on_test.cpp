@@ -49,6 +49,13 @@ TEST_F(ShowGoesOnTest, AnAdapterFailingMidShowNeverHoldsUpArtNet) {
   EXPECT_EQ(test.dialogs.messages()[0].title, " DMX ERROR");
   EXPECT_FALSE(ran_inside_notice) << "a notice returns at once and stays on screen";
   EXPECT_EQ(std::tuple(art_dmx_sent(), test.store().DMX_Out[0]), std::tuple(10, 99));
+
+  // Closing the program ends the show: no frame is mixed or sent after it.
+  test.console->shutdown();
+  udp.clear_sent();
+  test.store().Desk_Level[0] = 55;
+  test.scheduler.advance(1000);
+  EXPECT_EQ(std::tuple(art_dmx_sent(), test.store().DMX_Out[0]), std::tuple(0, 99));
 }
 
 TEST_F(ShowGoesOnTest, WhileTheOperatorThinksOverAQuestionTheShowRunsOn) {

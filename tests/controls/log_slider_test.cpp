@@ -74,13 +74,9 @@ TEST(LogSlider, LinearAxisAndTheNonPositiveFallbacks) {
   slider.Set_From_Position(350);
   EXPECT_DOUBLE_EQ(slider.Value(), (0.3 + 77.7) / 2);
 
-  // A value of 0 on a logarithmic axis has no position of its own: the bottom.
-  slider.set_logAxis(true);
-  slider.set_Value(0);
-  EXPECT_EQ(std::tuple(slider.thumb_top(), slider.Value()), std::tuple(600.0, 0.0));
-
   // A range whose minimum lies above its maximum is still logarithmic: halfway
   // between 100 at the bottom and 1 at the top is 10.
+  slider.set_logAxis(true);
   slider.set_MinValue(100);
   slider.set_MaxValue(1);
   slider.Set_From_Position(350);
@@ -89,6 +85,10 @@ TEST(LogSlider, LinearAxisAndTheNonPositiveFallbacks) {
   EXPECT_NEAR(slider.thumb_top(), 350.0, 1e-9);
   EXPECT_EQ(slider.ticks().size(), 19u);  // 1..9, 10..90 and 100
   EXPECT_DOUBLE_EQ(slider.ticks().front().position, 100.0);
+  // A value of 0 has no position of its own on a logarithmic axis: the bottom,
+  // even where the axis runs downwards.
+  slider.set_Value(0);
+  EXPECT_EQ(std::tuple(slider.thumb_top(), slider.Value()), std::tuple(600.0, 0.0));
 
   // A minimum of 0 makes the logarithmic axis map linearly.
   slider.set_MaxValue(240);

@@ -4,7 +4,6 @@
 
 #include "core/main_desk.h"
 #include "console/output_cycle.h"
-#include "playback/playback_desk.h"
 #include "tests/support/test_console.h"
 
 namespace lumaris {
@@ -81,19 +80,7 @@ TEST_F(OutputCycleTest, MastersScaleAndRoundToTheNearestLevelExceptMainFreeChann
   EXPECT_EQ(slot(2), 100) << "a submix under a half-way master rounds";
 }
 
-// The run-mode mix itself, take and crossfade, is tested in tests/console.
-TEST_F(OutputCycleTest, RunModeScalesFadersByPresetAndDropsSubmixesAndChases) {
-  store().Desk_Level[0] = 200;
-  store().Chase_Out[1] = 150;
-  store().Submix[0].Chan[0] = 3;
-  store().Submix[0].Level[0] = 255;
-  desk().Submix_Master_Change(0);
-  store().Run_Mode = true;
-  t.console->playback_desk().Preset_Change(128);  // P = 127
-  tick();
-  EXPECT_EQ(std::tuple(slot(1), slot(2), slot(3)), std::tuple(100, 0, 0));  // round(127 * 200 / 255)
-}
-
+// The run-mode mix, take and crossfade, is tested in tests/console.
 TEST_F(OutputCycleTest, OnlyLevelsTheFrameCannotHoldFailTheTickAndTheNextStartsAfresh) {
   store().Desk_Level[0] = 100;
   store().Patch[3] = 65;  // the always-dark entry: a valid patch

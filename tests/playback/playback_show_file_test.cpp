@@ -31,23 +31,10 @@ class PlaybackShowFile : public ::testing::Test {
   TempFolder folder;
 };
 
-TEST_F(PlaybackShowFile, ALoadedShowIsOnThePlaybackDeskAndSavesBackUnchanged) {
-  const PlaybackPanel& panel = d.panel();
-  EXPECT_EQ(std::tuple(panel.buttons()[0].caption, panel.buttons()[5].caption, panel.buttons()[6].function_caption,
-                       panel.faders()[0].caption, d.desk->pages().Page_Details()),
-            std::tuple("Submix 3", "Spot", "Off", "Submix 2", "Act 1")) << "a button the file does not name is unused";
-  d.desk->pages().Inc_Page_Click();
-  EXPECT_EQ(std::tuple(panel.buttons()[1].caption, panel.faders()[1].step_time_note, d.desk->pages().Page_Details()),
-            std::tuple("Sea", "Seq 4 Step Timing", "Page 2"));
-  d.desk->Menu_Click("cue-editor");
-  EXPECT_EQ(d.desk->cue_editor().screen_list(), (std::vector<std::string>{"1 Opening", "2 Chase", "3 "}));
-
-  std::string expected = file_contents(test_data("playback_show.xml"));
-  expected.replace(expected.find("<Version>3</Version>"), 20, "<Version>4</Version>");  // every save counts
-  EXPECT_EQ(save(), expected);
-}
-
-TEST_F(PlaybackShowFile, WhatTheOperatorChangesOnThePlaybackDeskIsSaved) {
+// What the file does not change saves back byte for byte with the edits.
+TEST_F(PlaybackShowFile, ALoadedShowIsOnThePlaybackDeskAndWhatTheOperatorChangesIsSaved) {
+  EXPECT_EQ(std::tuple(d.panel().buttons()[5].caption, d.panel().faders()[0].caption, d.desk->pages().Page_Details()),
+            std::tuple("Spot", "Submix 2", "Act 1"));
   d.screens().Screen_Num_sel_Change(3);
   d.screens().screen_txt_Change("Finale");
   d.press(0);  // latched: stays on

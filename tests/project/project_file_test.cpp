@@ -177,26 +177,25 @@ TEST_F(ProjectFileTest, SkippedBlocksAreCountedAndNamedInOneMessageAndTheRestLoa
   EXPECT_EQ(std::tuple(store.Chase_Table[1].Name, store.Screens[1].Next, store.Screen_Count), std::tuple("", 9, 1));
 }
 
-TEST_F(ProjectFileTest, LoadFromTheMainDeskMenuRedrawsTheDesk) {
+// Loading over another show, from the menu or the command line: a screen holds
+// exactly what the file records, never levels the earlier show left in it.
+TEST_F(ProjectFileTest, LoadFromTheMenuOrTheCommandLineRedrawsTheDeskOverWhatWasThere) {
   t.store().Project_Changed = true;
   t.dialogs.answer_message(MessageResult::Discard);
   t.dialogs.answer_file(test_data("full_show.xml"));
   t.console->main_desk().Menu_Click("load");
-  EXPECT_EQ(status().main(), "Project Loaded ");
-  EXPECT_EQ(t.store().Project_File, test_data("full_show.xml"));
-  EXPECT_FALSE(t.store().Project_Changed);  // the show as it was saved
-  EXPECT_EQ(t.console->main_desk().strips()[4].name_box, "FWL");
-}
+  EXPECT_EQ(std::tuple(status().main(), t.store().Project_File, t.store().Project_Changed,
+                       t.console->main_desk().strips()[4].name_box),
+            std::tuple("Project Loaded ", test_data("full_show.xml"), false, "FWL"));  // the show as it was saved
 
-// Loading over another show: a screen holds exactly what the file records,
-// never levels the earlier show left in it.
-TEST_F(ProjectFileTest, TheShowOnTheCommandLineLoadsWithoutADialogOverWhatWasThere) {
   Screen& opening = t.store().Screens[1];
   opening.Preset[40] = 200;
   opening.But_Sel[7] = true;
   opening.Fad_Sel[3] = 90;
+  t.store().Fader_Names[4].Name = "Old";
+  t.console->main_desk().Refresh_Desk_Panel();
   EXPECT_TRUE(file().Load_File(test_data("full_show.xml")));
-  EXPECT_TRUE(t.dialogs.file_dialogs().empty());
+  EXPECT_EQ(t.dialogs.file_dialogs().size(), 1u) << "no dialog for the show named on the command line";
   EXPECT_EQ(std::tuple(t.console->main_desk().strips()[4].name_box, opening.Preset[40], opening.But_Sel[7]),
             std::tuple("FWL", 0, false));
   EXPECT_EQ(std::tuple(opening.Fad_Sel[3], opening.Preset[4], opening.But_Sel[17], opening.Fad_Sel[12]),
