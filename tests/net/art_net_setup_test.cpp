@@ -105,25 +105,12 @@ TEST(ArtDestination, CommandLineDestinationHoldsForThisRunOnlyUntilSetKeepsOneFo
   EXPECT_TRUE(t.udp.sent()[0].broadcast_allowed);
 }
 
-TEST(ArtDestination, AnEmptyCommandLineDestinationBroadcastsThisRunAndKeepsTheSavedOne) {
-  ArtNetDesk t;
-  t.settings.write(ArtNetNode::kDestinationSetting, "127.0.0.1");
-  t.build();
-  EXPECT_EQ(t.main_desk().Art_Destination(), "to 127.0.0.1") << "a kept destination shows at start";
-  ASSERT_EQ(t.node().set_run_destination(""), ArtNetNode::DestinationCheck::Accepted);
-  EXPECT_EQ(t.main_desk().Art_Destination(), "");
-  t.store().Art_Universes[0] = {true, 0};
-  t.config().Start_From_Show();
-  EXPECT_EQ(host_of_next_packet(t), "255.255.255.255");
-  EXPECT_TRUE(t.udp.broadcast_allowed());
-  EXPECT_EQ(t.settings.read(ArtNetNode::kDestinationSetting), "127.0.0.1");
-}
-
-TEST(ArtDestination, NoAddressesAndBroadcastAddressesAreRefusedWithAMessageAndChangeNothing) {
+TEST(ArtDestination, NoAddressesAndBroadcastsAreRefusedAndAnEmptyOneForThisRunBroadcastsKeepingTheSavedOne) {
   ArtNetDesk t;
   t.udp.set_broadcasts({"192.168.1.255", "172.16.3.127"});
   t.settings.write(ArtNetNode::kDestinationSetting, "127.0.0.1");
   t.build();
+  EXPECT_EQ(t.main_desk().Art_Destination(), "to 127.0.0.1") << "a kept destination shows at start";
   t.store().Art_Universes[0] = {true, 0};
   t.config().Start_From_Show();
   t.open_setup();
@@ -153,6 +140,11 @@ TEST(ArtDestination, NoAddressesAndBroadcastAddressesAreRefusedWithAMessageAndCh
     EXPECT_EQ(t.node().set_run_destination(text), check);
     EXPECT_EQ(t.main_desk().Art_Destination(), "to 127.0.0.1");
   }
+  // An empty destination given for this run broadcasts and keeps the saved one.
+  ASSERT_EQ(t.node().set_run_destination(""), Check::Accepted);
+  EXPECT_EQ(host_of_next_packet(t), "255.255.255.255");
+  EXPECT_EQ(std::tuple(t.udp.broadcast_allowed(), t.main_desk().Art_Destination()), std::tuple(true, ""));
+  EXPECT_EQ(t.settings.read(ArtNetNode::kDestinationSetting), "127.0.0.1");
   // An ordinary host of the same network is one node.
   EXPECT_EQ(t.node().check_destination("192.168.1.254"), Check::Accepted);
   EXPECT_EQ(t.node().check_destination("10.255.255.254"), Check::Accepted);
@@ -169,16 +161,14 @@ TEST(ArtDestination, NoAddressesAndBroadcastAddressesAreRefusedWithAMessageAndCh
   }
 }
 
-TEST(Ipv4Address, DottedQuadsOnly) {
+TEST(Ipv4Address, DottedQuadsOnlyAndTheKnownBroadcasts) {
   EXPECT_EQ(parse_ipv4("127.0.0.1"), (std::array<std::uint8_t, 4>{127, 0, 0, 1}));
   EXPECT_EQ(parse_ipv4("2.255.0.10"), (std::array<std::uint8_t, 4>{2, 255, 0, 10}));
   for (const char* bad : {"", "1.2.3", "1.2.3.4.5", "256.1.1.1", "1.2.3.1000", "01.2.3.4",
                           " 1.2.3.4", "1.2.3.4 ", "1..3.4", "a.b.c.d", "1.2.3.4/24", "-1.2.3.4"}) {
     EXPECT_FALSE(parse_ipv4(bad).has_value()) << bad;
   }
-}
-
-TEST(Ipv4Address, KnownBroadcastsAreTheLimitedOneAndTheArtNetNetworks) {
+  // Known broadcasts: the limited one and the Art-Net networks'.
   for (const char* broadcast : {"255.255.255.255", "2.255.255.255", "10.255.255.255"}) {
     EXPECT_TRUE(is_known_broadcast(broadcast)) << broadcast;
   }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -10,57 +11,23 @@ namespace lumaris {
 
 namespace {
 
-// Appends bytes, text and zero runs: the tests spell packets out field by field.
-struct Bytes {
-  std::vector<std::uint8_t> v;
-  Bytes& add(std::initializer_list<std::uint8_t> bytes) {
-    v.insert(v.end(), bytes);
-    return *this;
-  }
-  Bytes& text(const std::string& s) {
-    v.insert(v.end(), s.begin(), s.end());
-    return *this;
-  }
-  Bytes& zeros(std::size_t n) {
-    v.insert(v.end(), n, 0);
-    return *this;
-  }
-};
-
+// An ArtPollReply as the desk sends it: a field not set here is zero (no IP address,
+// port, status, switches or MAC is filled in).
 std::vector<std::uint8_t> poll_reply_expected(const std::string& long_name_64) {
-  Bytes b;
-  b.add({'A', 'r', 't', '-', 'N', 'e', 't', 0x00})  // ID
-      .add({0x00, 0x21})                            // OpCode 0x2100, low byte first
-      .add({0, 0, 0, 0})                            // IP address: nothing sets it
-      .add({0, 0})                                  // port: nothing sets it
-      .add({0x00, 0x0E})                            // VersInfoH, VersInfo = 14
-      .add({0x00, 0x00})                            // SubSwitchH, SubSwitch
-      .add({0x00, 0xFF})                            // Oem 0x00FF, high byte first
-      .add({0x00})                                  // UbeaVersion
-      .add({0x00})                                  // Status
-      .add({0x00, 0x00})                            // EstaMan
-      .text("Lumaris           ")                   // ShortName: 7 letters + 11 blanks = 18
-      .text(long_name_64)                           // LongName, 64
-      .text("OK                                                              ")  // NodeReport, 64
-      .add({0x00, 0x01})                            // NumPortsHi, NumPorts = 1
-      .add({0x80, 0x00, 0x00, 0x00})                // PortTypes: port 0 outputs DMX512
-      .add({0, 0, 0, 0})                            // GoodInput (178)
-      .add({0, 0, 0, 0})                            // GoodOutput (182)
-      .add({0, 0, 0, 0})                            // SwIn (186)
-      .add({0, 0, 0, 0})                            // SwOut (190): port 0 = universe 0
-      .add({0})                                     // SwVideo (194)
-      .add({0})                                     // SwMacro (195)
-      .add({0})                                     // SwRemote (196)
-      .add({0, 0, 0})                               // spare (197..199)
-      .add({0})                                     // Style (200)
-      .add({0, 0, 0, 0, 0, 0})                      // MAC (201..206)
-      .zeros(32);                                   // filler up to 239
-  return b.v;
+  auto p = art_packet(0x2100, 239);
+  p[17] = 14;    // VersInfo, high byte first
+  p[21] = 0xFF;  // Oem 0x00FF, high byte first
+  // ShortName (18), LongName (64) and NodeReport (64) follow each other from byte 26.
+  const std::string names = "Lumaris           " + long_name_64 + "OK" + std::string(62, ' ');
+  std::copy(names.begin(), names.end(), p.begin() + 26);
+  p[173] = 1;     // NumPorts
+  p[174] = 0x80;  // PortTypes: port 0 outputs DMX512; SwOut 0: universe 0
+  return p;
 }
 
 }  // namespace
 
-TEST(ArtNetWire, ArtDmxCarriesTheFrameByteForByte) {
+TEST(ArtNetWire, ArtDmxAndTheReplyToArtPollAreLaidOutByteForByte) {
   ArtNetDesk t;
   t.build();
   t.open_setup();
@@ -70,24 +37,15 @@ TEST(ArtNetWire, ArtDmxCarriesTheFrameByteForByte) {
   t.node().Art_Send_Dmx(0x93, frame);  // both nibbles set: neither swapped nor split
 
   ASSERT_EQ(t.udp.sent().size(), 1u);
-  Bytes b;
-  b.add({'A', 'r', 't', '-', 'N', 'e', 't', 0x00})  // ID
-      .add({0x00, 0x50})                            // OpCode 0x5000, low byte first
-      .add({0x00})                                  // ProtVerHi
-      .add({0x0E})                                  // ProtVerLo = 14
-      .add({0x00})                                  // Sequence: off
-      .add({0x00})                                  // Physical
-      .add({0x93, 0x00})                            // Universe 147, low byte first
-      .add({0x02, 0x00});                           // Length 512, high byte first
-  for (int s = 0; s < kDmxSlots; ++s) b.add({static_cast<std::uint8_t>((s * 7 + 3) & 0xFF)});
-  ASSERT_EQ(b.v.size(), 530u);
-  EXPECT_EQ(std::tuple(t.udp.sent()[0].bytes, t.udp.sent()[0].port), std::tuple(b.v, 6454));
-}
+  auto expected = art_packet(0x5000, 18);
+  expected[11] = 14;    // ProtVer, high byte first; Sequence off, Physical 0
+  expected[14] = 0x93;  // Universe 147, low byte first
+  expected[16] = 0x02;  // Length 512, high byte first
+  expected.insert(expected.end(), frame.begin(), frame.begin() + kDmxSlots);
+  EXPECT_EQ(std::tuple(t.udp.sent()[0].bytes, t.udp.sent()[0].port), std::tuple(expected, 6454));
 
-TEST(ArtNetWire, ArtPollIsAnsweredWithAPollReplyNamingTheMainDeskAsCaptionedNow) {
-  ArtNetDesk t;
-  t.build();
-  t.open_setup();
+  // An ArtPoll is answered with a reply naming the main desk as captioned now.
+  t.udp.clear_sent();
   t.arrive(art_packet(0x2000, 14));
   ASSERT_EQ(t.udp.sent().size(), 1u);
   EXPECT_EQ(std::tuple(t.udp.sent()[0].host, t.udp.sent()[0].port), std::tuple("255.255.255.255", 6454));

@@ -94,7 +94,8 @@ TEST(RealSocket, LocalAddressIsTheFirstUpNonLoopbackIpv4) {
   EXPECT_EQ(choose_local_address({{"127.0.0.1", true, true}}), "");
 }
 
-// Datagrams themselves travel in the desk's tests below.
+// Datagrams themselves travel in the desk's tests below; how the desk shows a
+// refused send, in ArtNetNode's tests.
 TEST(RealSocket, APortIsSharedUnlessHeldAndBroadcastIsRefusedWhileOff) {
   run_in_own_network([]() -> std::string {
     const int holder = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
@@ -119,7 +120,7 @@ TEST(RealSocket, APortIsSharedUnlessHeldAndBroadcastIsRefusedWhileOff) {
     for (const char* broadcast : {"127.255.255.255", "255.255.255.255"}) {
       socket.set_remote_host(broadcast);
       const auto error = socket.send(std::vector<std::uint8_t>{'A', 'r', 't'});
-      if (!error || error->find("broadcast address") == std::string::npos) {
+      if (error != "the destination is a broadcast address (Permission denied)") {
         return std::string("sending to ") + broadcast + " was not refused as a broadcast";
       }
     }
@@ -127,7 +128,7 @@ TEST(RealSocket, APortIsSharedUnlessHeldAndBroadcastIsRefusedWhileOff) {
   });
 }
 
-TEST(RealSocket, DeskSendsArtDmxAnswersPollsAndReportsARefusedDestination) {
+TEST(RealSocket, DeskSendsArtDmxAndAnswersPolls) {
   run_in_own_network([]() -> std::string {
     PosixUdpSocket socket;
     MemorySettings settings;
@@ -166,19 +167,6 @@ TEST(RealSocket, DeskSendsArtDmxAnswersPollsAndReportsARefusedDestination) {
     // The node hears its own 239-byte reply and does not know that opcode.
     if (text.find("Art-Net: NYI OpCode : 0x8448\n") == std::string::npos) return "no reply: " + text;
 
-    // A subnet's broadcast address as the destination: the kernel refuses every
-    // send; the operator is told why, and sending resumes with a usable address.
-    console.art_net_setup().enable_button_clicked(0);
-    console.art_net_setup().Destination_Change("127.255.255.255");
-    console.art_net_setup().Destination_Set_Click();
-    desk.scheduler.advance(300);
-    const std::string refused =
-        " Art-Net Sending Failed: the destination is a broadcast address (Permission denied)";
-    if (console.status().main() != refused) return "refusal not shown: " + console.status().main();
-    console.art_net_setup().Destination_Change("127.0.0.1");
-    console.art_net_setup().Destination_Set_Click();
-    desk.scheduler.advance(100);
-    if (console.status().main() != " Art-Net Sending Again") return "recovery not shown";
     console.shutdown();
     return {};
   });

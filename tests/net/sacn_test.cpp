@@ -21,35 +21,24 @@ const sacn::Cid kCid = {0x12, 0x34, 0x56, 0x78, 0x9a, 0xbc, 0x4d, 0xef,
                         0x80, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77};
 
 // Everything before the slots of a data packet on universe 0x0107, priority
-// 100, sequence 0x2a, source "Lumaris".
-const std::vector<std::uint8_t> kDataHeader = {
-    0x00, 0x10,                                            // preamble size
-    0x00, 0x00,                                            // post-amble size
-    'A', 'S', 'C', '-', 'E', '1', '.', '1', '7', 0, 0, 0,  // ACN packet identifier
-    0x72, 0x6e,                                            // flags 7, root length 622
-    0x00, 0x00, 0x00, 0x04,                                // VECTOR_ROOT_E131_DATA
-    0x12, 0x34, 0x56, 0x78, 0x9a, 0xbc, 0x4d, 0xef,        // CID
-    0x80, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77,        //
-    0x72, 0x58,                                            // flags 7, framing length 600
-    0x00, 0x00, 0x00, 0x02,                                // VECTOR_E131_DATA_PACKET
-    'L', 'u', 'm', 'a', 'r', 'i', 's', 0,                  // source name, 64 bytes,
-    0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,        //   NUL padded
-    0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,        //
-    0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,        //
-    0, 0, 0, 0, 0, 0, 0, 0,                                //
-    0x64,                                                  // priority 100
-    0x00, 0x00,                                            // synchronization address: none
-    0x2a,                                                  // sequence number
-    0x00,                                                  // options: none
-    0x01, 0x07,                                            // universe 263
-    0x72, 0x0b,                                            // flags 7, DMP length 523
-    0x02,                                                  // VECTOR_DMP_SET_PROPERTY
-    0xa1,                                                  // address and data type
-    0x00, 0x00,                                            // first property address
-    0x00, 0x01,                                            // address increment
-    0x02, 0x01,                                            // property value count 513
-    0x00,                                                  // start code 0
-};
+// 100, sequence 0x2a, source "Lumaris"; bytes not set here are zero.
+std::vector<std::uint8_t> data_header() {
+  std::vector<std::uint8_t> h(126, 0);
+  const auto put = [&h](std::size_t at, std::initializer_list<std::uint8_t> bytes) {
+    std::copy(bytes.begin(), bytes.end(), h.begin() + static_cast<std::ptrdiff_t>(at));
+  };
+  put(0, {0x00, 0x10});                                  // preamble size; post-amble size 0
+  put(4, {'A', 'S', 'C', '-', 'E', '1', '.', '1', '7'});  // ACN packet identifier, NUL padded
+  put(16, {0x72, 0x6e, 0, 0, 0, 0x04});                  // flags 7, root length 622, VECTOR_ROOT_E131_DATA
+  std::copy(kCid.begin(), kCid.end(), h.begin() + 22);
+  put(38, {0x72, 0x58, 0, 0, 0, 0x02});                  // flags 7, framing length 600, VECTOR_E131_DATA_PACKET
+  put(44, {'L', 'u', 'm', 'a', 'r', 'i', 's'});          // source name, 64 bytes NUL padded
+  put(108, {0x64, 0, 0, 0x2a, 0x00, 0x01, 0x07});        // priority, no sync address, sequence, options, universe
+  // flags 7, DMP length 523, SET_PROPERTY, address and data type, first address 0,
+  // increment 1, 513 values; then start code 0
+  put(115, {0x72, 0x0b, 0x02, 0xa1, 0, 0, 0, 1, 2, 1});
+  return h;
+}
 
 std::array<std::uint8_t, sacn::kSlots> ramp() {
   std::array<std::uint8_t, sacn::kSlots> slots{};
@@ -66,12 +55,12 @@ TEST(SacnPackets, PacketsAreLaidOutByteForByteNamesAreCutAndUniversesMapToTheirM
   const auto slots = ramp();
   const auto data = sacn::build_data(fields, slots);
   ASSERT_EQ(data.size(), 638u);
-  EXPECT_EQ(std::vector<std::uint8_t>(data.begin(), data.begin() + 126), kDataHeader);
+  EXPECT_EQ(std::vector<std::uint8_t>(data.begin(), data.begin() + 126), data_header());
   EXPECT_TRUE(std::equal(slots.begin(), slots.end(), data.begin() + 126));
 
   fields.terminated = true;
   const auto end = sacn::build_data(fields, slots);
-  std::vector<std::uint8_t> expected = kDataHeader;
+  std::vector<std::uint8_t> expected = data_header();
   expected[112] = 0x40;  // options: Stream_Terminated
   EXPECT_EQ(std::vector<std::uint8_t>(end.begin(), end.begin() + 126), expected);
 

@@ -89,16 +89,12 @@ TEST(VendorLibraries, LoadFromTheLoaderPathAndMissingLibrariesOrFunctionsAnswerA
 }
 
 TEST(PpdevPortIo, PcAddressesNameTheDeviceAndRegister) {
-  const auto expect = [](int port, int device, int offset) {
+  // LPT1 data and control, LPT2 data and control
+  for (const auto& [port, device, offset] : {std::tuple(888, 0, 0), {890, 0, 2}, {632, 1, 0}, {634, 1, 2}}) {
     const auto reg = PpdevPortIo::register_of(static_cast<std::uint16_t>(port));
     ASSERT_TRUE(reg.has_value()) << port;
-    EXPECT_EQ(reg->device, device) << port;
-    EXPECT_EQ(reg->offset, offset) << port;
-  };
-  expect(888, 0, 0);  // LPT1 data
-  expect(890, 0, 2);  // LPT1 control
-  expect(632, 1, 0);  // LPT2 data
-  expect(634, 1, 2);  // LPT2 control
+    EXPECT_EQ(std::tuple(reg->device, reg->offset), std::tuple(device, offset)) << port;
+  }
   EXPECT_FALSE(PpdevPortIo::register_of(889).has_value());  // status register: never written
   EXPECT_FALSE(PpdevPortIo::register_of(0x3BC).has_value());
 }

@@ -70,11 +70,7 @@ TEST_F(SendFrameTest, ParlexSends65SlotsAndManolator255OnTheChosenPortAndNothing
     test.store().Port_Address = static_cast<std::int16_t>(port_address);
     port.events.clear();
     console->output_devices().Send_Frame();
-    ASSERT_EQ(port.events.size(), 3u + static_cast<std::size_t>(slots) * 5u + 1u);
     EXPECT_EQ(port.events, expected_parallel_frame(port_address, slots));
-    // Spot checks worked out by hand.
-    EXPECT_EQ(port.events[8], std::make_pair(port_address, 8));  // slot 2: 1*7+1
-    EXPECT_EQ(port.events[3 + (slots - 1) * 5].second, slots == 65 ? 193 : 243);  // 449-256, 1779-6*256
   }
 
   TestConsole without_port;  // no port seam: nothing is written and nothing fails

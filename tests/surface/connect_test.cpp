@@ -46,9 +46,12 @@ TEST_F(ConnectTest, ASurfaceMissingOnEitherSideOrWithoutMidiIsNotFoundAndOpensNo
   EXPECT_EQ(std::tuple(bare.store().BCF_Mode, bare.console->status().main()), std::tuple(0, " No BCF2000 Found"));
 }
 
-TEST_F(ConnectTest, FoundOnBothSidesTheLastMatchingPortsOpenInMainDeskMode) {
+TEST_F(ConnectTest, FoundOnBothSidesTheLastMatchingPortsOpenInMainDeskModeAndTheMotorsMove) {
   t.midi.set_ports({kBcfPort, "BCF2000:BCF2000 Port 2 20:1", "Other:x 30:0"}, {kBcfPort, "Other:x 30:0"});
+  t.store().Desk_Level[0] = 255;
+  t.store().Desk_Level[7] = 101;
   t.connect();
+  EXPECT_EQ(t.midi.sent(), fader_moves({127, 0, 0, 0, 0, 0, 0, 50})) << "the first eight channels, levels / 2";
   EXPECT_EQ(std::tuple(t.surface().BCF_In_Name(), t.midi.open_input_index(), t.midi.open_output_index()),
             std::tuple("BCF2000:BCF2000 Port 2 20:1", 1, 0));
   EXPECT_EQ(std::tuple(t.surface().connection_box(), t.setup().connection_box(), t.console().status().playback()),

@@ -16,15 +16,6 @@ class MainDeskSurfaceTest : public ::testing::Test {
   void SetUp() override { t.connected(); }
 };
 
-TEST(MainDeskSurface, ConnectingMovesTheMotorFadersToTheFirstEightChannels) {
-  SurfaceDesk fresh;
-  fresh.store().Desk_Level[0] = 255;
-  fresh.store().Desk_Level[7] = 101;
-  fresh.plug_in();
-  fresh.connect();
-  EXPECT_EQ(fresh.midi.sent(), fader_moves({127, 0, 0, 0, 0, 0, 0, 50}));  // levels / 2
-}
-
 // Only the bank of eight channels the surface shows is fed back, and a move
 // that came from the surface is not echoed to it.
 TEST_F(MainDeskSurfaceTest, ASurfaceFaderMoveSetsTheChannelAndOnlyTheScreensMovesInTheBankAreSent) {
@@ -57,7 +48,7 @@ TEST_F(MainDeskSurfaceTest, GroupButtonFourTurnsTheOtherLedsOffAndSendsItsFaders
             std::tuple(3, " 1 Off", true));
 }
 
-TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheFadersAreThatPagesStrips) {
+TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheFadersAndTheCommandLineMoveThatPagesStrips) {
   t.store().Desk_Level[33] = 66;  // channel 34: strip 2 of page 2
   t.main_desk().Inc_Channel_Click();
   EXPECT_EQ(t.midi.sent(), fader_moves({0, 33, 0, 0, 0, 0, 0, 0}));
@@ -78,14 +69,10 @@ TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheFadersAreThatPagesStrips) {
 
   t.main_desk().Clearall_Click();
   EXPECT_EQ(t.midi.sent().size(), 8u * 3);
-}
-
-// The command line names desk channels; the surface shows strips of the page on
-// show, so a channel reaches the fader of its strip only while its page is up.
-TEST_F(MainDeskSurfaceTest, OnFaderPageTwoTheCommandLineMovesTheFaderOfTheChannelsStrip) {
-  t.main_desk().Inc_Channel_Click();  // page 2: channels 33..64
   t.midi.clear_sent();
 
+  // The command line names desk channels; a channel reaches the fader of its
+  // strip only while its page is up.
   t.type("37.50\n");  // channel 37: strip 5 of page 2
   EXPECT_EQ(t.store().Desk_Level[36], 128);
   EXPECT_EQ(t.midi.sent(), (Bytes{0xB0, 85, 64}));  // fader 5 (controller 85), 128 / 2

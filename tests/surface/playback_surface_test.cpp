@@ -22,7 +22,7 @@ class PlaybackSurfaceTest : public ::testing::Test {
   }
 };
 
-TEST_F(PlaybackSurfaceTest, ArrivingInPlaybackModeSendsThePlaybackFaders) {
+TEST_F(PlaybackSurfaceTest, ArrivingInPlaybackModeSendsThePlaybackFadersAndClearAllResetsThem) {
   t.store().Playback_Fader_Level[1] = 255;
   t.store().Desk_Level[1] = 40;
   t.surface().previous_mode_clicked();
@@ -30,6 +30,14 @@ TEST_F(PlaybackSurfaceTest, ArrivingInPlaybackModeSendsThePlaybackFaders) {
   t.surface().next_mode_clicked();
   EXPECT_EQ(t.surface().mode_box(), " Playback Desk");
   EXPECT_EQ(t.midi.sent(), fader_moves({0, 127, 0, 0, 0, 0, 0, 0}));
+
+  t.midi.clear_sent();
+  t.store().Playback_Fader_Level[0] = 200;
+  t.playback().Clear_All();
+  const Bytes& sent = t.midi.sent();
+  // Faders 0..7 to 0 and buttons 0..15 off, each with its own controller.
+  EXPECT_EQ(sent.size(), (8u + 16u) * 3);
+  EXPECT_EQ((Bytes{sent[0], sent[1], sent[2], sent[3], sent[4], sent[5]}), (Bytes{0xB0, 81, 0, 0xB0, 65, 0}));
 }
 
 TEST_F(PlaybackSurfaceTest, SurfaceButtonsPlayThePlaybackButtonsWhileHeld) {
@@ -100,16 +108,6 @@ TEST_F(PlaybackSurfaceTest, ButtonLedsFollowTheDeskInTheGroupShown) {
   t.midi.clear_sent();
   surface.BCF_Button_Update(PlaybackElement(40), true);
   EXPECT_TRUE(t.midi.sent().empty()) << "group 4 has no LEDs to light";
-}
-
-TEST_F(PlaybackSurfaceTest, ClearAllResetsTheSurface) {
-  t.store().Playback_Fader_Level[0] = 200;
-  t.playback().Clear_All();
-  const Bytes& sent = t.midi.sent();
-  // Faders 0..7 to 0 and buttons 0..15 off, each with its own controller.
-  EXPECT_EQ(sent.size(), (8u + 16u) * 3);
-  EXPECT_EQ((Bytes{sent[0], sent[1], sent[2], sent[3], sent[4], sent[5]}),
-            (Bytes{0xB0, 81, 0, 0xB0, 65, 0}));
 }
 
 }  // namespace
