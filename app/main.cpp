@@ -2,7 +2,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QTimer>
+#include <unistd.h>
+
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
@@ -19,6 +22,8 @@
 #include "console/project/show_tools.h"
 #include "net/art_net_node.h"
 #include "platform/headless_dialogs.h"
+#include "platform/line_printer.h"
+#include "platform/log_stream.h"
 #include "platform/qt/qt_scheduler.h"
 #include "playback/playback_desk.h"
 #include "playback/run_mode.h"
@@ -93,13 +98,15 @@ bool apply_run_options(lumaris::Console& console, const ProgramOptions& line) {
   return false;
 }
 
-// The console with no window: store, output cycle, adapters and Art-Net. Ends
-// cleanly on SIGINT or SIGTERM, closing the devices on the way out.
-int run_headless(int argc, char** argv, const ProgramOptions& line) {
-  QCoreApplication app(argc, argv);
-  lumaris::QtScheduler scheduler;
-  lumaris::HeadlessDialogs dialogs(std::cout);
-  lumaris::SystemClock clock;
+// Lines waiting for a blocked standard output, and how long the exit waits for
+// them before it leaves them.
+constexpr std::size_t kPrintQueueLines = 1000;
+constexpr std::chrono::milliseconds kLastLinesWait{500};
+
+// The console itself, printing to `out`.
+int run_headless_console(lumaris::QtScheduler& scheduler, lumaris::SystemClock& clock,
+                         std::ostream& out, const ProgramOptions& line) {
+  lumaris::HeadlessDialogs dialogs(out);
   lumaris::RealPlatform platform(line);
   lumaris::PlatformServices services;
   platform.fill(services);
@@ -110,12 +117,12 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
   if (!apply_run_options(console, line)) return 2;
 
   // Standard input is the keypad; it prints its own lines and status texts.
-  lumaris::TerminalInput keypad(console, scheduler, std::cout);
+  lumaris::TerminalInput keypad(console, scheduler, out);
   std::string last_status;
-  console.status().on_main_change([&last_status, &keypad](const std::string& text) {
+  console.status().on_main_change([&](const std::string& text) {
     if (text == last_status) return;
     last_status = text;
-    if (!keypad.feeding()) std::cout << text << std::endl;
+    if (!keypad.feeding()) out << text << std::endl;
   });
 
   console.art_net().on_port_report([](const std::string& text) { std::cerr << "lumaris: " << text << std::endl; });
@@ -137,9 +144,27 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
     return 2;
   }
   keypad.start();
-  app.exec();
+  QCoreApplication::exec();
   console.shutdown();
   return 0;
+}
+
+// The console with no window: store, output cycle, adapters and Art-Net. Ends
+// cleanly on SIGINT or SIGTERM, closing the devices on the way out. All it
+// prints goes through the printer's queue, so a blocked standard output holds
+// up neither the output cycle nor the exit.
+int run_headless(int argc, char** argv, const ProgramOptions& line) {
+  QCoreApplication app(argc, argv);
+  lumaris::QtScheduler scheduler;
+  lumaris::SystemClock clock;
+  // A reader of the log that went away must not end the show.
+  std::signal(SIGPIPE, SIG_IGN);
+  lumaris::LinePrinter printer(std::make_unique<lumaris::DescriptorWriter>(STDOUT_FILENO),
+                               kPrintQueueLines);
+  lumaris::LogStream out(printer);
+  const int code = run_headless_console(scheduler, clock, out, line);
+  printer.flush(kLastLinesWait);
+  return code;
 }
 
 int run_desktop(int argc, char** argv, const ProgramOptions& line) {
