@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <csignal>
@@ -16,7 +17,9 @@
 #include "app/palette.h"
 #include "app/real_platform.h"
 #include "app/terminal_input.h"
+#include "console/console.h"
 #include "core/main_desk.h"
+#include "core/store.h"
 #include "console/output_cycle.h"
 #include "console/project/project_file.h"
 #include "console/project/show_tools.h"
@@ -103,6 +106,22 @@ bool apply_run_options(lumaris::Console& console, const ProgramOptions& line) {
 constexpr std::size_t kPrintQueueLines = 1000;
 constexpr std::chrono::milliseconds kLastLinesWait{500};
 
+// A status line as the log prints it: a take's line names its screens beside
+// the desk's own text, so that a log read later says what played.
+std::string log_line(lumaris::Console& console, const std::string& status) {
+  const lumaris::Store& store = console.store();
+  if (!store.Run_Mode) return status;
+  const auto name = [&store](int screen) {
+    return "\"" + store.Screens[std::clamp(screen, 0, lumaris::kScreens - 1)].Name + "\"";
+  };
+  if (status.starts_with(" Autotake Running")) {
+    return status + " (from " + name(console.playback_desk().run_mode().Prev_Screen()) + " to " +
+           name(store.Run_Screen) + ")";
+  }
+  if (status.starts_with(" Autotake Complete")) return status + "(now " + name(store.Run_Screen) + ")";
+  return status;
+}
+
 // The console itself, printing to `out`.
 int run_headless_console(lumaris::QtScheduler& scheduler, lumaris::SystemClock& clock,
                          std::ostream& out, const ProgramOptions& line) {
@@ -122,7 +141,7 @@ int run_headless_console(lumaris::QtScheduler& scheduler, lumaris::SystemClock& 
   console.status().on_main_change([&](const std::string& text) {
     if (text == last_status) return;
     last_status = text;
-    if (!keypad.feeding()) out << text << std::endl;
+    if (!keypad.feeding()) out << log_line(console, text) << std::endl;
   });
 
   console.art_net().on_port_report([](const std::string& text) { std::cerr << "lumaris: " << text << std::endl; });
@@ -160,7 +179,7 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
   // A reader of the log that went away must not end the show.
   std::signal(SIGPIPE, SIG_IGN);
   lumaris::LinePrinter printer(std::make_unique<lumaris::DescriptorWriter>(STDOUT_FILENO),
-                               kPrintQueueLines);
+                               kPrintQueueLines, &clock);
   lumaris::LogStream out(printer);
   const int code = run_headless_console(scheduler, clock, out, line);
   printer.flush(kLastLinesWait);

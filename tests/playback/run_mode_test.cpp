@@ -59,8 +59,8 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
   EXPECT_EQ(run().Run_Crossfade(), 255);
   EXPECT_EQ(run().Next_Screen(), 2);
   EXPECT_EQ(run().Run_Fade_Time(), "10 s") << "the next screen's fade time";
-  EXPECT_EQ(d.status(), " Run Mode Selected");
-  EXPECT_EQ(main_status(), " Run Mode Selected");
+  EXPECT_EQ(d.status(), " Autotake Complete ") << "said after Run Mode Selected";
+  EXPECT_EQ(main_status(), " Autotake Complete ");
   EXPECT_FALSE(d.screens().Screen_Prog_enabled());
   d.screens().Screen_Prog_Click();
   d.screens().Screen_Num_sel_Change(4);
