@@ -101,6 +101,12 @@ bool apply_run_options(lumaris::Console& console, const ProgramOptions& line) {
   return false;
 }
 
+// A settings file that cannot be read would otherwise go unnoticed: Art-Net
+// would quietly broadcast again, say, instead of going where it was set to.
+void report_settings_problem(const lumaris::RealPlatform& platform) {
+  if (!platform.settings_problem().empty()) std::cerr << "lumaris: " << platform.settings_problem() << std::endl;
+}
+
 // Lines waiting for a blocked standard output, and how long the exit waits for
 // them before it leaves them.
 constexpr std::size_t kPrintQueueLines = 1000;
@@ -127,6 +133,7 @@ int run_headless_console(lumaris::QtScheduler& scheduler, lumaris::SystemClock& 
                          std::ostream& out, const ProgramOptions& line) {
   lumaris::HeadlessDialogs dialogs(out);
   lumaris::RealPlatform platform(line);
+  report_settings_problem(platform);
   lumaris::PlatformServices services;
   platform.fill(services);
   services.scheduler = &scheduler;
@@ -191,13 +198,17 @@ int run_desktop(int argc, char** argv, const ProgramOptions& line) {
   QApplication::setApplicationName(QStringLiteral("Lumaris"));
   lumaris::apply_stage_palette(app);
   lumaris::RealPlatform platform(line);
+  report_settings_problem(platform);
   lumaris::PlatformServices services;
   platform.fill(services);
   lumaris::DeskApp desk(services);
   if (!apply_run_options(desk.console(), line)) return 2;
   desk.start();
   // A show that cannot be loaded has said so in a message box; the desk stays up.
-  desk.handle([&] { load_and_run(desk.console(), line); });
+  desk.handle([&] {
+    load_and_run(desk.console(), line);
+    if (!platform.settings_problem().empty()) desk.console().status().show_main(platform.settings_problem());
+  });
   desk.show_main_window();
   QTimer stop_watch;
   watch_for_stop_signals(stop_watch);
