@@ -2,7 +2,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QTimer>
+#include <unistd.h>
+
+#include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
@@ -14,12 +18,16 @@
 #include "app/real_platform.h"
 #include "app/terminal_input.h"
 #include "app/widgets/screen_fit.h"
+#include "console/console.h"
 #include "core/main_desk.h"
+#include "core/store.h"
 #include "console/output_cycle.h"
 #include "console/project/project_file.h"
 #include "console/project/show_tools.h"
 #include "net/art_net_node.h"
 #include "platform/headless_dialogs.h"
+#include "platform/line_printer.h"
+#include "platform/log_stream.h"
 #include "platform/qt/qt_scheduler.h"
 #include "playback/playback_desk.h"
 #include "playback/run_mode.h"
@@ -94,14 +102,39 @@ bool apply_run_options(lumaris::Console& console, const ProgramOptions& line) {
   return false;
 }
 
-// The console with no window: store, output cycle, adapters and Art-Net. Ends
-// cleanly on SIGINT or SIGTERM, closing the devices on the way out.
-int run_headless(int argc, char** argv, const ProgramOptions& line) {
-  QCoreApplication app(argc, argv);
-  lumaris::QtScheduler scheduler;
-  lumaris::HeadlessDialogs dialogs(std::cout);
-  lumaris::SystemClock clock;
+// A settings file that cannot be read would otherwise go unnoticed: Art-Net
+// would quietly broadcast again, say, instead of going where it was set to.
+void report_settings_problem(const lumaris::RealPlatform& platform) {
+  if (!platform.settings_problem().empty()) std::cerr << "lumaris: " << platform.settings_problem() << std::endl;
+}
+
+// Lines waiting for a blocked standard output, and how long the exit waits for
+// them before it leaves them.
+constexpr std::size_t kPrintQueueLines = 1000;
+constexpr std::chrono::milliseconds kLastLinesWait{500};
+
+// A status line as the log prints it: a take's line names its screens beside
+// the desk's own text, so that a log read later says what played.
+std::string log_line(lumaris::Console& console, const std::string& status) {
+  const lumaris::Store& store = console.store();
+  if (!store.Run_Mode) return status;
+  const auto name = [&store](int screen) {
+    return "\"" + store.Screens[std::clamp(screen, 0, lumaris::kScreens - 1)].Name + "\"";
+  };
+  if (status.starts_with(" Autotake Running")) {
+    return status + " (from " + name(console.playback_desk().run_mode().Prev_Screen()) + " to " +
+           name(store.Run_Screen) + ")";
+  }
+  if (status.starts_with(" Autotake Complete")) return status + "(now " + name(store.Run_Screen) + ")";
+  return status;
+}
+
+// The console itself, printing to `out`.
+int run_headless_console(lumaris::QtScheduler& scheduler, lumaris::SystemClock& clock,
+                         std::ostream& out, const ProgramOptions& line) {
+  lumaris::HeadlessDialogs dialogs(out);
   lumaris::RealPlatform platform(line);
+  report_settings_problem(platform);
   lumaris::PlatformServices services;
   platform.fill(services);
   services.scheduler = &scheduler;
@@ -111,12 +144,12 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
   if (!apply_run_options(console, line)) return 2;
 
   // Standard input is the keypad; it prints its own lines and status texts.
-  lumaris::TerminalInput keypad(console, scheduler, std::cout);
+  lumaris::TerminalInput keypad(console, scheduler, out);
   std::string last_status;
-  console.status().on_main_change([&last_status, &keypad](const std::string& text) {
+  console.status().on_main_change([&](const std::string& text) {
     if (text == last_status) return;
     last_status = text;
-    if (!keypad.feeding()) std::cout << text << std::endl;
+    if (!keypad.feeding()) out << log_line(console, text) << std::endl;
   });
 
   console.art_net().on_port_report([](const std::string& text) { std::cerr << "lumaris: " << text << std::endl; });
@@ -138,9 +171,27 @@ int run_headless(int argc, char** argv, const ProgramOptions& line) {
     return 2;
   }
   keypad.start();
-  app.exec();
+  QCoreApplication::exec();
   console.shutdown();
   return 0;
+}
+
+// The console with no window: store, output cycle, adapters and Art-Net. Ends
+// cleanly on SIGINT or SIGTERM, closing the devices on the way out. All it
+// prints goes through the printer's queue, so a blocked standard output holds
+// up neither the output cycle nor the exit.
+int run_headless(int argc, char** argv, const ProgramOptions& line) {
+  QCoreApplication app(argc, argv);
+  lumaris::QtScheduler scheduler;
+  lumaris::SystemClock clock;
+  // A reader of the log that went away must not end the show.
+  std::signal(SIGPIPE, SIG_IGN);
+  lumaris::LinePrinter printer(std::make_unique<lumaris::DescriptorWriter>(STDOUT_FILENO),
+                               kPrintQueueLines, &clock);
+  lumaris::LogStream out(printer);
+  const int code = run_headless_console(scheduler, clock, out, line);
+  printer.flush(kLastLinesWait);
+  return code;
 }
 
 int run_desktop(int argc, char** argv, const ProgramOptions& line) {
@@ -148,13 +199,17 @@ int run_desktop(int argc, char** argv, const ProgramOptions& line) {
   QApplication::setApplicationName(QStringLiteral("Lumaris"));
   lumaris::apply_stage_palette(app);
   lumaris::RealPlatform platform(line);
+  report_settings_problem(platform);
   lumaris::PlatformServices services;
   platform.fill(services);
   lumaris::DeskApp desk(services);
   if (!apply_run_options(desk.console(), line)) return 2;
   desk.start();
   // A show that cannot be loaded has said so in a message box; the desk stays up.
-  desk.handle([&] { load_and_run(desk.console(), line); });
+  desk.handle([&] {
+    load_and_run(desk.console(), line);
+    if (!platform.settings_problem().empty()) desk.console().status().show_main(platform.settings_problem());
+  });
   desk.show_main_window();
   QTimer stop_watch;
   watch_for_stop_signals(stop_watch);

@@ -33,6 +33,8 @@ class RealPlatform {
 
   // Sets the seams this platform provides; scheduler, dialogs and clock are the caller's.
   void fill(PlatformServices& services);
+  // Why this computer's settings file cannot be read; empty when it can.
+  const std::string& settings_problem() const { return settings_.problem(); }
 
  private:
   void watch_art_socket(int descriptor);

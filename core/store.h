@@ -46,6 +46,8 @@ struct FaderName {
   std::string Colour;
   bool Main_F = false;   // exempt from the Main master
   bool Cross_F = false;  // exempt from the run-mode crossfade
+
+  bool operator==(const FaderName&) const = default;
 };
 
 // A submix: compacted (Chan, Level) pairs from k = 0 up, ascending channels, no gaps.
@@ -54,6 +56,8 @@ struct SubmixRec {
   std::array<std::int16_t, 65> Chan{};
   std::string Name;
   std::string Colour;
+
+  bool operator==(const SubmixRec&) const = default;
 };
 
 struct Screen {
@@ -68,12 +72,16 @@ struct Screen {
   std::string Name;
   bool Instant = false;
   std::string Colour;
+
+  bool operator==(const Screen&) const = default;
 };
 
 struct Page {
   std::string Name;
   std::string Text;
   std::string Colour;
+
+  bool operator==(const Page&) const = default;
 };
 
 struct ButtonFunction {
@@ -86,6 +94,8 @@ struct ButtonFunction {
   std::int16_t Data1 = 0, Data2 = 0, Data3 = 0;
   std::int16_t Level = 0;
   bool Preset = false;
+
+  bool operator==(const ButtonFunction&) const = default;
 };
 
 struct FaderFunction {
@@ -96,6 +106,8 @@ struct FaderFunction {
   std::int16_t Channel1 = 0, Channel2 = 0, Channel3 = 0;
   std::int16_t Data1 = 0, Data2 = 0, Data3 = 0;  // Sequence fader: Data1 0 = Level, else Step Time
   std::int16_t Level = 0;
+
+  bool operator==(const FaderFunction&) const = default;
 };
 
 struct ChaseRec {
@@ -111,6 +123,8 @@ struct ChaseRec {
   std::string Colour;
   std::int16_t Fixture = 0;
   std::array<std::array<std::int16_t, 6>, kChaseSteps + 1> Fix{};
+
+  bool operator==(const ChaseRec&) const = default;
 };
 
 struct FixtureTable {
@@ -123,11 +137,15 @@ struct FixtureTable {
   PerButton<std::int16_t> Fixture_Min{};
   PerButton<std::int16_t> Fixture_Max{};
   PerButton<std::string> Fixture_Colour{};
+
+  bool operator==(const FixtureTable&) const = default;
 };
 
 struct ArtUniverse {
   bool Enable = false;
   std::uint8_t Universe = 0;
+
+  bool operator==(const ArtUniverse&) const = default;
 };
 
 // The one shared store every desk reads and writes. One instance per console.
@@ -184,6 +202,8 @@ struct Store {
   // Outputs configured with the show
   std::array<ArtUniverse, kArtRows> Art_Universes{};
   std::int16_t BCF_Mode = 0;
+
+  bool operator==(const Store&) const = default;
 };
 
 // Start-up values of the whole store.

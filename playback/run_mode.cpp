@@ -98,10 +98,12 @@ void RunMode::enter() {
   switch_colour_ = kRed;
   store.Run_Mode = true;
   if (desk_.run_mode_changed) desk_.run_mode_changed(true);
+  // Said before screen 1 is taken: its completion, an Auto screen's delay count
+  // or its take follow, in the order they happen.
+  status(kSelected);
   // Screen 1's chases come up with it, as the incoming screen's would.
   chases_.Start_Take_Sequences(store.Screens[store.Run_Screen], PlaybackChases::Entry::Take);
   Complete_Take();
-  status(kSelected);
   Compute_Run_Output();
 }
 

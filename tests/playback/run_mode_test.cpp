@@ -62,7 +62,7 @@ TEST_F(RunModeTest, EnteringLoadsScreenOneAndLeavingMidTakeAsksAndKeepsTheOutgoi
   EXPECT_EQ(std::tuple(run().side_a_colour(), run().side_b_colour()), std::tuple(Lamp(kRed), Lamp(kGreen)));
   EXPECT_EQ(std::tuple(run().Run_Crossfade(), run().Next_Screen(), run().Run_Fade_Time()),
             std::tuple(255, 2, "10 s")) << "the next screen's fade time";
-  EXPECT_EQ(d.status() + "|" + main_status(), " Run Mode Selected| Run Mode Selected");
+  EXPECT_EQ(d.status() + "|" + main_status(), " Autotake Complete | Autotake Complete ") << "said after Run Mode Selected";
   EXPECT_FALSE(d.screens().Screen_Prog_enabled());
   d.screens().Screen_Prog_Click();
   d.screens().Screen_Num_sel_Change(4);
