@@ -179,7 +179,7 @@ TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtN
   const std::string failed = " Art-Net Sending Failed: Network is unreachable";
   EXPECT_EQ(said, std::vector<std::string>{failed});
   EXPECT_EQ(t.console().status().playback(), failed);
-  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{kRed}) << "held red, not blinking";
+  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{MainDesk::kTroubleLamp}) << "held amber, not blinking";
   EXPECT_EQ(t.main_desk().art_net_lamp_tooltip(), "Art-Net sending fails: Network is unreachable");
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255 fails: Network is unreachable");
   EXPECT_TRUE(t.udp.sent().empty());
