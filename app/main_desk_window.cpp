@@ -198,7 +198,6 @@ QWidget* MainDeskWindow::build_bottom_row() {
     button->setFocusPolicy(Qt::NoFocus);
   }
   dmx_lamp_ = new ColourBox(row);
-  dmx_lamp_->setToolTip(QStringLiteral("DMX output"));
   art_net_lamp_ = new ColourBox(row);
   art_label_ = new QLabel(QStringLiteral("Art-Net"), row);
   art_destination_ = new QLabel(row);
@@ -352,6 +351,7 @@ void MainDeskWindow::sync() {
   sync::enabled(sequence_button_, d.button_enabled("sequence-desk"));
   sync::enabled(playback_button_, d.button_enabled("playback-desk"));
   sync::fill(dmx_lamp_, d.dmx_lamp());
+  sync::tooltip(dmx_lamp_, d.dmx_lamp_tooltip());
   sync::fill(art_net_lamp_, d.art_net_lamp());
   sync::tooltip(art_net_lamp_, d.art_net_lamp_tooltip());
   sync::enabled(art_label_, d.Art_Label_enabled());

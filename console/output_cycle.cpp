@@ -1,6 +1,7 @@
 #include "console/output_cycle.h"
 
 #include <stdexcept>
+#include <string>
 #include <utility>
 
 #include "base/rounding.h"
@@ -143,8 +144,7 @@ void OutputCycle::output_tick() {
   // not start inside this one.
   if (in_tick_) return;
   in_tick_ = true;
-  MainDesk& desk = main_desk_;
-  desk.set_dmx_lamp(Rgb{0, 255, 0});
+  bool built = false;
   try {
     if (context_.output_timing().smooth()) {
       const double now = context_.scheduler().now_ms();
@@ -152,13 +152,30 @@ void OutputCycle::output_tick() {
     }
     mix_channels();
     build_frame();
+    built = true;
     for (OutputSink* sink : sinks_) sink->take_frame(context_.store().DMX_Out);
     last_tick_failed_ = false;
   } catch (const std::exception&) {
-    desk.set_dmx_lamp(kBlack);
     last_tick_failed_ = true;
   }
+  show_dmx_lamp(built);
   in_tick_ = false;
+}
+
+// Green: the output ticks and every sink that can tell takes its frames. Amber,
+// with the reason as the tip: a frame was built but the chosen adapter does not
+// take it. Black: no frame left the desk.
+void OutputCycle::show_dmx_lamp(bool built) {
+  MainDesk& desk = main_desk_;
+  if (built) {
+    for (const OutputSink* sink : sinks_) {
+      if (std::string why = sink->fault(); !why.empty()) {
+        desk.set_dmx_lamp(MainDesk::kTroubleLamp, std::move(why));
+        return;
+      }
+    }
+  }
+  desk.set_dmx_lamp(last_tick_failed_ ? kBlack : kGreen);
 }
 
 }  // namespace lumaris

@@ -47,6 +47,7 @@ class OutputCycle {
   int mix_normal(int i, double channels_main, double sub_main, int& submix_entry) const;
   int mix_run_mode(int i) const;
   void build_frame();
+  void show_dmx_lamp(bool built);
 
   DeskContext& context_;
   Timer& output_timer_;

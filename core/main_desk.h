@@ -97,6 +97,8 @@ class MainDesk : public Window {
   bool Inc_Channel_enabled() const { return inc_channel_enabled_; }
   bool Dec_Channels_enabled() const { return dec_channels_enabled_; }
   Rgb dmx_lamp() const { return dmx_lamp_; }
+  // The DMX indicator's tip: what it shows, and why the adapter fails when it does.
+  const std::string& dmx_lamp_tooltip() const { return dmx_lamp_tooltip_; }
   Paint art_net_lamp() const { return art_net_lamp_; }
   bool Art_Label_enabled() const { return art_label_enabled_; }
   // The Art-Net indicator's tip: what it shows, and why sending fails when it does.
@@ -113,7 +115,13 @@ class MainDesk : public Window {
   bool button_enabled(const std::string& name) const;
 
   // Set by the output cycle and the Art-Net node.
-  void set_dmx_lamp(Rgb colour) { dmx_lamp_ = colour; }
+  void set_dmx_lamp(Rgb colour, std::string tooltip = kDmxLampToolTip) {
+    dmx_lamp_ = colour;
+    dmx_lamp_tooltip_ = std::move(tooltip);
+  }
+  static constexpr const char* kDmxLampToolTip = "DMX output";
+  // An output lamp held amber: the output is chosen but does not reach the light.
+  static constexpr Rgb kTroubleLamp{255, 176, 0};
   void set_art_net_lamp(Paint colour) { art_net_lamp_ = colour; }
   void set_Art_Label_enabled(bool enabled) { art_label_enabled_ = enabled; }
   void set_art_net_lamp_tooltip(std::string text) { art_net_lamp_tooltip_ = std::move(text); }
@@ -149,6 +157,7 @@ class MainDesk : public Window {
   bool inc_channel_enabled_ = true;
   bool dec_channels_enabled_ = false;
   Rgb dmx_lamp_ = kBlack;
+  std::string dmx_lamp_tooltip_ = kDmxLampToolTip;
   Paint art_net_lamp_;
   bool art_label_enabled_ = false;
   std::string art_net_lamp_tooltip_ = kArtNetLampToolTip;

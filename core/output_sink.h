@@ -23,6 +23,9 @@ class OutputSink {
   virtual void stop() = 0;
   // What the sink is doing, in the operator's words.
   virtual std::string status() const = 0;
+  // Why the frames this sink takes do not reach the light, in the operator's
+  // words; empty while they do, or while the sink cannot tell.
+  virtual std::string fault() const { return {}; }
 };
 
 }  // namespace lumaris

@@ -88,7 +88,7 @@ void ArtNetNode::send_rows(const DmxFrame& frame) {
   }
 }
 
-// A failing send holds the indicator red; it blinks again once packets leave.
+// A failing send holds the indicator amber; it blinks again once packets leave.
 void ArtNetNode::blink() {
   if (bind_error_) {
     main_desk_.set_art_net_lamp(kPortTakenLamp);
@@ -205,7 +205,7 @@ void ArtNetNode::note_send_result(std::optional<std::string> error) {
   send_error_ = std::move(error);
   if (send_error_ && !was_failing) {
     context_.status().show_both(kSendFailed + *send_error_);
-    main_desk_.set_art_net_lamp(kRed);
+    main_desk_.set_art_net_lamp(MainDesk::kTroubleLamp);
     main_desk_.set_art_net_lamp_tooltip(kIndicatorFailed + *send_error_);
   } else if (!send_error_ && was_failing) {
     context_.status().show_both(kSendingAgain);

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/colour.h"
+#include "core/main_desk.h"
 #include "core/output_sink.h"
 #include "core/store.h"
 #include "platform/scheduler.h"
@@ -17,7 +18,6 @@
 namespace lumaris {
 
 class DeskContext;
-class MainDesk;
 class UdpSocket;
 
 // The Art-Net node: sends the desk's frame as ArtDmx, answers ArtPoll with an
@@ -38,7 +38,7 @@ class ArtNetNode final : public OutputSink {
   // While the port cannot be had (another program holds it without sharing),
   // binding is tried again this often, and the lamp stays this colour.
   static constexpr int kBindRetryInterval = 3000;
-  static constexpr Rgb kPortTakenLamp{255, 176, 0};  // amber
+  static constexpr Rgb kPortTakenLamp = MainDesk::kTroubleLamp;
 
   ArtNetNode(DeskContext& context, UdpSocket* socket, MainDesk& main_desk);
   ~ArtNetNode() override;

@@ -55,7 +55,13 @@ OutputDeviceSetup::OutputDeviceSetup(DeskContext& context, OutputDevices& device
       devices_(devices),
       output_timer_(output_timer) {}
 
+void OutputDeviceSetup::note_output_in_force() {
+  const Store& store = context_.store();
+  opened_with_ = {store.Adapter, store.Port_Address, output_timer_.interval()};
+}
+
 void OutputDeviceSetup::Form_Load() {
+  note_output_in_force();
   const int adapter = context_.store().Adapter;
   chosen_ = adapter >= 0 && adapter < kAdapterCount ? adapter : 0;
   rate_ = output_timer_.interval();
@@ -68,6 +74,8 @@ void OutputDeviceSetup::Form_Load() {
 }
 
 void OutputDeviceSetup::Refresh() {
+  // Opening it again while it is open keeps what Cancel goes back to.
+  if (!visible()) note_output_in_force();
   const int adapter = context_.store().Adapter;
   chosen_ = adapter >= 0 && adapter < kAdapterCount ? adapter : 0;
   list_index_ = chosen_;
@@ -238,6 +246,7 @@ void OutputDeviceSetup::rate_scroll_changed(int value) {
 
 void OutputDeviceSetup::save_clicked() {
   context_.store().Adapter = static_cast<std::int16_t>(chosen_);
+  devices_.forget_failure();  // the operator has seen it and chosen
   output_timer_.set_interval(rate_);
   OutputTiming& timing = context_.output_timing();
   // Only the operator's click is kept: a box that shows --smooth for this run
@@ -249,6 +258,17 @@ void OutputDeviceSetup::save_clicked() {
   Hide();
 }
 
-void OutputDeviceSetup::cancel_clicked() { Hide(); }
+// The port and the Open DMX USB adapter act as soon as they are chosen, so that
+// the operator sees the light; Cancel must not leave them in force.
+void OutputDeviceSetup::cancel_clicked() {
+  Store& store = context_.store();
+  if (store.Adapter == kAdapterOpenDmx && opened_with_.adapter != kAdapterOpenDmx) {
+    devices_.USB_Close_If_Open();
+  }
+  store.Adapter = static_cast<std::int16_t>(opened_with_.adapter);
+  store.Port_Address = static_cast<std::int16_t>(opened_with_.port);
+  if (output_timer_.interval() != opened_with_.rate) output_timer_.set_interval(opened_with_.rate);
+  Hide();
+}
 
 }  // namespace lumaris

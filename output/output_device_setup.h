@@ -58,7 +58,9 @@ class OutputDeviceSetup : public Window {
   // so an Art-Net-only desk can run at 23 ms.
   void Smooth_Check_Click(bool checked);
   void save_clicked();    // "Save and Exit"
-  void cancel_clicked();  // "Cancel"
+  // "Cancel", and closing the window: puts back the adapter, the port and the
+  // refresh rate in force when the window opened.
+  void cancel_clicked();
 
   // Written by the output cycle while the Open DMX USB adapter searches.
   void set_usb_state_box(std::string text) { usb_state_box_ = std::move(text); }
@@ -84,6 +86,7 @@ class OutputDeviceSetup : public Window {
   void show_rate();
   void port_option_from_address();
   void driver_search();
+  void note_output_in_force();
 
   DeskContext& context_;
   OutputDevices& devices_;
@@ -100,6 +103,12 @@ class OutputDeviceSetup : public Window {
   std::array<ControlState, kControls> controls_{};
   bool smooth_ = false;
   bool smooth_clicked_ = false;  // since the window opened
+  struct InForce {
+    int adapter = 0;
+    int port = 0;
+    int rate = 0;
+  };
+  InForce opened_with_;  // the output as the window found it
 };
 
 }  // namespace lumaris

@@ -1,5 +1,6 @@
 #include "output/output_devices.h"
 
+#include <cstdio>
 #include <stdexcept>
 
 #include "core/desk_context.h"
@@ -27,6 +28,20 @@ constexpr const char* kNoDriver = "the FTDI driver is not installed";
 constexpr const char* kNoDriverStatus = " driver not found";
 constexpr std::int16_t kLibraryMissing = -1;
 
+// An adapter's name as a sentence starts with it.
+std::string adapter_name(int adapter) {
+  std::string name = OutputDeviceSetup::kAdapterNames[adapter];
+  const auto first = name.find_first_not_of(' ');
+  const auto last = name.find_last_not_of(' ');
+  return name.substr(first, last - first + 1);
+}
+
+std::string port_name(int address) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%Xh", static_cast<unsigned>(address));
+  return text;
+}
+
 }  // namespace
 
 OutputDevices::OutputDevices(DeskContext& context, const AdapterSeams& seams)
@@ -48,12 +63,34 @@ std::string OutputDevices::status() const {
   return text;
 }
 
+std::string OutputDevices::fault() const {
+  const int adapter = context_.store().Adapter;
+  switch (adapter) {
+    case kAdapterNone:
+      return failure_;
+    case kAdapterParlex:
+    case kAdapterManolator:
+      if (!port_failed_) return {};
+      return adapter_name(adapter) + ": the parallel port at " + port_name(context_.store().Port_Address) +
+             " is missing or not accessible";
+    case kAdapterOpenDmx:
+      if (driver_missing_) return adapter_name(adapter) + ": " + kNoDriver;
+      if (usb_connected_ != 1 || !opendmx_.USB_Open()) {
+        return adapter_name(adapter) + " not found: searching for it at every output tick";
+      }
+      return {};
+    default:
+      return {};
+  }
+}
+
 void OutputDevices::Send_Frame() {
   Store& store = context_.store();
   PortIo* port = seams_.port_io;
+  if (store.Adapter != kAdapterNone) failure_.clear();  // chosen again since
   switch (store.Adapter) {
     case kAdapterParlex:
-      Send_Parallel_Frame(port, store.Port_Address, store.DMX_Out, kParlexSlots);
+      port_failed_ = !Send_Parallel_Frame(port, store.Port_Address, store.DMX_Out, kParlexSlots);
       break;
     case kAdapterOki:
       send_oki();
@@ -62,7 +99,7 @@ void OutputDevices::Send_Frame() {
       send_open_dmx();
       break;
     case kAdapterManolator:
-      Send_Parallel_Frame(port, store.Port_Address, store.DMX_Out, kManolatorSlots);
+      port_failed_ = !Send_Parallel_Frame(port, store.Port_Address, store.DMX_Out, kManolatorSlots);
       break;
     case kAdapterOksidizer:
       send_oksidizer();
@@ -132,6 +169,7 @@ void OutputDevices::adapter_failed(int adapter) {
                               MessageIcon::Exclamation, MessageButtons::Ok, MessageResult::Ok});
   context_.status().show_both(oki ? kOkiNotRespondingStatus : kOksidNotResponding);
   if (setup_ && setup_->visible()) setup_->adapter_list_clicked(0);
+  failure_ = std::string(oki ? kOkiNotRespondingMessage : kOksidNotResponding).substr(1);
 }
 
 }  // namespace lumaris

@@ -37,6 +37,10 @@ class OutputDevices final : public OutputSink {
   void start() override {}
   void stop() override { USB_Close_If_Open(); }
   std::string status() const override;
+  // Why the chosen adapter takes no frames: not found, failing, or switched off
+  // after it failed (until the operator chooses an adapter again).
+  std::string fault() const override;
+  void forget_failure() { failure_.clear(); }
 
   // Sends DMX_Out, complete after an output tick, on the selected adapter.
   void Send_Frame();
@@ -64,6 +68,8 @@ class OutputDevices final : public OutputSink {
   int usb_connected_ = 1;
   int usb_searching_ = 1;
   bool driver_missing_ = false;  // the last Open DMX USB tick found no driver library
+  bool port_failed_ = false;     // the last parallel frame did not reach the port
+  std::string failure_;          // why the last adapter was switched off
   std::array<std::uint8_t, kDmxSlots + 1> oki_in_{};  // OKI_In: filled by the adapter, not read
 };
 

@@ -14,27 +14,27 @@ void wait(PortIo* port, int rounds) {
   if (port != nullptr) port->Wait_Loop(rounds);
 }
 
-void out(PortIo* port, int address, int value) {
-  if (port != nullptr) {
-    port->Out32(static_cast<std::uint16_t>(address), static_cast<std::uint8_t>(value));
-  }
+bool out(PortIo* port, int address, int value) {
+  return port != nullptr &&
+         port->Out32(static_cast<std::uint16_t>(address), static_cast<std::uint8_t>(value));
 }
 
 }  // namespace
 
-void Send_Parallel_Frame(PortIo* port, int base, std::span<const std::uint8_t> frame, int slots) {
+bool Send_Parallel_Frame(PortIo* port, int base, std::span<const std::uint8_t> frame, int slots) {
   const int control = base + kControlOffset;
-  out(port, control, 3);
+  bool written = out(port, control, 3);
   wait(port, kStartWait);
-  out(port, control, 1);
+  written &= out(port, control, 1);
   for (int i = 0; i < slots && i < static_cast<int>(frame.size()); ++i) {
-    out(port, base, frame[i]);
-    out(port, control, 0);
+    written &= out(port, base, frame[i]);
+    written &= out(port, control, 0);
     wait(port, kStrobeWait);
-    out(port, control, 1);
+    written &= out(port, control, 1);
     wait(port, kStrobeWait);
   }
-  out(port, control, 1);
+  written &= out(port, control, 1);
+  return written;
 }
 
 void Oki_Wake_Up(PortIo* port, int base) {

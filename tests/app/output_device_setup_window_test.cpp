@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QTest>
 
 #include "app/output_device_setup_window.h"
 #include "core/main_desk.h"
@@ -38,6 +40,27 @@ TEST(OutputDeviceSetupWindow, OperatorChoicesReachTheDeskAndTheModelReachesTheWi
   EXPECT_EQ(app.console().store().Adapter, 4);
   EXPECT_EQ(app.console().output_cycle().output_timer().interval(), 100);
   EXPECT_FALSE(window->widget()->isVisible());
+  app.console().shutdown();
+}
+
+// Choosing the Open DMX USB adapter acts at once; Cancel goes back to the adapter in force.
+TEST(OutputDeviceSetupWindow, CancelPutsBackTheAdapterPickedWithTheMouse) {
+  DeskApp app;
+  app.start();
+  app.console().store().Adapter = 4;
+  auto& window = window_named<OutputDeviceSetupWindow>(app, "output-device-setup");
+  app.handle([&] { app.console().main_desk().Menu_Click("output-device-setup"); });
+
+  QComboBox* list = window.adapter_list();
+  QTest::mouseClick(list, Qt::LeftButton);
+  QAbstractItemView* entries = list->view();
+  ASSERT_TRUE(entries->isVisible());
+  const QPoint open_dmx = entries->visualRect(list->model()->index(3, 0)).center();
+  QTest::mouseMove(entries->viewport(), open_dmx);  // the entry under the mouse is the one taken
+  QTest::mouseClick(entries->viewport(), Qt::LeftButton, {}, open_dmx);
+  ASSERT_EQ(app.console().store().Adapter, 3);
+  QTest::mouseClick(window.cancel_button(), Qt::LeftButton);
+  EXPECT_EQ(app.console().store().Adapter, 4);
   app.console().shutdown();
 }
 

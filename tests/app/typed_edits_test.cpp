@@ -5,7 +5,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QPointer>
 #include <array>
+#include <memory>
 #include <vector>
 
 #include "app/function_setup_window.h"
@@ -84,6 +86,25 @@ TEST_F(TypedEdits, ARefusedEditShowsTheDesksValueOnceEditingEnds) {
   QTest::keyClick(box, Qt::Key_Return);
   QCoreApplication::processEvents();
   EXPECT_EQ(box->text(), QStringLiteral("0"));
+}
+
+// SIGTERM, SIGINT and closing the window end the event loop; main() then shuts
+// the console down and destroys the desk with a box still being typed into.
+TEST(ShutDown, ABoxBeingTypedIntoEndsWithTheDeskAndReachesNoDestroyedWindow) {
+  auto app = std::make_unique<DeskApp>();
+  app->start();
+  app->show_main_window();
+  app->console().store().Button_Functions[0].Function = kFunctionPreset;
+  app->handle([&] { app->console().playback_desk().Open_Button_Setup(0); });
+  auto& setup = window_named<FunctionSetupWindow>(*app, "button-setup");
+  QApplication::setActiveWindow(&setup);
+  const QPointer<QLineEdit> box = setup.Channel(0);
+  box->setFocus();
+  QTest::keyClicks(box, "7");
+  ASSERT_TRUE(box->hasFocus());
+  app->console().shutdown();
+  app.reset();
+  EXPECT_TRUE(box.isNull());
 }
 
 }  // namespace

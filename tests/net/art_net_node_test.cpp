@@ -175,7 +175,7 @@ TEST(ArtNetNode, APortTakenOrAFailingSendIsReportedOnceAndTheDeskRunsOnUntilArtN
   t.desk.scheduler.advance(500);
   const std::string failed = " Art-Net Sending Failed: Network is unreachable";
   EXPECT_EQ(std::tuple(said, t.console().status().playback()), std::tuple(std::vector<std::string>{failed}, failed));
-  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{kRed}) << "held red, not blinking";
+  EXPECT_EQ(t.main_desk().art_net_lamp(), Paint{MainDesk::kTroubleLamp}) << "held amber, not blinking";
   EXPECT_EQ(t.main_desk().art_net_lamp_tooltip(), "Art-Net sending fails: Network is unreachable");
   EXPECT_EQ(t.node().status(), "Art-Net sending to 255.255.255.255 fails: Network is unreachable");
   EXPECT_TRUE(t.udp.sent().empty());

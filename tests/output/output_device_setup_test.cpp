@@ -124,21 +124,21 @@ TEST_F(OutputDeviceSetupTest, OpenDmxConnectsAtOnceSearchesWithoutTheDeviceAndSe
   EXPECT_EQ(console->output_devices().status(), " Open DMX USB Adapter  driver not found");
 }
 
-TEST_F(OutputDeviceSetupTest, CancelKeepsOnlyThePortAndSaveAndExitSetsAdapterAndRateAndMarksTheProjectChanged) {
+TEST_F(OutputDeviceSetupTest, CancelPutsBackTheOutputInForceAndSaveAndExitSetsAdapterAndRateAndMarksTheProjectChanged) {
   open();
-  setup->adapter_list_clicked(1);
+  setup->adapter_list_clicked(3);  // acts at once, as the port does
   setup->lpt2_option_clicked();
   setup->rate_scroll_changed(300);
   setup->cancel_clicked();
   EXPECT_FALSE(setup->visible());
   EXPECT_EQ(std::tuple(test.store().Adapter, test.store().Port_Address, timer_interval()),
-            std::tuple(0, 632, 70));
+            std::tuple(0, 888, 70));
+  EXPECT_FALSE(device.device_open());
   EXPECT_FALSE(test.store().Project_Changed);
 
   open();
-  EXPECT_TRUE(setup->lpt2_option_value());
-  setup->lpt1_option_clicked();
-  EXPECT_EQ(test.store().Port_Address, 888);
+  setup->lpt2_option_clicked();
+  EXPECT_EQ(test.store().Port_Address, 632);
   setup->adapter_list_clicked(4);
   setup->rate_scroll_changed(5000);  // the scroll bar stays in its range
   EXPECT_EQ(setup->rate_box_text(), " 750 mS");
