@@ -49,8 +49,9 @@ class DeskApp {
   // Events that are not the operator's (ticks, datagrams, MIDI) re-sync the
   // windows at most once in this many ms: the first at once, the rest of a burst
   // together at the end of the interval. Another console's ArtDmx at 44 Hz, or
-  // a fader flood from the surface, then costs no more than the desk's own ticks.
-  static constexpr int kBackgroundRefreshMs = 40;
+  // a fader flood from the surface, then costs no more than the desk's own ticks
+  // (20 re-syncs a second at most).
+  static constexpr int kBackgroundRefreshMs = 50;
   // 0 re-syncs after every event (tests that look right after a tick).
   void set_background_refresh_interval(int ms) { background_interval_ms_ = ms; }
   // Runs a re-sync held back by the interval now, if one is due.

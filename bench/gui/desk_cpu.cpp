@@ -178,11 +178,12 @@ int main(int argc, char** argv) {
     QTimer::singleShot(2000, [&] {
       const double cpu0 = cpu_seconds();
       const double wall0 = app.scheduler().now_ms();
-      QTimer::singleShot(amount * 1000, [&, cpu0, wall0] {
+      const long walks0 = app.walks();
+      QTimer::singleShot(amount * 1000, [&, cpu0, wall0, walks0] {
         const double cpu = cpu_seconds() - cpu0;
         const double wall = (app.scheduler().now_ms() - wall0) / 1000.0;
-        std::printf("%s: %.2f s CPU in %.1f s = %.2f%% of a core\n", scenario.c_str(), cpu, wall,
-                    100.0 * cpu / wall);
+        std::printf("%s: %.2f s CPU in %.1f s = %.2f%% of a core, %ld window walks\n", scenario.c_str(), cpu,
+                    wall, 100.0 * cpu / wall, app.walks() - walks0);
         QCoreApplication::quit();
       });
     });
