@@ -132,6 +132,13 @@ DeskApp::DeskApp(PlatformServices services) {
 DeskApp::~DeskApp() {
   closing_ = true;
   edit_commits_.reset();
+  // A box that loses its focus while its window is destroyed would still
+  // signal into the half-destroyed window: from here on no control signals.
+  for (const auto& window : windows_) {
+    QWidget* widget = window->widget();
+    widget->blockSignals(true);
+    for (QObject* child : widget->findChildren<QObject*>()) child->blockSignals(true);
+  }
   windows_.clear();
 }
 
